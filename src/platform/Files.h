@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+// A file open for reading and, where the user may, for writing. Closed by its destructor.
+class RandomFile {
+  public:
+    virtual ~RandomFile() = default;
+
+    // Length in bytes. Throws Failure.
+    [[nodiscard]] virtual std::uint64_t size() const = 0;
+
+    // Reads up to target.size() bytes from `offset`; fewer only at the end of the file. Returns
+    // their number. Throws Failure when the medium fails.
+    [[nodiscard]] virtual std::size_t readAt(std::uint64_t offset,
+                                             std::span<char> target) const = 0;
+
+    // Writes all bytes at `offset` in one write and hands them to the disk. A gap before `offset`
+    // is filled with NULs. Throws Failure; a file that would have grown then has its old length.
+    virtual void writeAt(std::uint64_t offset, std::span<const char> bytes) = 0;
+
+    // Takes the advisory lock that keeps other copies of the program from writing between a scan
+    // and the write that follows. Returns false where the file system has no locks. Waits a few
+    // seconds at most, then throws Failure: another copy holds it.
+    [[nodiscard]] virtual bool lock() = 0;
+    virtual void unlock() = 0;
+};
+
+// The files of this machine. Paths are code-page text; "\" and "/" both separate folders, and a
+// name that is not there as spelt is looked up without regard to case.
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    // True only for a regular file that can be looked at; links are followed.
+    [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
+
+    // Opens a file for reading and writing and creates it empty when it is missing; its folder is
+    // never created. A file that may only be read is opened so, and its writes throw. Throws
+    // Failure.
+    [[nodiscard]] virtual std::unique_ptr<RandomFile> openOrCreate(const std::string& path) = 0;
+
+    // The whole file, or nothing when it is longer than `limit` bytes. Throws Failure.
+    [[nodiscard]] virtual std::optional<std::string> readWhole(const std::string& path,
+                                                               std::uint64_t limit) const = 0;
+
+    // Replaces the whole file: written beside it, handed to the disk, renamed. Throws Failure,
+    // and the old file is then as it was.
+    virtual void writeWhole(const std::string& path, std::string_view bytes) = 0;
+
+    // Throws Failure.
+    virtual void remove(const std::string& path) = 0;
+};
+
+}  // namespace velmora

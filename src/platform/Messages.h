@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Text.h"
+
+namespace velmora {
+
+inline constexpr const char* kApplicationTitle = "Velmora";
+
+// What a file dialog is asked for. All texts are code-page text.
+struct FileQuestion {
+    std::string title;
+    std::string defaultExtension;  // with its point, ".txt"; put behind a name without one
+    std::string filter;            // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
+    std::string fileName;          // chosen already when the dialog opens; may be empty
+};
+
+// Talks to the user in boxes that wait for the answer. Texts are code-page text, shown as they
+// are: no mark-up, no access keys.
+class Messages {
+  public:
+    virtual ~Messages() = default;
+
+    // A box with an exclamation mark and an OK button.
+    virtual void warn(const std::string& title, const std::string& text) = 0;
+
+    // A box with an information mark and an OK button.
+    virtual void tell(const std::string& title, const std::string& text) = 0;
+
+    // A box with a question mark, Yes and No. True for Yes; closing the box is No.
+    [[nodiscard]] virtual bool ask(const std::string& title, const std::string& text) = 0;
+
+    // A one-line input; nothing when cancelled.
+    [[nodiscard]] virtual std::optional<std::string> askText(const std::string& title,
+                                                             const std::string& prompt,
+                                                             const std::string& answer) = 0;
+
+    // The full path of an existing file, or nothing when cancelled or when the path has
+    // characters outside the code page (the user is told).
+    [[nodiscard]] virtual std::optional<std::string> chooseFileToOpen(
+        const FileQuestion& question) = 0;
+    [[nodiscard]] virtual std::optional<std::string> chooseFileToSave(
+        const FileQuestion& question) = 0;
+
+    // The standard error box: the application's title and the failure's own text, in UTF-8.
+    virtual void standardError(const std::string& utf8Text) = 0;
+};
+
+}  // namespace velmora

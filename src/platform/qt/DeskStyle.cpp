@@ -1,0 +1,87 @@
+#include "platform/qt/DeskStyle.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include "platform/qt/Theme.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kIndicatorSize = 16;
+
+void drawIndicator(bool round, const QStyleOption& option, QPainter& painter) {
+    const Theme& theme = Theme::of(option.palette);
+    const bool on = option.state.testFlag(QStyle::State_On);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const QRectF box = QRectF(option.rect).adjusted(0.75, 0.75, -0.75, -0.75);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor outline = !enabled ? theme.line : on ? theme.accentfill : theme.line2;
+    const bool filled = on && !round;
+    painter.setPen(QPen(outline, 1.5));
+    painter.setBrush(filled ? (enabled ? theme.accentfill : theme.dis) : theme.surface);
+    const qreal radius = round ? box.width() / 2 : 3.5;
+    painter.drawRoundedRect(box, radius, radius);
+    if (on && round) {
+        painter.setPen(QPen(enabled ? theme.accentfill : theme.dis, 5));
+        painter.setBrush(Qt::NoBrush);
+        const QRectF ring = box.adjusted(2, 2, -2, -2);
+        painter.drawEllipse(ring);
+    } else if (on) {
+        QPainterPath tick;
+        tick.moveTo(box.left() + 3.4, box.top() + 7.4);
+        tick.lineTo(box.left() + 6.2, box.top() + 10.2);
+        tick.lineTo(box.left() + 11.2, box.top() + 4.4);
+        painter.setPen(QPen(theme.onaccent, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(tick);
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter.setPen(QPen(theme.accent, 2));
+        painter.setBrush(Qt::NoBrush);
+        const QRectF ring = QRectF(option.rect).adjusted(-2, -2, 2, 2);
+        painter.drawRoundedRect(ring, radius + 2, radius + 2);
+    }
+    painter.restore();
+}
+
+}  // namespace
+
+DeskStyle::DeskStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+int DeskStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
+    switch (metric) {
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight:
+            return kIndicatorSize;
+        case PM_CheckBoxLabelSpacing:
+        case PM_RadioButtonLabelSpacing:
+            return 8;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* returnData) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+    if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+        drawIndicator(element == PE_IndicatorRadioButton, *option, *painter);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+}  // namespace velmora

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace velmora {
+
+// Fusion with the desk's own check boxes and radio buttons, and without icons on the buttons of
+// message boxes.
+class DeskStyle final : public QProxyStyle {
+    Q_OBJECT
+
+  public:
+    DeskStyle();
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
+
+}  // namespace velmora

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QColor>
+
+class QApplication;
+class QPalette;
+class QString;
+class QWidget;
+
+namespace velmora {
+
+// The one table of colours. Palette, style sheet and every custom painter read it; no other file
+// holds a colour value.
+struct Theme {
+    QColor canvas;      // desk, ground of dialogs
+    QColor chrome;      // menu bar, toolbar, rail, status bar, footer of dialogs
+    QColor surface;     // paper: lists, day, month, inputs, DocPad
+    QColor alt;         // time gutter, list header, notes
+    QColor line;        // hairlines inside paper and chrome
+    QColor edge;        // outline of cards and buttons
+    QColor line2;       // outline of inputs, lists, check boxes
+    QColor ink;         // text
+    QColor ink2;        // labels, hints, gutter
+    QColor dis;         // disabled text; days of other months
+    QColor accent;      // selection ring, focus, active pane, now line
+    QColor accentfill;  // primary button, selected row
+    QColor onaccent;
+    QColor tint;   // appointment block
+    QColor tint2;  // selected block
+    QColor hover;
+    QColor press;
+    QColor amber;  // Yellow Pages: key, tab, edge of the card
+    QColor onamber;
+    QColor wtab;   // White Pages: tab
+    QColor wbook;  // White Pages: edge of the card
+    QColor paper;  // White Pages: key
+    QColor ambertint;
+    QColor amberink;
+    QColor danger;
+    QColor dangertint;
+    QColor go;
+    QColor onGo;
+    QColor event;  // days with appointments
+    QColor tip;
+    QColor ontip;
+
+    static const Theme& light();
+    static const Theme& dark();
+
+    // The table that `palette` was made from: dark when its window is darker than its text.
+    static const Theme& of(const QPalette& palette);
+    static const Theme& of(const QWidget& widget);
+
+    [[nodiscard]] QPalette toPalette() const;
+
+    // Replaces each token in curly brackets, such as {canvas}, by its value.
+    [[nodiscard]] QString fill(QString styleSheet) const;
+};
+
+// Gives the application its style, font, palette and style sheet; the theme is chosen by the
+// platform's own palette.
+void applyTheme(QApplication& application);
+
+}  // namespace velmora
