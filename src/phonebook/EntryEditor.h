@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "phonebook/PhonebookRecord.h"
+
+namespace velmora {
+
+// What the entry form shows and gives back: code-page text, untrimmed, lines of the memo ended by
+// CR LF.
+struct EntryValues {
+    std::array<std::string, kFieldCount> fields;
+    bool justCompany = false;
+
+    [[nodiscard]] const std::string& operator[](Field field) const {
+        return fields[static_cast<std::size_t>(field)];
+    }
+    [[nodiscard]] std::string& operator[](Field field) {
+        return fields[static_cast<std::size_t>(field)];
+    }
+};
+
+// What the entry form asks of the phonebook. One object serves one showing of the form.
+class EntryEditor {
+  public:
+    virtual ~EntryEditor() = default;
+
+    [[nodiscard]] virtual std::string caption() const = 0;       // "Add Entry" or "Edit Entry"
+    [[nodiscard]] virtual std::string applyCaption() const = 0;  // "&Add Entry" or "&Keep Changes"
+
+    // Captions of the two custom fields.
+    [[nodiscard]] virtual std::string custom1Caption() const = 0;
+    [[nodiscard]] virtual std::string custom2Caption() const = 0;
+
+    // The values to begin with: empty, or those of the entry to be changed. Throws Failure.
+    [[nodiscard]] virtual EntryValues load() = 0;
+
+    enum class Outcome {
+        Written,  // the form closes
+        Refused,  // the user has been told why, or said No; the form stays open as it is
+        RefusedNamesCleared,  // as Refused, and Title, First and Last are to be emptied in the form
+    };
+
+    // Checks, scans and writes. Throws Failure when the book can not be read or written; nothing
+    // typed is lost then, as the form stays open.
+    virtual Outcome apply(const EntryValues& values) = 0;
+
+    // The form has closed, whether it wrote or not.
+    virtual void closed() = 0;
+};
+
+}  // namespace velmora
