@@ -24,6 +24,9 @@ class PadText {
     // are equal. One step to undo.
     virtual void reload(const std::string& bytes) = 0;
 
+    // Puts `bytes` behind the end; selection and view stay.
+    virtual void append(const std::string& bytes) = 0;
+
     [[nodiscard]] virtual std::size_t selectionStart() const = 0;
     [[nodiscard]] virtual std::size_t selectionLength() const = 0;
 

@@ -28,6 +28,12 @@ class FakePadText final : public PadText {
         setBytes("");
         setBytes(bytes);
     }
+    void append(const std::string& bytes) override {
+        if (bytes.empty())
+            return;
+        text += bytes;
+        changed();
+    }
     [[nodiscard]] std::size_t selectionStart() const override { return start; }
     [[nodiscard]] std::size_t selectionLength() const override { return length; }
     void select(std::size_t newStart, std::size_t newLength) override {
