@@ -115,7 +115,7 @@ constexpr std::array kMainToolbar{
     ToolRow{"Open", "Open DocPad Document", "Allows viewing and editing of most text files.", "openmnu"},
     ToolRow{"New", "New DocPad Document", "Creates a new DocPad document.", "newmnu", true},
     ToolRow{"PrintD", "Print DocPad Document", "Prints the current DocPad Document.", "printmnu"},
-    ToolRow{"FontD", "Change DocPad Font", "", "ChfontD"},
+    ToolRow{"FontD", "Change DocPad Font", "Changes the font and point size for the planner.", "ChfontD", false, "", "Changes the font and point size for the phonebook list."},
     ToolRow{"SearchD", "Search DocPad Document", "Searches DocPad's Document for Text.", "searchtxtmnu", true},
     ToolRow{"Run", "Run...", "Shows the Run... dialog.", "runmnu", true},
     ToolRow{"Event", "Datewarden", "Shows the Datewarden (tm).", "evmnu"},
@@ -133,7 +133,7 @@ constexpr std::array kMainToolbar{
     ToolRow{"WebPage", "Run Web Browser", "", "WebPage", true},
     ToolRow{"Preferences", "Preferences...", "Shows Preferences.", "Setupmnu"},
     ToolRow{"FontP", "Change Planner Font", "", "FontP"},
-    ToolRow{"PrintP", "Print...", "", "PrintP", true},
+    ToolRow{"PrintP", "Print...", "Prints The Calendar of Events.", "PrintP", true, "", "Prints Telecommunications Listing."},
     ToolRow{"Exit", "Exit", "Ends the Velmora session.", "exitmnu"},
 };
 
@@ -169,6 +169,10 @@ bool isHead(const MenuRow& row) {
     const MenuRow* next = &row + 1;
     const MenuRow* end = kMenuTree.data() + kMenuTree.size();
     return &row >= kMenuTree.data() && next < end && next->level > row.level;
+}
+
+std::string_view hoverText(const ToolRow& row, bool dayViewShown) {
+    return dayViewShown || row.hoverElsewhere.empty() ? row.hover : row.hoverElsewhere;
 }
 
 std::span<const ToolRow> mainToolbar() {

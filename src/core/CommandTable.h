@@ -35,7 +35,11 @@ struct ToolRow {
     std::string_view command;  // the command that it runs: a menu row's name or a name of its own
     bool separatorBehind = false;
     std::string_view icon = {};
+    std::string_view hoverElsewhere = {};  // instead of `hover` while the day view is not on show
 };
+
+// The status text of a key under the pointer; "" leaves the line as it is.
+[[nodiscard]] std::string_view hoverText(const ToolRow& row, bool dayViewShown);
 
 [[nodiscard]] std::span<const ToolRow> mainToolbar();
 [[nodiscard]] std::span<const ToolRow> contactToolbar();
