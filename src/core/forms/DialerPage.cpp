@@ -29,7 +29,7 @@ QPushButton* makeAction(const char* name, const char* caption, const char* role,
 
 void setSymbol(QPushButton& button, const char* symbol, const QColor& colour,
                const QColor& disabled) {
-    button.setIcon(symbolIcon(QString::fromLatin1(symbol), {colour, disabled, colour}));
+    button.setIcon(symbolIcon(QString::fromLatin1(symbol), IconColours{colour, disabled, colour}));
     button.setIconSize({18, 18});
 }
 

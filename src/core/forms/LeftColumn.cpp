@@ -95,7 +95,7 @@ QWidget* LeftColumn::makeListCard() {
         QToolButton* button = bookKeys_->button(key);
         button->setFixedSize(32, 30);
         button->setProperty("book", QString::fromLatin1(key));
-        button->setIcon(symbolIcon(QString::fromLatin1(key), {ink, theme.dis, ink}));
+        button->setIcon(symbolIcon(QString::fromLatin1(key), IconColours{ink, theme.dis, ink}));
     }
     bookKeys_->layout()->setSpacing(4);
 

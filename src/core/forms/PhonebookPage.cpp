@@ -75,7 +75,7 @@ PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
     Command25 = makeButton("Command25", "&Hang Up", "", this);
     Command25->setProperty("role", "danger");
     const QColor danger = Theme::of(*this).danger;
-    Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), {danger, danger, danger}));
+    Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), IconColours{danger, danger, danger}));
     Command25->hide();
 }
 
