@@ -31,6 +31,8 @@ class Program {
     // Runs the start-up list; the window is in view afterwards.
     void start();
 
+    [[nodiscard]] Calendar& window() { return calendar_; }
+
     // Closes the window as the user does.
     void close();
 

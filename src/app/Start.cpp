@@ -1,7 +1,5 @@
 #include "app/Start.h"
 
-#include <QTimer>
-
 #include "app/Application.h"
 #include "app/Program.h"
 #include "platform/Failure.h"
@@ -10,6 +8,19 @@
 #include "platform/qt/Theme.h"
 
 namespace velmora {
+namespace {
+
+// With VELMORA_QUIT_AFTER_FIRST_PAINT=1 in the environment the program ends once its window has
+// been painted, so that its start can be measured from outside.
+void quitAfterFirstPaintIfWanted(Program& program) {
+    if (qEnvironmentVariable("VELMORA_QUIT_AFTER_FIRST_PAINT") != QLatin1String("1"))
+        return;
+    Calendar& window = program.window();
+    QObject::connect(&window, &Calendar::firstPainted, &window, &Calendar::close,
+                     Qt::QueuedConnection);
+}
+
+}  // namespace
 
 int runVelmora(int argc, char** argv) {
     Application application(argc, argv);
@@ -21,6 +32,7 @@ int runVelmora(int argc, char** argv) {
     try {
         Program program;
         application.setOrderlyEnd([&program] { program.close(); });
+        quitAfterFirstPaintIfWanted(program);
         program.start();
         return Application::exec();
     } catch (const Failure& failure) {

@@ -22,7 +22,7 @@ QPushButton* makeAction(const char* name, const char* caption, const char* role,
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setProperty("role", QString::fromLatin1(role));
-    button->setProperty("size", "action");
+    button->setProperty("variant", "action");
     button->setAutoDefault(false);
     return button;
 }

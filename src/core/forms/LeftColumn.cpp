@@ -63,7 +63,7 @@ QWidget* LeftColumn::makeMonthCard() {
     SSMonth1->setObjectName(QStringLiteral("SSMonth1"));
     SSMonth1->setAccessibleName(tr("Month"));
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setProperty("size", "small");
+    Command1->setProperty("variant", "small");
     Command1->setAutoDefault(false);
 
     auto* layout = new QGridLayout(card);

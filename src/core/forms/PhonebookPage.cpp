@@ -29,7 +29,7 @@ QPushButton* makeIconButton(const char* name, const char* symbol, const char* to
     button->setAccessibleName(button->toolTip());
     button->setIcon(symbolIcon(QString::fromLatin1(symbol), Theme::of(*parent)));
     button->setIconSize({18, 18});
-    button->setProperty("size", "icon");
+    button->setProperty("variant", "icon");
     return button;
 }
 
