@@ -65,7 +65,7 @@ QMimeData* EntryLines::mimeData(const QModelIndexList& indexes) const {
 }
 
 Qt::DropActions EntryLines::supportedDragActions() const {
-    return Qt::CopyAction | Qt::MoveAction;
+    return Qt::CopyAction;
 }
 
 }  // namespace velmora

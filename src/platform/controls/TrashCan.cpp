@@ -79,12 +79,12 @@ void TrashCan::dragLeaveEvent(QDragLeaveEvent*) {
 
 void TrashCan::dropEvent(QDropEvent* event) {
     setDropTarget(false);
-    const QMimeData& data = *event->mimeData();
-    if (!takes(data))
+    const QMimeData& dropped = *event->mimeData();
+    if (!takes(dropped))
         return;
     event->acceptProposedAction();
-    if (data.hasFormat(QLatin1String(kEntryFormat)))
-        emit entryDropped(data.data(QLatin1String(kEntryFormat)).toStdString());
+    if (dropped.hasFormat(QLatin1String(kEntryFormat)))
+        emit entryDropped(dropped.data(QLatin1String(kEntryFormat)).toStdString());
     else
         emit documentDropped();
 }
