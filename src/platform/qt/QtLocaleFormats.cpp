@@ -38,8 +38,8 @@ LocaleFormats localeFormats(const QLocale& locale, const CodePage& codePage) {
     }
     formats.am = text(firstNotEmpty(locale.amText(), "AM"));
     formats.pm = text(firstNotEmpty(locale.pmText(), "PM"));
-    const bool american = locale.language() == QLocale::English &&
-                          locale.territory() == QLocale::UnitedStates;
+    const bool american =
+        locale.language() == QLocale::English && locale.territory() == QLocale::UnitedStates;
     if (!american)
         formats.longDate = text(ourPattern(locale.dateFormat(QLocale::LongFormat)));
     formats.firstWeekday = static_cast<unsigned>(locale.firstDayOfWeek()) % 7;
