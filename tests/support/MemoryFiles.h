@@ -59,6 +59,12 @@ class MemoryFiles final : public Files {
         *content(path) = bytes;
     }
 
+    void append(const std::string& path, std::string_view bytes) override {
+        failIfUnreachable(path);
+        failIfFull();
+        *content(path) += bytes;
+    }
+
     void remove(const std::string& path) override {
         failIfUnreachable(path);
         if (contents_.erase(key(path)) == 0)
