@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <memory>
 
 #include "platform/Failure.h"
@@ -149,6 +151,21 @@ TEST_F(AddFormTest, OffersTheClassesInTheirOrderAndTakesAnyOther) {
     ASSERT_EQ(1U, editor.applied.size());
     EXPECT_EQ("comp", editor.applied[0][Field::Class]);
     EXPECT_EQ(29, classes().count());
+}
+
+TEST_F(AddFormTest, LinesUpItsFieldsAndTheCheckBox) {
+    open();
+    QStyleOptionButton option;
+    option.initFrom(&justCompany());
+    const QRect indicator = justCompany().style()->subElementRect(QStyle::SE_CheckBoxIndicator,
+                                                                  &option, &justCompany());
+    const auto left = [&](const QWidget& widget) { return widget.mapTo(form.get(), QPoint()).x(); };
+    EXPECT_EQ(left(box("Text1")), left(justCompany()) + indicator.left());
+    EXPECT_EQ(left(box("Text1")), left(classes()));
+    EXPECT_EQ(left(box("Text1")), left(memo()));
+    EXPECT_EQ(box("Text21").height(), classes().height());
+    EXPECT_EQ(box("Text21").y(), classes().y());
+    EXPECT_EQ(box("Text21").y(), box("Text25").y());
 }
 
 TEST_F(AddFormTest, IsEmptyForANewEntryAndStartsAtTheFirstField) {

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include "platform/controls/CardText.h"
 #include "platform/qt/Theme.h"
@@ -122,6 +123,22 @@ TEST_F(EntryCardTest, ScrollsOnlyWhenTheTextIsLongerThanTheCard) {
     EXPECT_EQ(0, bar->value());
     card.setText(kPerson);
     EXPECT_FALSE(scrolls());
+}
+
+TEST_F(EntryCardTest, ScrollsByTheWheelToItsEndAndNoFurther) {
+    std::string memo = kPerson;
+    for (int i = 0; i < 30; ++i)
+        memo += "\r\nline " + std::to_string(i);
+    card.setText(memo);
+    test::showActive(card);
+    auto* bar = card.findChild<QScrollBar*>();
+    for (int i = 0; i < 40; ++i) {
+        QWheelEvent down({100, 100}, card.mapToGlobal(QPoint(100, 100)), {}, {0, -120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&card, &down);
+    }
+    EXPECT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->maximum(), bar->value());
 }
 
 TEST_F(EntryCardTest, ShowsTheBookByItsEdge) {

@@ -63,6 +63,17 @@ TEST_F(LetterTabsTest, MovesByArrowsAndLettersAndClicksBySpaceAndEnter) {
     EXPECT_EQ(26, clicked.first().at(0).toInt());
 }
 
+TEST_F(LetterTabsTest, ShowsTheFocusOnlyWhenItCameByTheKeyboard) {
+    test::showActive(tabs);
+    const Theme& theme = Theme::of(tabs);
+    const QPoint edge(20, 0);
+    QTest::mouseClick(&tab(5), Qt::LeftButton);
+    EXPECT_TRUE(tab(5).hasFocus());
+    EXPECT_NE(theme.accent.rgb(), test::pixelOf(tab(5), edge).rgb());
+    QTest::keyClick(&tab(5), Qt::Key_Down);
+    EXPECT_EQ(theme.accent.rgb(), test::pixelOf(tab(6), edge).rgb());
+}
+
 TEST_F(LetterTabsTest, IsOneStopOfTheTabKey) {
     tabs.setCurrent(3);
     int stops = 0;
