@@ -1,0 +1,66 @@
+// Times how long the entry list takes to take in and paint the lines of a letter with many
+// entries, on top of reading them.
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "benches/Report.h"
+#include "benches/Samples.h"
+#include "platform/CodePage.h"
+#include "platform/controls/EntryList.h"
+#include "platform/qt/Theme.h"
+
+namespace velmora::bench {
+namespace {
+
+constexpr int kRepetitions = 15;
+constexpr unsigned kLines = 3'000;
+
+// In an order that is none, so that sorting has to be done.
+std::vector<std::string> lines() {
+    std::vector<std::string> result;
+    for (unsigned i = 0; i < kLines; ++i) {
+        char line[64];
+        std::snprintf(line, sizeof line, "Same%08u, First%u", i * 7919U % 100'003U, i % 997U);
+        result.emplace_back(line);
+    }
+    return result;
+}
+
+// Waits until the window has its first picture on the screen.
+void show(QWidget& window) {
+    window.resize(248, 400);
+    window.show();
+    QCoreApplication::processEvents();
+}
+
+int measure() {
+    EntryList list(CodePage::western());
+    show(list);
+    const std::vector<std::string> all = lines();
+    std::vector<Milliseconds> times;
+    for (int i = 0; i < kRepetitions; ++i) {
+        list.clearLines();
+        list.repaint();
+        std::vector<std::string> added = all;
+        times.push_back(timeOf([&] {
+            list.addLines(std::move(added));
+            list.viewport()->repaint();
+        }));
+    }
+    Report report;
+    report.figure("list-of-3000-painted", median(times).count(), "ms", 30);
+    return report.exitCode();
+}
+
+}  // namespace
+}  // namespace velmora::bench
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    return velmora::bench::measure();
+}
