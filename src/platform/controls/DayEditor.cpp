@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kFrame = 2;
 constexpr int kDocumentMargin = 2;
+constexpr int kLeftMargin = 4;
 
 bool isLineEnd(QChar character) {
     return character == QChar::ParagraphSeparator || character == QChar::LineSeparator;
@@ -26,6 +27,7 @@ DayEditor::DayEditor(const CodePage& codePage, QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(kDocumentMargin);
+    setViewportMargins(kLeftMargin, 0, 0, 0);
     setAccessibleName(QStringLiteral("Task text"));
     connect(this, &QPlainTextEdit::textChanged, this, &DayEditor::keepToPage);
 }

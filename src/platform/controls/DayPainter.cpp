@@ -77,18 +77,19 @@ void DayPainter::hourLabel(minutes hour) const {
 // A rounded rectangle with the accent's bar at its left.
 void DayPainter::ground(const QRect& rect, const QColor& fill) const {
     const QRectF box = onPixels(painter_, rect);
-    fillRounded(painter_, box, kRadius, look_.theme.accent);
-    QPainterPath path;
-    path.moveTo(box.left() + kEdge, box.top());
-    path.lineTo(box.right() - kRadius, box.top());
-    path.arcTo(QRectF(box.right() - 2 * kRadius, box.top(), 2 * kRadius, 2 * kRadius), 90, -90);
-    path.arcTo(
-        QRectF(box.right() - 2 * kRadius, box.bottom() - 2 * kRadius, 2 * kRadius, 2 * kRadius), 0,
-        -90);
-    path.lineTo(box.left() + kEdge, box.bottom());
-    path.closeSubpath();
+    fillRounded(painter_, box, kRadius, fill);
+    // The bar ends where the round corner nearly reaches the upper edge.
+    constexpr qreal kFrom = 101.5;
+    constexpr qreal kSweep = 180 - kFrom;
+    const QSizeF circle(2 * kRadius, 2 * kRadius);
+    QPainterPath bar;
+    bar.moveTo(box.left() + kEdge, box.top());
+    bar.arcTo(QRectF(box.topLeft(), circle), kFrom, kSweep);
+    bar.arcTo(QRectF(QPointF(box.left(), box.bottom() - circle.height()), circle), 180, kSweep);
+    bar.lineTo(box.left() + kEdge, box.bottom());
+    bar.closeSubpath();
     painter_.setRenderHint(QPainter::Antialiasing, true);
-    painter_.fillPath(path, fill);
+    painter_.fillPath(bar, look_.theme.accent);
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
@@ -120,9 +121,9 @@ void DayPainter::lines(const ShownBlock& block, const QRect& room) const {
     const bool times = !look_.small && room.height() >= kTimesFrom && !block.times.isEmpty();
     const QFont timesFont = sized(look_.font, look_.font.pointSizeF() * 8.6 / 9.75);
     const int timesHeight = times ? QFontMetrics(timesFont).height() : 0;
-    const int lineHeight = metrics.height();
+    const int lineHeight = metrics.height() + (look_.small ? 0 : 1);
     const int most = std::max(1, (room.height() - 4 - timesHeight) / lineHeight);
-    int y = room.top() + 2;
+    int y = room.top() + (look_.small ? 2 : 3);
     int count = 0;
     const QStringList paragraphs = block.text.split(QLatin1Char('\n'));
     for (qsizetype i = 0; i < paragraphs.size() && count < most; ++i) {

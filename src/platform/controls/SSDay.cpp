@@ -367,7 +367,7 @@ void SSDay::paintPaper(QPainter& painter, const QRegion& region) const {
 void SSDay::paintBlocks(const DayPainter& paint, const QRegion& region) const {
     const int dragged = drag_ && drag_->begun ? tasks_.indexOf(drag_->id) : -1;
     const int selected = SelectedIndex();
-    std::vector<ShownBlock> inSight;
+    std::vector<ShownBlock> withBars;
     for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
         ShownBlock block = blocks_[static_cast<std::size_t>(i)].shown;
         if (i == dragged)
@@ -380,9 +380,10 @@ void SSDay::paintBlocks(const DayPainter& paint, const QRegion& region) const {
             block.times =
                 shownTime(drag_->now.begin) + QString::fromUtf16(kDash) + shownTime(drag_->now.end);
         paint.block(block);
-        inSight.push_back(block);
+        if (!edit_ || i != selected)
+            withBars.push_back(block);
     }
-    for (const ShownBlock& block : inSight)
+    for (const ShownBlock& block : withBars)
         paint.bars(block);
 }
 
