@@ -56,7 +56,11 @@ class Files {
     // and the old file is then as it was.
     virtual void writeWhole(const std::string& path, std::string_view bytes) = 0;
 
-    // Throws Failure.
+    // Puts `bytes` behind the end in one write, so that lines of two copies of the program never
+    // mix. A missing file is created; its folder never is. Throws Failure.
+    virtual void append(const std::string& path, std::string_view bytes) = 0;
+
+    // Removes the file itself; of a link, the link. Throws Failure.
     virtual void remove(const std::string& path) = 0;
 };
 

@@ -233,7 +233,7 @@ void Calendar::setControlState(PaneControl control, ControlState state) {
 }
 
 void Calendar::raisePaneButton(Pane pane) {
-    rail_->raise(pane);
+    rail_->raiseButton(pane);
     pages_->setCurrentIndex(static_cast<int>(pane));
 }
 

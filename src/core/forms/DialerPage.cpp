@@ -22,14 +22,14 @@ QPushButton* makeAction(const char* name, const char* caption, const char* role,
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setProperty("role", QString::fromLatin1(role));
-    button->setProperty("size", "action");
+    button->setProperty("variant", "action");
     button->setAutoDefault(false);
     return button;
 }
 
 void setSymbol(QPushButton& button, const char* symbol, const QColor& colour,
                const QColor& disabled) {
-    button.setIcon(symbolIcon(QString::fromLatin1(symbol), {colour, disabled, colour}));
+    button.setIcon(symbolIcon(QString::fromLatin1(symbol), IconColours{colour, disabled, colour}));
     button.setIconSize({18, 18});
 }
 

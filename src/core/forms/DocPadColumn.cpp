@@ -22,7 +22,7 @@ QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* pare
     auto* button = new QToolButton(parent);
     const Theme& theme = Theme::of(*parent);
     button->setObjectName(QString::fromLatin1(name));
-    button->setIcon(symbolIcon(QString::fromLatin1(name), {theme.ink2, theme.dis, theme.ink2}));
+    button->setIcon(symbolIcon(QString::fromLatin1(name), IconColours{theme.ink2, theme.dis, theme.ink2}));
     button->setIconSize({18, 18});
     button->setFixedSize(32, 32);
     button->setToolTip(QString::fromLatin1(toolTip));
@@ -42,7 +42,7 @@ DocPadColumn::DocPadColumn(QPlainTextEdit* text, QWidget* parent)
       Text4(text) {
     Image7->setObjectName(QStringLiteral("Image7"));
     const QColor accent = Theme::of(*this).accent;
-    Image7->setPixmap(symbolIcon(QStringLiteral("Image7"), {accent, accent, accent})
+    Image7->setPixmap(symbolIcon(QStringLiteral("Image7"), IconColours{accent, accent, accent})
                           .pixmap({22, 22}, devicePixelRatioF()));
     Label4->setObjectName(QStringLiteral("Label4"));
     Label4->setText(QStringLiteral("DocPad"));

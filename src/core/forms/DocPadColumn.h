@@ -17,7 +17,7 @@ class DocPadColumn final : public QWidget {
     explicit DocPadColumn(QPlainTextEdit* text, QWidget* parent = nullptr);
 
     [[nodiscard]] QLabel* title() const { return Label4; }
-    [[nodiscard]] QWidget* titleIcon() const { return Image7; }
+    [[nodiscard]] QLabel* titleIcon() const { return Image7; }
     [[nodiscard]] QPlainTextEdit* text() const { return Text4; }
     [[nodiscard]] QToolButton* growButton() const { return Toolbar3; }
     [[nodiscard]] QToolButton* shrinkButton() const { return Toolbar5; }

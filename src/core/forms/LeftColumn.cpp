@@ -63,7 +63,7 @@ QWidget* LeftColumn::makeMonthCard() {
     SSMonth1->setObjectName(QStringLiteral("SSMonth1"));
     SSMonth1->setAccessibleName(tr("Month"));
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setProperty("size", "small");
+    Command1->setProperty("variant", "small");
     Command1->setAutoDefault(false);
 
     auto* layout = new QGridLayout(card);
@@ -95,7 +95,7 @@ QWidget* LeftColumn::makeListCard() {
         QToolButton* button = bookKeys_->button(key);
         button->setFixedSize(32, 30);
         button->setProperty("book", QString::fromLatin1(key));
-        button->setIcon(symbolIcon(QString::fromLatin1(key), {ink, theme.dis, ink}));
+        button->setIcon(symbolIcon(QString::fromLatin1(key), IconColours{ink, theme.dis, ink}));
     }
     bookKeys_->layout()->setSpacing(4);
 

@@ -29,7 +29,7 @@ QPushButton* makeIconButton(const char* name, const char* symbol, const char* to
     button->setAccessibleName(button->toolTip());
     button->setIcon(symbolIcon(QString::fromLatin1(symbol), Theme::of(*parent)));
     button->setIconSize({18, 18});
-    button->setProperty("size", "icon");
+    button->setProperty("variant", "icon");
     return button;
 }
 
@@ -75,7 +75,7 @@ PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
     Command25 = makeButton("Command25", "&Hang Up", "", this);
     Command25->setProperty("role", "danger");
     const QColor danger = Theme::of(*this).danger;
-    Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), {danger, danger, danger}));
+    Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), IconColours{danger, danger, danger}));
     Command25->hide();
 }
 

@@ -51,7 +51,7 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
 
     const Theme& theme = Theme::of(*this);
     Image8->setObjectName(QStringLiteral("Image8"));
-    Image8->setIcon(symbolIcon(QStringLiteral("Image8"), {theme.danger, theme.dis, theme.danger}));
+    Image8->setIcon(symbolIcon(QStringLiteral("Image8"), IconColours{theme.danger, theme.dis, theme.danger}));
     Image8->setIconSize({32, 32});
     Image8->setFixedSize(56, 44);
     Image8->setAccessibleName(tr("Cancel Print Job"));
@@ -62,10 +62,10 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     Image2 = new TrashCan(this);
     Image2->setObjectName(QStringLiteral("Image2"));
     layout->addWidget(Image2, 0, Qt::AlignHCenter);
-    raise(Pane::Planner);
+    raiseButton(Pane::Planner);
 }
 
-void Rail::raise(Pane pane) {
+void Rail::raiseButton(Pane pane) {
     for (const PaneLook& look : kPanes)
         paneButton(look.pane)->setRaised(look.pane == pane);
 }

@@ -24,7 +24,7 @@ class Rail final : public QWidget {
     }
     [[nodiscard]] TrashCan* trash() const { return Image2; }
 
-    void raise(Pane pane);
+    void raiseButton(Pane pane);
 
   signals:
     void paneChosen(velmora::Pane pane);

@@ -15,24 +15,46 @@ namespace {
 
 constexpr QSize kSize(76, 66);
 constexpr int kIcon = 26;
-constexpr int kIconTop = 9;
-constexpr int kCaptionTop = 39;
+constexpr int kIconTop = 10;
+constexpr int kCaptionTop = 41;
 constexpr qreal kRadius = 8;
+
+QColor inkOf(const PaneButton& button) {
+    const Theme& theme = Theme::of(button);
+    if (!button.isEnabled())
+        return theme.dis;
+    return button.raised() ? theme.accent : theme.ink;
+}
+
+class Caption final : public QLabel {
+  public:
+    Caption(const QString& text, PaneButton* button) : QLabel(text, button), button_(*button) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setTextFormat(Qt::PlainText);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(inkOf(button_));
+        painter.drawText(rect(), Qt::AlignHCenter | Qt::AlignTop, text());
+    }
+
+  private:
+    const PaneButton& button_;
+};
 
 }  // namespace
 
 PaneButton::PaneButton(const QString& symbol, const QString& caption, QWidget* parent)
-    : PaintedButton(parent), symbol_(symbol), caption_(new QLabel(caption, this)) {
+    : PaintedButton(parent), symbol_(symbol), caption_(new Caption(caption, this)) {
     setText(caption);
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    caption_->setTextFormat(Qt::PlainText);
-    caption_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, kCaptionTop, 0, 0);
     column->addWidget(caption_);
-    colourCaption();
+    weighCaption();
 }
 
 QSize PaneButton::sizeHint() const {
@@ -42,27 +64,15 @@ QSize PaneButton::sizeHint() const {
 
 void PaneButton::setRaised(bool raised) {
     raised_ = raised;
-    colourCaption();
+    weighCaption();
     update();
 }
 
-void PaneButton::colourCaption() {
-    const Theme& theme = Theme::of(*this);
-    QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, !isEnabled() ? theme.dis
-                                           : raised_    ? theme.accent
-                                                        : theme.ink);
-    caption_->setPalette(colours);
+void PaneButton::weighCaption() {
     QFont small = font();
     small.setPointSizeF(9);
     small.setWeight(raised_ ? QFont::DemiBold : QFont::Normal);
     caption_->setFont(small);
-}
-
-void PaneButton::changeEvent(QEvent* event) {
-    PaintedButton::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange)
-        colourCaption();
 }
 
 void PaneButton::paintEvent(QPaintEvent*) {
@@ -81,9 +91,8 @@ void PaneButton::paintEvent(QPaintEvent*) {
         const QColor fill = isDown() ? theme.press : theme.hover;
         drawPanel(painter, rect(), kRadius, fill, fill);
     }
-    const QColor ink = !isEnabled() ? theme.dis : raised_ ? theme.accent : theme.ink;
     painter.drawPixmap((width() - kIcon) / 2, kIconTop,
-                       symbolPixmap(symbol_, {kIcon, kIcon}, devicePixelRatioF(), ink));
+                       symbolPixmap(symbol_, {kIcon, kIcon}, devicePixelRatioF(), inkOf(*this)));
     if (focusShown())
         drawRing(painter, rect(), kRadius, theme.accent);
 }

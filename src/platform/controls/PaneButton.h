@@ -36,13 +36,12 @@ class PaneButton final : public PaintedButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
   private:
-    void colourCaption();
+    void weighCaption();
     void setDropTarget(bool target);
 
     QString symbol_;

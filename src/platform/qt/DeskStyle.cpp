@@ -6,6 +6,7 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include "platform/qt/DeskComboBox.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -82,6 +83,33 @@ void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         drawIndicator(element == PE_IndicatorRadioButton, *option, *painter);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void DeskStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+    const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && box)
+        drawComboBox(*box, *painter);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect DeskStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl subControl, const QWidget* widget) const {
+    const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && box && subControl == SC_ComboBoxEditField)
+        return comboBoxEditRect(*box);
+    if (control == CC_ComboBox && box && subControl == SC_ComboBoxArrow)
+        return comboBoxArrowRect(*box);
+    return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_ComboBox && option)
+        result.setHeight(comboBoxHeight(option->fontMetrics.height()));
+    return result;
 }
 
 }  // namespace velmora
