@@ -3,14 +3,11 @@
 #include <array>
 #include <charconv>
 
-#include "platform/Text.h"
-
 namespace velmora {
 namespace {
 
 constexpr double kSmallest = 4;
 constexpr double kLargest = 14;
-constexpr double kHugest = 1000;  // what a setting may ask for without making the text unusable
 
 // The shortest decimal text that reads back as the same number, with "." in every locale.
 std::string decimal(double number) {
@@ -22,23 +19,9 @@ std::string decimal(double number) {
 
 }  // namespace
 
-void FontCommand::applyStored() {
-    FontChoice font = target_.font();
-    const FontChoice before = font;
-    if (const std::string name = settings_.Read(key_); !name.empty())
-        font.name = name;
-    if (const double size = readNumber(settings_.Read(key_ + "S")); size > 0 && size <= kHugest)
-        font.size = size;
-    if (const std::string colour = settings_.Read(key_ + "C");
-        keeps_ == Keeps::NameSizeAndColour && !colour.empty())
-        font.colour = readWhole(colour);
-    if (!(font == before))
-        target_.setFont(font);
-}
-
 void FontCommand::change() {
-    const FontChoice now = target_.font();
-    const FontChoice chosen = dialog_.choose(now, kSmallest, kLargest).value_or(now);
+    const ControlFont now = target_.font();
+    const ControlFont chosen = dialog_.choose(now, kSmallest, kLargest).value_or(now);
     target_.setFont(chosen);
     settings_.batch([&] {
         settings_.Save(key_, chosen.name);

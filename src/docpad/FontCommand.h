@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/SettingsStore.h"
-#include "docpad/FontChoice.h"
+#include "docpad/ControlFont.h"
 
 namespace velmora {
 
@@ -13,16 +13,13 @@ class FontCommand {
   public:
     enum class Keeps { NameSizeAndColour, NameAndSize };
 
-    FontCommand(std::string key, Keeps keeps, FontTarget& target, FontQuestion& dialog,
+    FontCommand(std::string key, Keeps keeps, FontHolder& target, FontQuestion& dialog,
                 SettingsStore& settings)
         : key_(std::move(key)),
           keeps_(keeps),
           target_(target),
           dialog_(dialog),
           settings_(settings) {}
-
-    // At start: each setting that is not empty is applied. A size that is none is passed over.
-    void applyStored();
 
     // Asks for a font of 4 to 14 points, applies it and saves it. After a cancelled dialog the
     // present font is applied and saved all the same. Throws Failure when it can not be saved.
@@ -31,7 +28,7 @@ class FontCommand {
   private:
     std::string key_;
     Keeps keeps_;
-    FontTarget& target_;
+    FontHolder& target_;
     FontQuestion& dialog_;
     SettingsStore& settings_;
 };

@@ -41,6 +41,10 @@ class FakeFiles final : public Files {
         failIfAsked();
         contents[path] = bytes;
     }
+    void append(const std::string& path, std::string_view bytes) override {
+        failIfAsked();
+        contents[path] += bytes;
+    }
     void remove(const std::string& path) override {
         failIfAsked();
         if (contents.erase(path) == 0)

@@ -9,6 +9,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "platform/controls/DragFormats.h"
 #include "platform/controls/PadLayout.h"
 #include "platform/qt/QtText.h"
 
@@ -37,8 +38,8 @@ bool leaves(const QKeyEvent& event) {
 
 QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    for (const QChar end : {QChar(u'\r'), QChar(QChar::ParagraphSeparator),
-                            QChar(QChar::LineSeparator)})
+    for (const QChar end :
+         {QChar(u'\r'), QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
         text.replace(end, u'\n');
     return text;
 }
@@ -56,7 +57,7 @@ PadEdit::PadEdit(const CodePage& codePage, QWidget* parent)
     setDocument(document);
     setViewportMargins(kMargins);
     setTabChangesFocus(false);
-    setProperty("role", "card");
+    setProperty("role", "paper");
 }
 
 std::string PadEdit::bytes() const {
@@ -261,26 +262,26 @@ void PadEdit::paintEvent(QPaintEvent* event) {
 }
 
 void PadEdit::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasFormat(kEntryMime))
+    if (event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat)))
         event->acceptProposedAction();
     else
         QPlainTextEdit::dragEnterEvent(event);
 }
 
 void PadEdit::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasFormat(kEntryMime))
+    if (event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat)))
         event->acceptProposedAction();
     else
         QPlainTextEdit::dragMoveEvent(event);
 }
 
 void PadEdit::dropEvent(QDropEvent* event) {
-    if (!event->mimeData()->hasFormat(kEntryMime)) {
+    if (!event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat))) {
         QPlainTextEdit::dropEvent(event);
         return;
     }
     event->acceptProposedAction();
-    emit entryDropped(event->mimeData()->data(kEntryMime));
+    emit entryDropped(event->mimeData()->data(QString::fromLatin1(kEntryFormat)).toStdString());
 }
 
 bool PadEdit::canInsertFromMimeData(const QMimeData* source) const {
@@ -295,9 +296,9 @@ void PadEdit::insertFromMimeData(const QMimeData* source) {
 }
 
 QMimeData* PadEdit::createMimeDataFromSelection() const {
-    auto* data = new QMimeData;
-    data->setText(withLineFeeds(textCursor().selectedText()));
-    return data;
+    auto* selected = new QMimeData;
+    selected->setText(withLineFeeds(textCursor().selectedText()));
+    return selected;
 }
 
 }  // namespace velmora

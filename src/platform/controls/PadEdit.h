@@ -20,9 +20,6 @@ class PadEdit final : public QPlainTextEdit {
     Q_OBJECT
 
   public:
-    // What a dragged line of the entry list carries.
-    static constexpr const char* kEntryMime = "application/x-velmora-entry";
-
     explicit PadEdit(const CodePage& codePage, QWidget* parent = nullptr);
 
     // Made anew at each call, in time that grows with the text: not for every key.
@@ -60,8 +57,8 @@ class PadEdit final : public QPlainTextEdit {
     // A character without a place in the code page has become "?".
     void characterReplaced();
 
-    // A line of the entry list was dropped here; nothing has been inserted.
-    void entryDropped(const QByteArray& entry);
+    // A line of the entry list, in its bytes, was dropped here; nothing has been inserted.
+    void entryDropped(const std::string& line);
 
   protected:
     bool event(QEvent* event) override;

@@ -5,21 +5,21 @@
 
 namespace velmora {
 
-struct FontChoice {
+struct ControlFont {
     std::string name;  // of the family
     double size = 0;   // in points
     int colour = 0;    // red + 256 green + 65536 blue; negative is the control's own colour
 
-    bool operator==(const FontChoice&) const = default;
+    bool operator==(const ControlFont&) const = default;
 };
 
 // A control whose font can be chosen.
-class FontTarget {
+class FontHolder {
   public:
-    virtual ~FontTarget() = default;
+    virtual ~FontHolder() = default;
 
-    [[nodiscard]] virtual FontChoice font() const = 0;
-    virtual void setFont(const FontChoice& font) = 0;
+    [[nodiscard]] virtual ControlFont font() const = 0;
+    virtual void setFont(const ControlFont& font) = 0;
 };
 
 // The font dialog.
@@ -29,8 +29,8 @@ class FontQuestion {
 
     // Shows the dialog with `now` chosen; sizes are held within the limits, in points. Nothing
     // when cancelled.
-    [[nodiscard]] virtual std::optional<FontChoice> choose(const FontChoice& now, double smallest,
-                                                           double largest) = 0;
+    [[nodiscard]] virtual std::optional<ControlFont> choose(const ControlFont& now, double smallest,
+                                                            double largest) = 0;
 };
 
 }  // namespace velmora
