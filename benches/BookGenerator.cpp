@@ -12,8 +12,7 @@ namespace {
 
 // A letter for the entry: the fullest one as often as wanted, else one of the others in turn.
 char letterOf(std::size_t index, const BookShape& shape) {
-    const std::size_t wanted = shape.underFullestLetter;
-    if ((index + 1) * wanted / shape.entries != index * wanted / shape.entries)
+    if (index * shape.underFullestLetter % shape.entries < shape.underFullestLetter)
         return kFullestLetter;
     const char letter = static_cast<char>('A' + index % 25);
     return letter >= kFullestLetter ? static_cast<char>(letter + 1) : letter;

@@ -11,7 +11,7 @@ inline constexpr int kFullestLetterTab = 18;
 
 struct BookShape {
     std::size_t entries = 0;
-    std::size_t underFullestLetter = 0;  // at most `entries`; spread evenly over the book
+    std::size_t underFullestLetter = 0;  // less than `entries`; spread over the book
 };
 
 // Writes a book of invented people and, every tenth, companies, as the program would write it.

@@ -2,9 +2,11 @@
 // entries, on top of reading them.
 
 #include <QApplication>
-#include <QPainter>
-#include <QPixmap>
+#include <QEvent>
 #include <cstdio>
+#include <exception>
+#include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -31,26 +33,40 @@ std::vector<std::string> lines() {
     return result;
 }
 
-// Waits until the window has its first picture on the screen.
-void show(QWidget& window) {
-    window.resize(248, 400);
-    window.show();
-    QCoreApplication::processEvents();
-}
+// Counts how often a widget is painted.
+class PaintCounter final : public QObject {
+  public:
+    int paints = 0;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 int measure() {
     EntryList list(CodePage::western());
-    show(list);
+    list.resize(248, 400);
+    list.show();
+    PaintCounter counter;
+    list.viewport()->installEventFilter(&counter);
+    while (counter.paints == 0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const std::vector<std::string> all = lines();
     std::vector<Milliseconds> times;
     for (int i = 0; i < kRepetitions; ++i) {
         list.clearLines();
         list.repaint();
         std::vector<std::string> added = all;
+        const int before = counter.paints;
         times.push_back(timeOf([&] {
             list.addLines(std::move(added));
             list.viewport()->repaint();
         }));
+        if (counter.paints == before || list.lines().size() != kLines)
+            throw std::runtime_error("the list was not painted");
     }
     Report report;
     report.figure("list-of-3000-painted", median(times).count(), "ms", 30);
@@ -60,7 +76,11 @@ int measure() {
 }  // namespace
 }  // namespace velmora::bench
 
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
+int main(int argc, char** argv) try {
+    QApplication application(argc, argv);
+    velmora::applyTheme(application);
     return velmora::bench::measure();
+} catch (const std::exception& error) {
+    std::cerr << "bench_list: " << error.what() << '\n';
+    return 1;
 }
