@@ -1,7 +1,6 @@
 #include "app/Program.h"
 
 #include <QCoreApplication>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -14,8 +13,8 @@
 #include "core/forms/ToolStrip.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/LetterTabs.h"
-#include "platform/controls/SSMonth.h"
-#include "platform/controls/TrashCan.h"
+#include "platform/controls/PadEdit.h"
+#include "platform/controls/SSDay.h"
 
 namespace velmora {
 namespace {
@@ -28,7 +27,7 @@ std::chrono::year_month_day dateOf(Moment moment) {
 
 Program::Program()
     : calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
-                {new QWidget, new QPlainTextEdit}),
+                {new SSDay(world_.codePage), new PadEdit(world_.codePage)}),
       panes_(calendar_, calendar_.status()),
       docPadSize_(calendar_, state_, panes_),
       clockLine_(calendar_, world_.settings, world_.clock, world_.locale),
@@ -45,10 +44,20 @@ Program::Program()
       entries_({state_, world_.settings, store_, writer_, letters_, world_.messages,
                 [this] { calendar_.flipCheck1(); }},
                phonebookPane_, calendar_.status(), entryForms_),
+      docPad_(world_, state_, calendar_, entries_),
+      planner_(world_, state_, calendar_, panes_, store_,
+               [this](const std::string& text) { endAfter(text); }),
       startUp_(state_, calendar_, world_.settings, clockLine_, tray_, world_.clock, world_.locale,
                {.watchMenus = [this] { connectStatusHelp(); },
-                .showLetterA = [this] { letters_.LetterClick(0); }}),
-      closeDown_(tray_, {.endScans = [this] { world_.loop.beginClosing(); }}) {
+                .showLetterA = [this] { letters_.LetterClick(0); },
+                .openPlannerDatabase = [this] { planner_.openDatabase(); },
+                .setDayLimits = [this] { planner_.setDayLimits(); },
+                .reopenDocument = [this] { docPad_.docPad().LoadAtStart(); },
+                .colourCalendars = [this] { planner_.colourCalendars(); },
+                .showToday = [this] { planner_.showToday(); }}),
+      closeDown_(tray_, {.commitEditors = [this] { planner_.commitEditors(); },
+                         .mayClose = [this] { return docPad_.mayClose(); },
+                         .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
     connectWindow();
     connectPhonebook();
@@ -56,7 +65,10 @@ Program::Program()
 
 void Program::start() {
     startUp_.run();
-    tellOfDamagedSettings();
+    world_.loop.post([this] {
+        tellOfDamagedSettings();
+        docPad_.docPad().offerRecovery();
+    });
 }
 
 void Program::close() {
@@ -66,8 +78,6 @@ void Program::close() {
 void Program::bindCommands() {
     commands_.bind("twentyfourhr", [this] { clockLine_.toggleTwentyFourHours(); });
     commands_.bind("exitmnu", [this] { calendar_.close(); });
-    commands_.bind("totoday",
-                   [this] { calendar_.leftColumn().month()->setDate(dateOf(world_.clock.now())); });
     commands_.bind("addmnu", [this] { entries_.newEntry(); });
     commands_.bind("chngmnu", [this] { entries_.changeEntry(); });
     commands_.bind("Delete", [this] { entries_.deleteEntry(); });
@@ -104,17 +114,18 @@ void Program::connectWindow() {
                          [this](const ToolRow& row) { run(row.command); });
     QObject::connect(&calendar_.rail(), &Rail::paneChosen, &calendar_,
                      [this](Pane pane) { panes_.show(pane); });
-    QObject::connect(&calendar_, &Calendar::clockTicked, &calendar_, [this] { clockLine_.tick(); });
+    QObject::connect(&calendar_, &Calendar::clockTicked, &calendar_, [this] {
+        clockLine_.tick();
+        planner_.tick();
+    });
     QObject::connect(&calendar_, &Calendar::check1Flipped, &calendar_,
                      [this] { pendingWish_.flipped(); });
     QObject::connect(calendar_.docPad().growButton(), &QToolButton::clicked, &calendar_,
                      [this] { docPadSize_.maximise(); });
     QObject::connect(calendar_.docPad().shrinkButton(), &QToolButton::clicked, &calendar_,
                      [this] { docPadSize_.restore(); });
-    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [this] {
-        closeDown_.run();
-        QCoreApplication::quit();
-    });
+    calendar_.onCloseRequest([this] { return closeDown_.run(); });
+    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [] { QCoreApplication::quit(); });
 }
 
 void Program::connectPhonebook() {
@@ -124,8 +135,6 @@ void Program::connectPhonebook() {
                      [this] { letters_.ListClick(); });
     QObject::connect(calendar_.phonebookPage().moveButton(), &QPushButton::clicked, &calendar_,
                      [this] { entries_.moveEntry(); });
-    QObject::connect(calendar_.rail().trash(), &TrashCan::entryDropped, &calendar_,
-                     [this] { entries_.dropOnTrash(); });
 }
 
 void Program::connectStatusHelp() {
@@ -155,6 +164,11 @@ void Program::tellOfDamagedSettings() {
                              "The settings were damaged and begin anew. The damaged file was kept "
                              "as " +
                                  world_.codePage.fromUtf8(*file) + ".");
+}
+
+void Program::endAfter(const std::string& utf8Text) {
+    world_.messages.standardError(utf8Text);
+    calendar_.close();
 }
 
 }  // namespace velmora

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/CalendarPhonebookPane.h"
+#include "app/DocPadRoom.h"
 #include "app/EntryForms.h"
+#include "app/PlannerRoom.h"
 #include "app/World.h"
 #include "core/ClockLine.h"
 #include "core/CloseDown.h"
@@ -43,6 +45,7 @@ class Program {
     void connectStatusHelp();
     void run(std::string_view command);
     void tellOfDamagedSettings();
+    void endAfter(const std::string& utf8Text);
 
     World world_;
     SharedState state_;
@@ -63,6 +66,9 @@ class Program {
     PendingWish pendingWish_;
     EntryForms entryForms_;
     EntryCommands entries_;
+
+    DocPadRoom docPad_;
+    PlannerRoom planner_;
 
     StartUp startUp_;
     CloseDown closeDown_;

@@ -1,5 +1,7 @@
 #include "app/Start.h"
 
+#include <csignal>
+
 #include "app/Application.h"
 #include "app/Program.h"
 #include "platform/Failure.h"
@@ -23,6 +25,8 @@ void quitAfterFirstPaintIfWanted(Program& program) {
 }  // namespace
 
 int runVelmora(int argc, char** argv) {
+    // A write beyond a limit on file sizes is to fail like any other, not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     Application application(argc, argv);
     TestIds testIds;
     if (TestIds::wanted())

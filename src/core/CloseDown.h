@@ -6,10 +6,11 @@
 
 namespace velmora {
 
-// What other subsystems do while the program ends, in this order. None of them may keep the
-// window open.
+// What other subsystems do while the program ends, in this order.
 struct CloseDownParts {
-    std::function<void()> endScans;  // whoever yields stops at the next record
+    std::function<void()> commitEditors;  // what is being typed into the day view is stored
+    std::function<bool()> mayClose;       // asks about unsaved text; false keeps the program going
+    std::function<void()> endScans;       // whoever yields stops at the next record
 };
 
 // The one way out: window closed, menu, toolbar, end of the desktop session.
@@ -17,8 +18,9 @@ class CloseDown {
   public:
     CloseDown(Tray& tray, CloseDownParts parts);
 
-    // Runs once; a second call does nothing.
-    void run();
+    // False when the program goes on because unsaved text could not be saved. Once it has run
+    // through, further calls do nothing and return true.
+    bool run();
 
     [[nodiscard]] bool done() const { return done_; }
 

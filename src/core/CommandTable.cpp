@@ -98,18 +98,6 @@ constexpr std::array kMenuTree{
     MenuRow{1, "abtmnu", "&About", "About...", ""},
 };
 
-constexpr std::array kSchedulingMenu{
-    MenuRow{1, "schedmnu", "&Schedule Meeting", "", ""},
-    MenuRow{1, "meetmnu", "&Meeting", "", ""},
-    MenuRow{1, "Callmnu", "&Call", "", ""},
-    MenuRow{1, "lunchmnu", "&Lunch With", "", ""},
-    MenuRow{1, "dinmnu", "&Dinner With", "", ""},
-    MenuRow{1, "aptmnu", "&Appointment With", "", ""},
-    MenuRow{1, "vismnu", "&Visit", "", ""},
-    MenuRow{1, "gomnu", "&Go With", "", ""},
-    MenuRow{1, "othmnu", "&Other (you specify)", "", ""},
-};
-
 constexpr std::array kMainToolbar{
     ToolRow{"Save", "Save DocPad Document", "Saves the current DocPad document as text.", "savmnu"},
     ToolRow{"Open", "Open DocPad Document", "Allows viewing and editing of most text files.", "openmnu"},
@@ -185,10 +173,6 @@ std::span<const ToolRow> contactToolbar() {
 
 std::span<const ToolRow> phonebookToolbar() {
     return kPhonebookToolbar;
-}
-
-std::span<const MenuRow> schedulingMenu() {
-    return kSchedulingMenu;
 }
 
 }  // namespace velmora

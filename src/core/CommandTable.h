@@ -45,7 +45,4 @@ struct ToolRow {
 [[nodiscard]] std::span<const ToolRow> contactToolbar();
 [[nodiscard]] std::span<const ToolRow> phonebookToolbar();
 
-// Scheduling commands, in the order of their menu.
-[[nodiscard]] std::span<const MenuRow> schedulingMenu();
-
 }  // namespace velmora

@@ -32,13 +32,18 @@ void StartUp::run() {
     state_.BookKind = kYellowPages;
     state_.BookFile = kYellowPagesFile;
     ignoringErrors(parts_.showLetterA);
+    ignoringErrors(parts_.openPlannerDatabase);
     clockLine_.restore();
     restoreFonts();
     form_.setLastNumber(settings_.Read("LastNumber"));
     form_.setDateLine(formatMoment(clock_.now(), "dddd, mmmm dd, yyyy", locale_));
+    ignoringErrors(parts_.setDayLimits);
+    ignoringErrors(parts_.reopenDocument);
     form_.raisePaneButton(Pane::Planner);
     clockLine_.tick();
     form_.showCentred(kRaiseOfWindow);
+    ignoringErrors(parts_.colourCalendars);
+    ignoringErrors(parts_.showToday);
 }
 
 void StartUp::restoreFonts() {

@@ -17,8 +17,13 @@ namespace velmora {
 // What other subsystems do while the program starts. Each may throw Failure; the next step runs
 // all the same.
 struct StartUpParts {
-    std::function<void()> watchMenus;   // menu highlights begin to drive the status line
-    std::function<void()> showLetterA;  // a click on the first letter tab
+    std::function<void()> watchMenus;           // menu highlights begin to drive the status line
+    std::function<void()> showLetterA;          // a click on the first letter tab
+    std::function<void()> openPlannerDatabase;  // and stand on its first row
+    std::function<void()> setDayLimits;         // the last and the first line of the day view
+    std::function<void()> reopenDocument;       // the last DocPad document, if it is to be kept
+    std::function<void()> colourCalendars;      // styles, then the days that hold rows
+    std::function<void()> showToday;            // the month reports its first date
 };
 
 // Everything that happens between the making of the main window and its first event, in order.

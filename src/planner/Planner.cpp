@@ -16,15 +16,15 @@ constexpr const char* kNoStyle = "None";
 
 struct NamedLook {
     const char* name;
-    DayLook month;
-    DayLook year;
+    StyleSet month;
+    StyleSet year;
 };
 
-constexpr Colour kBlack{0, 0, 0};
-constexpr Colour kRed{255, 0, 0};
-constexpr Colour kYellow{255, 255, 0};
-constexpr Colour kGreen{0, 255, 0};
-constexpr Colour kCyan{0, 255, 255};
+constexpr Rgb kBlack{0, 0, 0};
+constexpr Rgb kRed{255, 0, 0};
+constexpr Rgb kYellow{255, 255, 0};
+constexpr Rgb kGreen{0, 255, 0};
+constexpr Rgb kCyan{0, 255, 255};
 
 // A day with appointments has a red number in the month, a red cell in the year.
 constexpr NamedLook kLooks[] = {

@@ -6,21 +6,13 @@
 #include <vector>
 
 #include "planner/DayStyle.h"
+#include "platform/controls/models/CalendarModel.h"
+#include "platform/controls/models/DayTasks.h"
 
 // What the planner asks of the three controls and of the main form around them. Texts are
 // code-page text, dates "MM/dd/yyyy". Where an operation is said to refuse, it throws Failure and
 // changes nothing.
 namespace velmora {
-
-// A block of the day view.
-struct DayTask {
-    std::string BeginTime;
-    std::string EndTime;
-    std::string text;
-    std::string TagVariant;  // the identity of its row; empty while it has none
-
-    bool operator==(const DayTask&) const = default;
-};
 
 // `SSDay1`: the blocks of one day in a column of time slots.
 class DayControl {
@@ -48,26 +40,10 @@ class DayControl {
     virtual void Refresh() = 0;
 };
 
-struct Colour {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
-
-    bool operator==(const Colour&) const = default;
-};
-
-// How the days of a style look; what has no colour looks as ever.
-struct DayLook {
-    std::optional<Colour> ForeColor;
-    std::optional<Colour> BackColor;
-
-    bool operator==(const DayLook&) const = default;
-};
-
 // What the month and the year have in common.
-class CalendarControl {
+class DateControl {
   public:
-    virtual ~CalendarControl() = default;
+    virtual ~DateControl() = default;
 
     [[nodiscard]] virtual std::string Date() const = 0;
 
@@ -76,7 +52,7 @@ class CalendarControl {
     virtual void SetDate(const std::string& date) = 0;
 
     // Makes a style, or changes it.
-    virtual void SetStyleSet(const std::string& name, const DayLook& look) = 0;
+    virtual void SetStyleSet(const std::string& name, const StyleSet& look) = 0;
 
     // Gives a day a style. Refuses an unknown style, and as SetDate() does.
     virtual void SetDayStyle(const std::string& date, const std::string& style) = 0;
@@ -87,7 +63,7 @@ class CalendarControl {
 };
 
 // `SSMonth1`: holds the planner's date, from the year 100 to 9999.
-class MonthControl : public CalendarControl {
+class MonthControl : public DateControl {
   public:
     virtual void Refresh() = 0;
 
@@ -96,7 +72,7 @@ class MonthControl : public CalendarControl {
 };
 
 // `SSYear1`: a quick way to a far date, from the year 101 to 9998.
-class YearControl : public CalendarControl {};
+class YearControl : public DateControl {};
 
 // The main form around the controls.
 class PlannerDesk {

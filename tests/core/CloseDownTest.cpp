@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "platform/Failure.h"
 #include "support/FakeMainForm.h"
 #include "support/FakeTrayIcon.h"
@@ -9,21 +12,48 @@
 namespace velmora {
 namespace {
 
-TEST(CloseDown, RunsOnceAndTakesTheTrayIconAwayEvenAfterAFailure) {
+class CloseDownTest : public ::testing::Test {
+  protected:
+    CloseDownTest() { tray.InitTray(); }
+
     test::FakeMainForm form;
     test::FakeTrayIcon icon;
-    Tray tray(icon, form);
-    tray.InitTray();
-    int ended = 0;
-    CloseDown closeDown(tray, {.endScans = [&ended] {
-                            ++ended;
-                            throw Failure("stop");
-                        }});
-    EXPECT_FALSE(closeDown.done());
-    closeDown.run();
-    closeDown.run();
+    Tray tray{icon, form};
+    std::vector<std::string> log;
+    bool may = true;
+    CloseDown closeDown{tray,
+                        {.commitEditors =
+                             [this] {
+                                 log.push_back("commit");
+                                 throw Failure("locked");
+                             },
+                         .mayClose =
+                             [this] {
+                                 log.push_back("ask");
+                                 return may;
+                             },
+                         .endScans =
+                             [this] {
+                                 log.push_back("end");
+                                 throw Failure("stop");
+                             }}};
+};
+
+TEST_F(CloseDownTest, RunsItsStepsOnceInOrderWhateverFails) {
+    EXPECT_TRUE(closeDown.run());
+    EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "end"}));
+    EXPECT_FALSE(icon.shown);
+}
+
+TEST_F(CloseDownTest, TextThatCouldNotBeSavedKeepsTheProgramGoing) {
+    may = false;
+    EXPECT_FALSE(closeDown.run());
+    EXPECT_FALSE(closeDown.done());
+    EXPECT_TRUE(icon.shown);
+    may = true;
+    EXPECT_TRUE(closeDown.run());
     EXPECT_FALSE(icon.shown);
 }
 

@@ -22,7 +22,12 @@ class StartUpTest : public ::testing::Test {
                          form.log.push_back("letter A of " + state.BookFile);
                          if (failing)
                              throw Failure("no book");
-                     }})
+                     },
+                 .openPlannerDatabase = [this] { form.log.push_back("database"); },
+                 .setDayLimits = [this] { form.log.push_back("limits"); },
+                 .reopenDocument = [this] { form.log.push_back("document"); },
+                 .colourCalendars = [this] { form.log.push_back("colour"); },
+                 .showToday = [this] { form.log.push_back("today"); }})
             .run();
     }
 
@@ -41,8 +46,9 @@ class StartUpTest : public ::testing::Test {
 TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
     run();
     EXPECT_EQ(form.log,
-              (std::vector<std::string>{"watch", "letter A of \\DATAY.QEL", "tick", "font", "font",
-                                        "font", "number", "date", "raise", "show"}));
+              (std::vector<std::string>{"watch", "letter A of \\DATAY.QEL", "database", "tick",
+                                        "font", "font", "font", "number", "date", "limits",
+                                        "document", "raise", "show", "colour", "today"}));
     EXPECT_EQ(icon.tip, "Velmora");
 }
 
@@ -65,7 +71,7 @@ TEST_F(StartUpTest, WithNoSettingsThePlannerShowsAndYellowPagesAreOpen) {
 TEST_F(StartUpTest, AFailingStepStopsNothing) {
     failing = true;
     run();
-    EXPECT_EQ(form.log.back(), "show");
+    EXPECT_EQ(form.log.back(), "today");
 }
 
 TEST_F(StartUpTest, SettingsComeBack) {

@@ -16,11 +16,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-constexpr Colour kBlack{0, 0, 0};
-constexpr Colour kRed{255, 0, 0};
-constexpr Colour kYellow{255, 255, 0};
-constexpr Colour kGreen{0, 255, 0};
-constexpr Colour kCyan{0, 255, 255};
+constexpr Rgb kBlack{0, 0, 0};
+constexpr Rgb kRed{255, 0, 0};
+constexpr Rgb kYellow{255, 255, 0};
+constexpr Rgb kGreen{0, 255, 0};
+constexpr Rgb kCyan{0, 255, 255};
 
 class PlannerTest : public testing::Test, protected test::PlannerFixture {
   protected:
@@ -50,13 +50,13 @@ class PlannerTest : public testing::Test, protected test::PlannerFixture {
 
 TEST_F(PlannerTest, MakesFiveStylesOnEachCalendar) {
     EXPECT_THAT(SSMonth1.looks,
-                ElementsAre(Pair("Event", DayLook{kRed, {}}), Pair("Meeting", DayLook{{}, kYellow}),
-                            Pair("None", DayLook{kBlack, {}}), Pair("Other", DayLook{{}, kCyan}),
-                            Pair("Vacation", DayLook{{}, kGreen})));
+                ElementsAre(Pair("Event", StyleSet{kRed, {}}), Pair("Meeting", StyleSet{{}, kYellow}),
+                            Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
+                            Pair("Vacation", StyleSet{{}, kGreen})));
     EXPECT_THAT(SSYear1.looks,
-                ElementsAre(Pair("Event", DayLook{{}, kRed}), Pair("Meeting", DayLook{{}, kYellow}),
-                            Pair("None", DayLook{kBlack, {}}), Pair("Other", DayLook{{}, kCyan}),
-                            Pair("Vacation", DayLook{{}, kGreen})));
+                ElementsAre(Pair("Event", StyleSet{{}, kRed}), Pair("Meeting", StyleSet{{}, kYellow}),
+                            Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
+                            Pair("Vacation", StyleSet{{}, kGreen})));
 }
 
 TEST_F(PlannerTest, SetsTheLastTimeFirst) {

@@ -72,7 +72,7 @@ class FakeCalendar : public Interface {
         if (onSelection)
             onSelection(date);
     }
-    void SetStyleSet(const std::string& style, const DayLook& look) override {
+    void SetStyleSet(const std::string& style, const StyleSet& look) override {
         looks[style] = look;
     }
     void SetDayStyle(const std::string& text, const std::string& style) override {
@@ -102,7 +102,7 @@ class FakeCalendar : public Interface {
     std::string name;
     std::string date = "03/12/2026";
     std::function<void(const std::string&)> onSelection;
-    std::map<std::string, DayLook> looks;
+    std::map<std::string, StyleSet> looks;
     std::map<std::string, std::string> styles;
     std::vector<std::string>* order = nullptr;  // where each setting of a style is recorded
     int paintings = 0;

@@ -31,7 +31,7 @@ MAY_INCLUDE = {
 # may use core and platform. A form may use its own logic, and through it what that builds on.
 SUBSYSTEMS = {
     "phonebook": [],
-    "planner": ["phonebook", "platform/sqlite"],
+    "planner": ["platform/controls/models", "phonebook", "platform/sqlite"],
     "telephony": ["phonebook"],
     "docpad": ["phonebook"],
     "reports": ["phonebook"],

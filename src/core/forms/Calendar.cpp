@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -33,7 +32,9 @@
 #include "platform/controls/EntryList.h"
 #include "platform/controls/Keypad.h"
 #include "platform/controls/LetterTabs.h"
+#include "platform/controls/PadEdit.h"
 #include "platform/controls/PaneButton.h"
+#include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Theme.h"
@@ -214,6 +215,10 @@ void Calendar::flipCheck1() {
     Check1->toggle();
 }
 
+QPoint Calendar::paneCorner() const {
+    return pages_->mapTo(desk_, QPoint(0, 0));
+}
+
 bool Calendar::dayViewShown() const {
     return parts_.day->isVisible();
 }
@@ -262,8 +267,8 @@ void Calendar::setLastNumber(const std::string& text) {
 }
 
 void Calendar::setFont(FontTarget target, const FontChoice& choice) {
-    QWidget* widget = target == FontTarget::DocPad    ? docPad_->text()
-                      : target == FontTarget::DayView ? parts_.day
+    QWidget* widget = target == FontTarget::DocPad    ? static_cast<QWidget*>(parts_.text)
+                      : target == FontTarget::DayView ? static_cast<QWidget*>(parts_.day)
                                                       : leftColumn_->list();
     QFont font = widget->font();
     if (choice.face)
@@ -271,11 +276,25 @@ void Calendar::setFont(FontTarget target, const FontChoice& choice) {
     if (choice.size && *choice.size > 0)
         font.setPointSizeF(*choice.size);
     widget->setFont(font);
-    if (choice.colour) {
-        QPalette palette = widget->palette();
-        const QColor colour = storedColour(*choice.colour);
-        palette.setColor(QPalette::Text, colour.isValid() ? colour : Theme::of(*widget).ink);
-        widget->setPalette(palette);
+    if (choice.colour)
+        setTextColour(target, storedColour(*choice.colour));
+}
+
+void Calendar::setTextColour(FontTarget target, const QColor& colour) {
+    switch (target) {
+        case FontTarget::DocPad:
+            parts_.text->setInk(colour.isValid() ? std::optional(colour) : std::nullopt);
+            break;
+        case FontTarget::DayView:
+            parts_.day->setTextColor(colour);
+            break;
+        case FontTarget::EntryList: {
+            QPalette palette = leftColumn_->list()->palette();
+            palette.setColor(QPalette::Active, QPalette::Text,
+                             colour.isValid() ? colour : Theme::of(*this).ink);
+            leftColumn_->list()->setPalette(palette);
+            break;
+        }
     }
 }
 
@@ -317,6 +336,7 @@ void Calendar::fillWithDocPad() {
     leftColumn_->hide();
     pages_->hide();
     docPad_->setWide(true);
+    parts_.text->setWideMargins(true);
     desk_->layout()->activate();
     docPad_->text()->setFocus();
 }
@@ -324,6 +344,7 @@ void Calendar::fillWithDocPad() {
 void Calendar::putDocPadBack(const SharedState::Box&) {
     // The layout knows DocPad's place in its column, also when the window has another size now.
     docPad_->setWide(false);
+    parts_.text->setWideMargins(false);
     pages_->show();
     leftColumn_->show();
     desk_->layout()->activate();
@@ -342,8 +363,12 @@ void Calendar::setYearButtonEnabled(bool enabled) {
 }
 
 void Calendar::closeEvent(QCloseEvent* event) {
-    emit closing();
+    if (mayClose_ && !mayClose_()) {
+        event->ignore();
+        return;
+    }
     event->accept();
+    emit closing();
 }
 
 bool Calendar::event(QEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <map>
 #include <string_view>
 
@@ -10,7 +11,6 @@
 
 class QCheckBox;
 class QLabel;
-class QPlainTextEdit;
 class QSplitter;
 class QStackedWidget;
 class QTimer;
@@ -21,9 +21,11 @@ class CommandMenus;
 class DialerPage;
 class DocPadColumn;
 class LeftColumn;
+class PadEdit;
 class PhonebookPage;
 class PlannerPage;
 class Rail;
+class SSDay;
 class StatusBar;
 class ToolStrip;
 
@@ -35,8 +37,8 @@ class Calendar final : public QMainWindow, public MainForm {
   public:
     // The parts of the window that are made outside it.
     struct Parts {
-        QWidget* day;          // SSDay1
-        QPlainTextEdit* text;  // Text4
+        SSDay* day;     // SSDay1
+        PadEdit* text;  // Text4
     };
 
     // `codePage` must outlive the window.
@@ -52,9 +54,15 @@ class Calendar final : public QMainWindow, public MainForm {
     [[nodiscard]] DialerPage& dialerPage() const { return *dialerPage_; }
     [[nodiscard]] DocPadColumn& docPad() const { return *docPad_; }
     [[nodiscard]] StatusBar& status() const { return *statusBar_; }
+    [[nodiscard]] SSDay& day() const { return *parts_.day; }
+    [[nodiscard]] PadEdit& text() const { return *parts_.text; }
 
-    // The desk, on which the year view floats.
+    // The desk, on which the year view floats, and the left top corner of the pane area on it.
     [[nodiscard]] QWidget* desk() const { return desk_; }
+    [[nodiscard]] QPoint paneCorner() const;
+
+    // Asked when the window is to close; false keeps it open. Without it the window just closes.
+    void onCloseRequest(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
 
     // Flips the hidden check box; flipped() follows before this returns.
     void flipCheck1();
@@ -87,7 +95,7 @@ class Calendar final : public QMainWindow, public MainForm {
     void check1Flipped();
     void clockTicked();
 
-    // The window is closing; nothing can keep it open.
+    // The window has been allowed to close.
     void closing();
 
     // The window has been painted for the first time.
@@ -100,6 +108,7 @@ class Calendar final : public QMainWindow, public MainForm {
   private:
     [[nodiscard]] QWidget* makeToolbarRow();
     [[nodiscard]] QWidget* makeDesk();
+    void setTextColour(FontTarget target, const QColor& colour);
     void setTabStops();
     void nameControls();
 
@@ -121,6 +130,7 @@ class Calendar final : public QMainWindow, public MainForm {
     QCheckBox* Check1;  // "Don't Delete -- Required", never shown
     QTimer* Timer1;     // the clock, 500 ms
     std::map<PaneControl, QWidget*> controls_;
+    std::function<bool()> mayClose_;
     bool painted_ = false;
 };
 

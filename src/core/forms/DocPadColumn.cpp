@@ -22,7 +22,8 @@ QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* pare
     auto* button = new QToolButton(parent);
     const Theme& theme = Theme::of(*parent);
     button->setObjectName(QString::fromLatin1(name));
-    button->setIcon(symbolIcon(QString::fromLatin1(name), IconColours{theme.ink2, theme.dis, theme.ink2}));
+    button->setIcon(
+        symbolIcon(QString::fromLatin1(name), IconColours{theme.ink2, theme.dis, theme.ink2}));
     button->setIconSize({18, 18});
     button->setFixedSize(32, 32);
     button->setToolTip(QString::fromLatin1(toolTip));

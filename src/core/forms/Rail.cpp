@@ -51,7 +51,8 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
 
     const Theme& theme = Theme::of(*this);
     Image8->setObjectName(QStringLiteral("Image8"));
-    Image8->setIcon(symbolIcon(QStringLiteral("Image8"), IconColours{theme.danger, theme.dis, theme.danger}));
+    Image8->setIcon(
+        symbolIcon(QStringLiteral("Image8"), IconColours{theme.danger, theme.dis, theme.danger}));
     Image8->setIconSize({32, 32});
     Image8->setFixedSize(56, 44);
     Image8->setAccessibleName(tr("Cancel Print Job"));

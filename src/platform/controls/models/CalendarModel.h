@@ -26,6 +26,8 @@ struct Rgb {
 struct StyleSet {
     std::optional<Rgb> foreColor;
     std::optional<Rgb> backColor;
+
+    friend bool operator==(const StyleSet&, const StyleSet&) = default;
 };
 
 // A key that moves the date of a calendar.

@@ -15,6 +15,8 @@ struct DayTask {
     std::string EndTime;
     std::string text;
     std::string TagVariant;  // a free value; empty for a block that is not stored yet
+
+    friend bool operator==(const DayTask&, const DayTask&) = default;
 };
 
 // The blocks of a day view in the order in which they were added, however their times lie. Indices

@@ -1,0 +1,98 @@
+#include "app/DocPadRoom.h"
+
+#include <QLabel>
+
+#include "core/forms/DocPadColumn.h"
+#include "core/forms/LeftColumn.h"
+#include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
+#include "docpad/forms/DocumentDrag.h"
+#include "platform/ProgramFolder.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/PadEdit.h"
+#include "platform/controls/TrashCan.h"
+
+namespace velmora {
+namespace {
+
+constexpr const char* kReplacedText =
+    "A character that Velmora can not store was replaced by \"?\".";
+
+}  // namespace
+
+void CalendarDocPadView::setTitle(const std::string& text) {
+    calendar_.setDocPadCaption(text);
+    calendar_.docPad().title()->repaint();
+}
+
+bool DroppedLine::available() const {
+    const EntryList* list = calendar_.leftColumn().list();
+    return list->isVisible() && list->hasSelection();
+}
+
+DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries)
+    : world_(world),
+      calendar_(calendar),
+      text_(calendar.text()),
+      view_(calendar),
+      dialog_(world.messages),
+      recovery_(world.codePage.fromUtf8(configurationFolder()), world.files, runningPrograms_),
+      printer_(world.messages),
+      docPad_({text_, view_, dialog_, state, world.messages, world.files, world.settings,
+               calendar.status(), printer_, recovery_}),
+      recoveryTimer_([this] { docPad_.keepForRecovery(); }),
+      search_(text_, world.codePage, world.messages),
+      searchForm_(search_, world.codePage, &calendar),
+      focused_(world.codePage),
+      clipboard_(world.codePage),
+      clipboardCommands_(focused_, clipboard_),
+      textFont_(calendar.text(), world.codePage),
+      fontQuestion_(world.codePage),
+      fontCommand_("DocFont", FontCommand::Keeps::NameSizeAndColour, textFont_, fontQuestion_,
+                   world.settings),
+      phoneLog_(world.locations.programFolder(), world.files, world.clock, world.locale),
+      phoneLogViewer_(phoneLog_, docPad_, view_, dialog_, world.messages),
+      trashPictures_(*calendar.rail().trash()),
+      droppedLine_(calendar, entries),
+      trash_({text_, view_, dialog_, state, world.messages, world.files, world.loop, trashPictures_,
+              droppedLine_}) {
+    connect();
+}
+
+void DocPadRoom::connect() {
+    PadEdit* edit = &calendar_.text();
+    QObject::connect(edit, &PadEdit::textChanged, &recoveryTimer_, &RecoveryTimer::changed);
+    const auto tellReplaced = [this] { calendar_.status().show(kReplacedText); };
+    QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
+    QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
+    new DocumentDrag(*calendar_.docPad().titleIcon());
+    TrashCan* can = calendar_.rail().trash();
+    // Queued: the drag has to be over before a box opens.
+    QObject::connect(
+        can, &TrashCan::entryDropped, &calendar_, [this] { trash_.dropEntry(); },
+        Qt::QueuedConnection);
+    QObject::connect(
+        can, &TrashCan::documentDropped, &calendar_, [this] { trash_.dropDocPad(); },
+        Qt::QueuedConnection);
+}
+
+void DocPadRoom::bindCommands(CommandSet& commands) {
+    commands.bind("newmnu", [this] { docPad_.New(); });
+    commands.bind("openmnu", [this] { docPad_.Open(); });
+    commands.bind("savmnu", [this] { docPad_.Save(); });
+    commands.bind("searchtxtmnu", [this] { searchForm_.present(); });
+    commands.bind("ChfontD", [this] { fontCommand_.change(); });
+    commands.bind("EditCut", [this] { clipboardCommands_.EditCut(); });
+    commands.bind("EditCopy", [this] { clipboardCommands_.EditCopy(); });
+    commands.bind("EditPaste", [this] { clipboardCommands_.EditPaste(); });
+    commands.bind("viewmnu", [this] { phoneLogViewer_.view(); });
+}
+
+bool DocPadRoom::mayClose() {
+    if (!docPad_.mayClose())
+        return false;
+    recoveryTimer_.stop();
+    return true;
+}
+
+}  // namespace velmora

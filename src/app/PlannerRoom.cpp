@@ -1,0 +1,204 @@
+#include "app/PlannerRoom.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+#include <utility>
+
+#include "core/forms/LeftColumn.h"
+#include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
+#include "planner/PlannerDatabase.h"
+#include "platform/Failure.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/PaneButton.h"
+#include "platform/controls/SSDay.h"
+#include "platform/controls/SSMonth.h"
+#include "platform/controls/SSYear.h"
+
+namespace velmora {
+namespace {
+
+std::chrono::year_month_day dateOf(Moment moment) {
+    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
+}
+
+std::chrono::minutes timeOf(Moment moment) {
+    const auto sinceMidnight = moment - std::chrono::floor<std::chrono::days>(moment);
+    return std::chrono::floor<std::chrono::minutes>(sinceMidnight);
+}
+
+}  // namespace
+
+CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
+                                         Schedule& schedule,
+                                         std::function<void(const std::string&)> endProgram)
+    : calendar_(calendar),
+      yearPane_(yearPane),
+      panes_(panes),
+      schedule_(schedule),
+      endProgram_(std::move(endProgram)) {}
+
+void CalendarPlannerDesk::ShowYearPane() {
+    yearPane_.open(calendar_.paneCorner());
+}
+
+void CalendarPlannerDesk::HideYearPane() {
+    yearPane_.hide();
+    calendar_.leftColumn().month()->setFocus();
+}
+
+std::string CalendarPlannerDesk::SelectedLine() const {
+    return calendar_.leftColumn().list()->selectedLine();
+}
+
+PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calendar,
+                         PaneSwitch& panes, const PhonebookStore& phonebook,
+                         std::function<void(const std::string& utf8Text)> endProgram)
+    : world_(world),
+      calendar_(calendar),
+      SSYear1(new SSYear(world.locale, world.codePage, dateOf(world.clock.now()))),
+      Picture6(SSYear1, calendar.desk()),
+      day_(calendar.day()),
+      month_(*calendar.leftColumn().month(), calendar.day()),
+      year_(*SSYear1),
+      scheduleTimes_(scheduleTexts_, world.messages, world.clock),
+      scheduleForm_(scheduleTimes_, &calendar),
+      desk_(calendar, Picture6, panes, scheduleForm_, std::move(endProgram)),
+      opener_(accessReader_, world.messages, world.codePage,
+              [&world](const std::string& path) { return world.files.nativePath(path); }),
+      store_(world.codePage, world.clock,
+             [&world](const std::string& path) { return world.files.nativePath(path); }),
+      planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
+               world.locale),
+      folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
+      scheduling_({state, phonebook, store_, planner_, day_, month_, desk_, scheduleTexts_,
+                   world.messages, world.loop, world.clock, world.locale}) {
+    connectDay();
+    connectCalendars();
+    connectDrops();
+    makeSchedulingMenu();
+    QObject::connect(&scheduleForm_, &Schedule::applied, &calendar_,
+                     [this] { scheduling_.OnApplied(); });
+}
+
+void PlannerRoom::connectDay() {
+    SSDay* day = &calendar_.day();
+    QObject::connect(day, &SSDay::beforeEdit, &calendar_,
+                     [this] { planner_.AlignMonthWithDayOnShow(); });
+    QObject::connect(day, &SSDay::OnTaskEditBegin, &calendar_,
+                     [this](int index, bool exists) { planner_.OnTaskEditBegin(index, exists); });
+    QObject::connect(day, &SSDay::OnTaskEditEnd, &calendar_,
+                     [this](int index, bool keepRefresh, bool save) {
+                         planner_.OnTaskEditEnd(index, keepRefresh, save);
+                     });
+    QObject::connect(day, &SSDay::OnTaskRemove, &calendar_, [this] { planner_.OnTaskRemove(); });
+    QObject::connect(day, &SSDay::pointerMoved, &calendar_,
+                     [this] { planner_.OnDayPointerMoved(); });
+}
+
+void PlannerRoom::connectCalendars() {
+    SSMonth* month = calendar_.leftColumn().month();
+    QObject::connect(month, &SSMonth::selectionChanged, &calendar_,
+                     [this](const std::string& date) {
+                         planner_.OnMonthSelection(date);
+                         showNow();
+                     });
+    QObject::connect(month, &SSMonth::focusEntered, &calendar_,
+                     [this] { planner_.OnMonthGotFocus(); });
+    QObject::connect(month, &SSMonth::focusLeft, &calendar_,
+                     [this] { planner_.OnMonthLostFocus(); });
+    QObject::connect(SSYear1, &SSYear::selectionChanged, &calendar_,
+                     [this](const std::string& date) { planner_.OnYearSelection(date); });
+    QObject::connect(SSYear1, &SSYear::doubleClicked, &calendar_,
+                     [this] { planner_.OnYearDoubleClick(); });
+    QObject::connect(SSYear1, &SSYear::captionClicked, &calendar_,
+                     [this] { planner_.OnYearCaptionClick(); });
+    QObject::connect(calendar_.leftColumn().yearButton(), &QPushButton::clicked, &calendar_,
+                     [this] {
+                         commitEditors();
+                         planner_.OpenYear();
+                     });
+}
+
+void PlannerRoom::connectDrops() {
+    SSMonth* month = calendar_.leftColumn().month();
+    QObject::connect(
+        month, &SSMonth::dropped, &calendar_, [this](const QPoint& point, const QByteArray& entry) {
+            commitEditors();
+            const bool selected = !entry.isNull() && entry.toStdString() == desk_.SelectedLine();
+            if (planner_.OnMonthDrop(point.x(), point.y(), selected))
+                popUpSchedulingMenu();
+        });
+    for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
+        QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped, &calendar_,
+                         [this] { popUpSchedulingMenu(); });
+}
+
+void PlannerRoom::makeSchedulingMenu() {
+    // In the menu bar, though never seen there, so that assistive tools find its items.
+    Chmenu = new QMenu(calendar_.menuBar());
+    Chmenu->setObjectName(QStringLiteral("Chmenu"));
+    calendar_.menuBar()->addMenu(Chmenu);
+    Chmenu->menuAction()->setVisible(false);
+    for (const ScheduleCommandInfo& info : kScheduleCommands) {
+        QAction* item = Chmenu->addAction(QString::fromLatin1(info.caption));
+        item->setObjectName(QString::fromLatin1(info.menu));
+        QObject::connect(item, &QAction::triggered, &calendar_,
+                         [this, &info] { scheduling_.Start(info.command); });
+    }
+}
+
+void PlannerRoom::popUpSchedulingMenu() {
+    // Queued: the drag has to be over before the menu takes the pointer.
+    QTimer::singleShot(0, &calendar_, [this] { Chmenu->popup(QCursor::pos()); });
+}
+
+void PlannerRoom::bindCommands(CommandSet& commands) {
+    commands.bind("totoday", [this] {
+        commitEditors();
+        planner_.GoToToday();
+    });
+}
+
+void PlannerRoom::openDatabase() {
+    // A folder that Velmora begins to keep data in gets its two databases, once.
+    const std::string& folder = world_.locations.programFolder();
+    const std::string planner = world_.files.nativePath(folder + kPlannerDatabaseFile);
+    const std::string blank = world_.files.nativePath(folder + kBlankDatabaseFile);
+    if (kindOfDatabase(planner) == DatabaseKind::Missing &&
+        kindOfDatabase(blank) == DatabaseKind::Missing) {
+        ignoringErrors([&] { layDownDatabase(planner); });
+        ignoringErrors([&] { layDownDatabase(blank); });
+    }
+    folder_.OpenAtStart();
+}
+
+void PlannerRoom::colourCalendars() {
+    planner_.SetCalendarStyleSets();
+    planner_.UpdateDays();
+}
+
+void PlannerRoom::commitEditors() {
+    calendar_.day().commitEditor();
+}
+
+void PlannerRoom::tick() {
+    const auto today = dateOf(world_.clock.now());
+    SSMonth* month = calendar_.leftColumn().month();
+    if (month->today() != today) {
+        month->setToday(today);
+        SSYear1->setToday(today);
+    }
+    showNow();
+}
+
+void PlannerRoom::showNow() {
+    const Moment now = world_.clock.now();
+    const bool todayShown = calendar_.leftColumn().month()->date() == dateOf(now);
+    calendar_.day().setNow(todayShown ? std::optional(timeOf(now)) : std::nullopt);
+}
+
+}  // namespace velmora

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/PlannerAdapters.h"
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/PaneSwitch.h"
+#include "core/SharedState.h"
+#include "core/forms/Calendar.h"
+#include "phonebook/PhonebookStore.h"
+#include "planner/AppointmentStore.h"
+#include "planner/Planner.h"
+#include "planner/PlannerControls.h"
+#include "planner/PlannerFolder.h"
+#include "planner/PlannerOpener.h"
+#include "planner/ScheduleTimes.h"
+#include "planner/Scheduling.h"
+#include "planner/forms/Schedule.h"
+#include "planner/forms/YearPane.h"
+#include "platform/access/ChildAccessReader.h"
+
+class QMenu;
+
+namespace velmora {
+
+class SSYear;
+
+// The main form around the planner's controls.
+class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
+  public:
+    // All must outlive the desk. `endProgram` shows a failure and closes the program.
+    CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
+                        Schedule& schedule, std::function<void(const std::string&)> endProgram);
+
+    void SetLongDate(const std::string& text) override { calendar_.setDateLine(text); }
+    void ShowYearPane() override;
+    void HideYearPane() override;
+    void CloseWeekAtAGlance() override {}  // there is no such form yet
+
+    void ShowPlannerPane() override { panes_.show(Pane::Planner); }
+    void OpenSchedule() override { schedule_.present(); }
+    [[nodiscard]] std::string SelectedLine() const override;
+    void SetCurrentEntry(const PhonebookRecord&) override {}  // nothing reads it yet
+    void EndProgram(const std::string& utf8Text) override { endProgram_(utf8Text); }
+
+  private:
+    Calendar& calendar_;
+    YearPane& yearPane_;
+    PaneSwitch& panes_;
+    Schedule& schedule_;
+    std::function<void(const std::string&)> endProgram_;
+};
+
+// Builds the planner and connects it with the main window.
+class PlannerRoom {
+  public:
+    // All must outlive the room.
+    PlannerRoom(World& world, const SharedState& state, Calendar& calendar, PaneSwitch& panes,
+                const PhonebookStore& phonebook,
+                std::function<void(const std::string& utf8Text)> endProgram);
+
+    void bindCommands(CommandSet& commands);
+
+    // Steps of the start-up list.
+    void openDatabase();
+    void setDayLimits() { planner_.SetTimeLimits(); }
+    void colourCalendars();
+    void showToday() { planner_.GoToToday(); }
+
+    // Stores what is being typed into the day view.
+    void commitEditors();
+
+    // Twice a second: moves the line of the present time, and today's mark at midnight.
+    void tick();
+
+  private:
+    void connectDay();
+    void connectCalendars();
+    void connectDrops();
+    void makeSchedulingMenu();
+    void popUpSchedulingMenu();
+    void showNow();
+
+    World& world_;
+    Calendar& calendar_;
+    SSYear* SSYear1;  // the year
+    YearPane Picture6;
+
+    DayAdapter day_;
+    MonthAdapter month_;
+    YearAdapter year_;
+    ScheduleTexts scheduleTexts_;
+    ScheduleTimes scheduleTimes_;
+    Schedule scheduleForm_;
+    CalendarPlannerDesk desk_;
+
+    access::ChildAccessReader accessReader_;
+    PlannerOpener opener_;
+    AppointmentStore store_;
+    Planner planner_;
+    PlannerFolder folder_;
+    Scheduling scheduling_;
+    QMenu* Chmenu = nullptr;  // the nine scheduling commands
+};
+
+}  // namespace velmora
