@@ -12,7 +12,7 @@
 
 #include "platform/Failure.h"
 #include "platform/controls/CalendarAccessibility.h"
-#include "platform/controls/EntryMime.h"
+#include "platform/controls/DragFormats.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -147,7 +147,7 @@ TEST_F(SSMonthTest, KeysMoveTheDate) {
 
 TEST_F(SSMonthTest, ADropReportsThePointAndTheEntry) {
     QMimeData entry;
-    entry.setData(kEntryMimeType, "Bellweather, Adrian");
+    entry.setData(kEntryFormat, "Bellweather, Adrian");
     drop(centreOf(year(2026) / 3 / 20), entry);
     ASSERT_EQ(drops.size(), 1U);
     EXPECT_EQ(drops[0].date, year(2026) / 3 / 20);
@@ -161,7 +161,7 @@ TEST_F(SSMonthTest, ADropOfSomethingElseAndADropBesideTheDaysAreReportedToo) {
     text.setText(QStringLiteral("Bellweather, Adrian"));
     drop(centreOf(year(2026) / 3 / 20), text);
     QMimeData entry;
-    entry.setData(kEntryMimeType, "");
+    entry.setData(kEntryFormat, "");
     drop(QPoint(10, 5), entry);
     ASSERT_EQ(drops.size(), 2U);
     EXPECT_TRUE(drops[0].entry.isNull());
@@ -173,7 +173,7 @@ TEST_F(SSMonthTest, TheCellUnderADragIsMarkedUntilTheDragLeaves) {
     const year_month_day date = year(2026) / 3 / 25;
     const QPoint beside = centreOf(date) - QPoint(10, 8);
     QMimeData data;
-    data.setData(kEntryMimeType, "x");
+    data.setData(kEntryFormat, "x");
     QDragEnterEvent enter(centreOf(date), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&month, &enter);
     EXPECT_TRUE(enter.isAccepted());

@@ -93,7 +93,7 @@ void EntryCard::paintEvent(QPaintEvent*) {
     layout_.paint(painter, top, top + height());
     painter.restore();
     if (focus_.shown(hasFocus()))
-        drawRing(painter, QRectF(rect()).adjusted(kEdge, 0, 0, 0), kRadius, theme.accent);
+        drawFocusRing(painter, QRectF(rect()).adjusted(kEdge, 0, 0, 0), kRadius, theme.accent);
 }
 
 void EntryCard::resizeEvent(QResizeEvent*) {

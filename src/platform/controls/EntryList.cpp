@@ -187,9 +187,10 @@ void EntryList::paintEvent(QPaintEvent* event) {
     const Theme& theme = Theme::of(*this);
     QPainter painter(viewport());
     if (!index.isValid())
-        drawRing(painter, viewport()->rect(), kRowRadius, theme.accent);
+        drawFocusRing(painter, viewport()->rect(), kRowRadius, theme.accent);
     else
-        drawRing(painter, visualRect(index), kRowRadius, hasSelection() ? theme.ink : theme.accent);
+        drawFocusRing(painter, visualRect(index), kRowRadius,
+                      hasSelection() ? theme.ink : theme.accent);
 }
 
 void EntryList::startDrag(Qt::DropActions actions) {

@@ -33,16 +33,21 @@ class KeyboardFocus {
     bool byKeyboard_ = false;
 };
 
-// A ring of `width` inside the edge of `rect`.
-inline void drawRing(QPainter& painter, const QRectF& rect, qreal radius, const QColor& colour,
-                     qreal width = 2, Qt::PenStyle style = Qt::SolidLine) {
-    const qreal half = width / 2;
+// A ring 2 px thick inside the edge of `rect`.
+inline void drawFocusRing(QPainter& painter, const QRectF& rect, qreal radius, const QColor& colour,
+                          Qt::PenStyle style = Qt::SolidLine) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, width, style));
+    painter.setPen(QPen(colour, 2, style));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), radius - half, radius - half);
+    painter.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
     painter.restore();
+}
+
+// The same dashed, around what a drag can be dropped on.
+inline void drawDropRing(QPainter& painter, const QRectF& rect, qreal radius,
+                         const QColor& colour) {
+    drawFocusRing(painter, rect, radius, colour, Qt::DashLine);
 }
 
 // A filled shape with an outline of 1 px inside the edge of `rect`.

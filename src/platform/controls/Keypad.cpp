@@ -85,7 +85,7 @@ void KeypadKey::paintEvent(QPaintEvent*) {
     painter.setPen(isEnabled() ? theme.ink : theme.dis);
     painter.drawText(rect(), Qt::AlignCenter, text());
     if (focusShown())
-        drawRing(painter, rect(), kRadius, theme.accent);
+        drawFocusRing(painter, rect(), kRadius, theme.accent);
 }
 
 Keypad::Keypad(QWidget* parent) : QWidget(parent) {

@@ -82,8 +82,8 @@ void LetterTab::paintEvent(QPaintEvent*) {
     painter.setPen(ink);
     painter.drawText(rect().adjusted(inset(), 0, 0, 0), Qt::AlignCenter, text());
     if (focusShown())
-        drawRing(painter, QRectF(rect()).adjusted(inset(), 0, 0, 0), kRadius,
-                 current ? theme.ink : theme.accent);
+        drawFocusRing(painter, QRectF(rect()).adjusted(inset(), 0, 0, 0), kRadius,
+                      current ? theme.ink : theme.accent);
 }
 
 LetterTabs::LetterTabs(const QString& tabName, QWidget* parent) : QWidget(parent) {

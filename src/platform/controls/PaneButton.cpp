@@ -80,7 +80,7 @@ void PaneButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (dropTarget_) {
         drawPanel(painter, rect(), kRadius, theme.tint, theme.tint);
-        drawRing(painter, rect(), kRadius, theme.accent, 2, Qt::DashLine);
+        drawDropRing(painter, rect(), kRadius, theme.accent);
     } else if (raised_) {
         // The bottom edge is darker, as if the button stood above the rail.
         drawPanel(painter, rect(), kRadius, theme.surface, theme.line2);
@@ -94,7 +94,7 @@ void PaneButton::paintEvent(QPaintEvent*) {
     painter.drawPixmap((width() - kIcon) / 2, kIconTop,
                        symbolPixmap(symbol_, {kIcon, kIcon}, devicePixelRatioF(), inkOf(*this)));
     if (focusShown())
-        drawRing(painter, rect(), kRadius, theme.accent);
+        drawFocusRing(painter, rect(), kRadius, theme.accent);
 }
 
 void PaneButton::setDropTarget(bool target) {

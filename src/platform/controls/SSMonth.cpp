@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "platform/controls/CalendarAccessibility.h"
-#include "platform/controls/EntryMime.h"
+#include "platform/controls/DragFormats.h"
 #include "platform/controls/Painting.h"
 #include "platform/qt/Theme.h"
 
@@ -265,7 +265,7 @@ void SSMonth::dragLeaveEvent(QDragLeaveEvent*) {
 }
 
 void SSMonth::dropEvent(QDropEvent* event) {
-    const QString format = QString::fromLatin1(kEntryMimeType);
+    const QString format = QString::fromLatin1(kEntryFormat);
     const QMimeData& carried = *event->mimeData();
     QByteArray entry;
     if (carried.hasFormat(format)) {

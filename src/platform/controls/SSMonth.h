@@ -42,7 +42,7 @@ class SSMonth final : public CalendarControl {
 
   signals:
     // Something was dropped at `point`, also where no date is. `entry` is the data of
-    // kEntryMimeType, and null when something else was dropped.
+    // kEntryFormat, and null when something else was dropped.
     void dropped(const QPoint& point, const QByteArray& entry);
 
   protected:

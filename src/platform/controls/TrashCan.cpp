@@ -59,7 +59,7 @@ void TrashCan::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (dropTarget_) {
         drawPanel(painter, rect(), kRadius, theme.dangertint, theme.dangertint);
-        drawRing(painter, rect(), kRadius, theme.danger, 2, Qt::DashLine);
+        drawDropRing(painter, rect(), kRadius, theme.danger);
     }
     painter.drawPixmap((width() - kIcon) / 2, (height() - kIcon) / 2,
                        symbolPixmap(symbolOf(look_), {kIcon, kIcon}, devicePixelRatioF(),
