@@ -1,6 +1,7 @@
 #include "platform/controls/SSDay.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QMenu>
@@ -9,6 +10,7 @@
 #include <QPainterPath>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 
 #include "platform/Format.h"
 #include "platform/Text.h"
@@ -68,6 +70,13 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
     watchFocus();
 }
 
+// The editor and the bar die after this object's own members; nothing they report may come here.
+SSDay::~SSDay() {
+    disconnect(qApp, nullptr, this, nullptr);
+    disconnect(editor_, nullptr, this, nullptr);
+    disconnect(scroll_, nullptr, this, nullptr);
+}
+
 // --- What callers set ---
 
 int SSDay::SelectedIndex() const {
@@ -95,6 +104,7 @@ void SSDay::Refresh() {
 
 void SSDay::setTextColor(const QColor& color) {
     textColor_ = color;
+    drawn_.clear();
     update();
 }
 
@@ -110,6 +120,7 @@ void SSDay::setReadOnly(bool readOnly) {
     commitEditor();
     select(-1);
     readOnly_ = readOnly;
+    drawn_.clear();
     Refresh();
     placeScrollBar();
     updateGeometry();
@@ -150,6 +161,8 @@ const std::vector<SSDay::Block>& SSDay::blocks() const {
 
 void SSDay::layOut() const {
     stale_ = false;
+    if (drawn_.size() > 2 * static_cast<std::size_t>(tasks_.Count()))
+        drawn_.clear();  // most of them of blocks that are gone
     std::vector<TimeSpan> spans;
     for (int i = 0; i < tasks_.Count(); ++i)
         spans.push_back(column_.spanOf(tasks_.Item(i)));
@@ -175,10 +188,6 @@ void SSDay::layOut() const {
     scroll_->setPageStep(geometry.paper.height());
     scroll_->setSingleStep(slotHeight());
     scroll_->setValue(value);
-}
-
-QRect SSDay::frame() const {
-    return rect();
 }
 
 int SSDay::captionHeight() const {
@@ -207,7 +216,7 @@ minutes SSDay::shortestDrawn() const {
 }
 
 DayGeometry SSDay::geometryNow() const {
-    return {.paper = frame().adjusted(1, 1 + captionHeight(), -1, -1),
+    return {.paper = rect().adjusted(1, 1 + captionHeight(), -1, -1),
             .gutter = gutterWidth(),
             .slotHeight = slotHeight(),
             .blockMargin = readOnly_ ? 6 : 16,
@@ -317,74 +326,114 @@ DayPainter::Look SSDay::look() const {
             .small = readOnly_};
 }
 
+// The round corners of the frame take a clip that is slow to paint through, so only the strips at
+// the upper and the lower edge pay for it.
 void SSDay::paintEvent(QPaintEvent* event) {
     (void)blocks();
     QPainter painter(this);
-    const QRect paper = geometryNow().paper;
-    const QRegion region = event->region() & paper;
-    const QRect away = frame().adjusted(8, 8, -8, -8);
-    if (away.contains(event->rect())) {
-        painter.setClipRegion(region);
-        paintPaper(painter, region);
-        return;
+    const QRect paper = geometryNow().paper & event->rect();
+    const int strip = static_cast<int>(kFrameRadius);
+    const QRect middle = paper & rect().adjusted(0, strip, 0, -strip);
+    if (!middle.isEmpty()) {
+        painter.setClipRect(middle);
+        paintPaper(painter, middle);
     }
     QPainterPath inside;
-    inside.addRoundedRect(frame(), kFrameRadius, kFrameRadius);
-    painter.setClipPath(inside);
-    paintFrame(painter);
-    if (!region.isEmpty()) {
-        painter.setClipRegion(region, Qt::IntersectClip);
-        paintPaper(painter, region);
+    inside.addRoundedRect(rect(), kFrameRadius, kFrameRadius);
+    for (const QRect& edge :
+         {QRect(0, 0, width(), strip), QRect(0, height() - strip, width(), strip)}) {
+        if (!edge.intersects(event->rect()))
+            continue;
+        painter.setClipPath(inside);
+        painter.setClipRect(edge, Qt::IntersectClip);
+        painter.fillRect(edge, Theme::of(*this).surface);
+        if (const QRect part = edge & paper; !part.isEmpty())
+            paintPaper(painter, part);
     }
     painter.setClipping(false);
-    drawRing(painter, frame(), 1, kFrameRadius, Theme::of(*this).edge);
+    paintFrame(painter);
 }
 
 void SSDay::paintFrame(QPainter& painter) const {
-    if (caption_.empty())
-        return;
     const Theme& theme = Theme::of(*this);
-    const QRect row(0, 0, width(), 1 + captionHeight());
-    painter.fillRect(row, theme.chrome);
-    drawHorizontal(painter, 0, width(), row.bottom(), theme.line);
-    painter.setFont(captionFontSet_ ? captionFont_ : font());
-    painter.setPen(theme.ink);
-    const QRect room = row.adjusted(6, 1, -6, -1);
-    painter.drawText(
-        room, Qt::AlignCenter,
-        painter.fontMetrics().elidedText(toQt(caption_, codePage_), Qt::ElideRight, room.width()));
+    if (!caption_.empty()) {
+        const QRect row(0, 0, width(), 1 + captionHeight());
+        QPainterPath inside;
+        inside.addRoundedRect(rect(), kFrameRadius, kFrameRadius);
+        painter.setClipPath(inside);
+        painter.fillRect(row, theme.chrome);
+        painter.setClipping(false);
+        drawHorizontal(painter, 0, width(), row.bottom(), theme.line);
+        painter.setFont(captionFontSet_ ? captionFont_ : font());
+        painter.setPen(theme.ink);
+        const QRect room = row.adjusted(6, 1, -6, -1);
+        painter.drawText(room, Qt::AlignCenter,
+                         painter.fontMetrics().elidedText(toQt(caption_, codePage_), Qt::ElideRight,
+                                                          room.width()));
+    }
+    drawRing(painter, rect(), 1, kFrameRadius, theme.edge);
 }
 
-void SSDay::paintPaper(QPainter& painter, const QRegion& region) const {
+void SSDay::paintPaper(QPainter& painter, const QRect& area) const {
     const DayGeometry geometry = geometryNow();
     const DayPainter::Look look = this->look();
     const DayPainter paint(painter, geometry, look);
-    paint.paper(region);
-    paintBlocks(paint, region);
+    paint.paper(area);
+    paintBlocks(painter, paint, area);
     paintOverlays(paint);
 }
 
-void SSDay::paintBlocks(const DayPainter& paint, const QRegion& region) const {
+void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const QRect& area) const {
     const int dragged = drag_ && drag_->begun ? tasks_.indexOf(drag_->id) : -1;
     const int selected = SelectedIndex();
-    std::vector<ShownBlock> withBars;
+    std::vector<ShownBlock> strong;
     for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
-        ShownBlock block = blocks_[static_cast<std::size_t>(i)].shown;
-        if (i == dragged)
-            block.place = draggedPlace();
-        if (!region.intersects(reachOf(block.place)))
+        const Block& known = blocks_[static_cast<std::size_t>(i)];
+        if (!area.intersects(reachOf(i == dragged ? draggedPlace() : known.shown.place)))
             continue;
+        ShownBlock block = known.shown;
         block.selected = i == selected;
         block.hovered = i == hovered_;
-        if (i == dragged)
+        if (i == dragged) {
+            block.place = draggedPlace();
             block.times =
                 shownTime(drag_->now.begin) + QString::fromUtf16(kDash) + shownTime(drag_->now.end);
-        paint.block(block);
-        if (!edit_ || i != selected)
-            withBars.push_back(block);
+            paint.block(block, geometryNow().blockRect(block.place));
+        } else {
+            paintBlock(painter, paint, known.id, block);
+        }
+        if ((block.selected || block.hovered) && !edit_ && !readOnly_)
+            strong.push_back(block);
     }
-    for (const ShownBlock& block : withBars)
-        paint.bars(block);
+    for (const ShownBlock& block : strong)
+        paint.strongBars(block);
+}
+
+// Blocks are drawn once and then copied: shaping their texts is most of the work of a full day.
+void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, DayTasks::Id id,
+                       const ShownBlock& block) const {
+    const QRect rect = geometryNow().blockRect(block.place);
+    const qreal ratio = painter.device()->devicePixelRatio();
+    const bool wholePixels = std::floor(ratio) == ratio;
+    if (!wholePixels) {
+        paint.block(block, rect);
+        return;
+    }
+    Drawn& drawn = drawn_[id];
+    const bool fits = drawn.pixmap.size() == rect.size() * ratio &&
+                      drawn.shown.selected == block.selected &&
+                      drawn.shown.hovered == block.hovered && drawn.shown.text == block.text &&
+                      drawn.shown.times == block.times;
+    if (!fits) {
+        drawn = {QPixmap(rect.size() * ratio), block};
+        drawn.pixmap.setDevicePixelRatio(ratio);
+        drawn.pixmap.fill(Qt::transparent);
+        QPainter onPixmap(&drawn.pixmap);
+        const DayGeometry geometry = geometryNow();
+        const DayPainter::Look look = this->look();
+        DayPainter(onPixmap, geometry, look).block(block, QRect(QPoint(0, 0), rect.size()));
+    }
+    painter.drawPixmap(rect.topLeft(), drawn.pixmap);
 }
 
 void SSDay::paintOverlays(const DayPainter& paint) const {
@@ -434,11 +483,16 @@ void SSDay::hideEvent(QHideEvent* event) {
 
 void SSDay::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::FontChange || editor_ == nullptr)
-        return;
-    editor_->setFont(blockFont());
-    Refresh();
-    updateGeometry();
+    if (editor_ == nullptr)
+        return;  // told by the base class while this object is being built
+    if (event->type() == QEvent::FontChange) {
+        editor_->setFont(blockFont());
+        updateGeometry();
+    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+        drawn_.clear();
+        Refresh();
+    }
 }
 
 // --- For assistive tools ---
