@@ -29,6 +29,10 @@ QFont DayPainter::gutterFont(const QFont& font, bool small) {
     return sized(font, small ? 8.25 : 9);
 }
 
+QString DayPainter::dash() {
+    return QStringLiteral(u" \u2013 ");
+}
+
 QString DayPainter::unbreakable(QString text) {
     for (qsizetype i = 1; i < text.size(); ++i) {
         const bool betweenDigits = text[i] == QLatin1Char('-') && text[i - 1].isDigit() &&

@@ -16,9 +16,9 @@ namespace velmora {
 
 // A block as it is shown.
 struct ShownBlock {
-    PlacedBlock place;
-    QString text;   // lines end in LF
-    QString times;  // "9:30 AM - 10:30 AM" with a dash between
+    PlacedBlock place{};
+    QString text{};   // lines end in LF
+    QString times{};  // "9:30 AM - 10:30 AM" with a dash between
     bool selected = false;
     bool hovered = false;
 };
@@ -57,6 +57,9 @@ class DayPainter {
     // Text of a block so that no phone number breaks: the hyphen between digits and the blank
     // behind ")" become ones that do not break.
     [[nodiscard]] static QString unbreakable(QString text);
+
+    // What stands between two times.
+    [[nodiscard]] static QString dash();
 
     [[nodiscard]] static QFont gutterFont(const QFont& font, bool small);
 
