@@ -1,0 +1,83 @@
+#include "phonebook/EntryCard.h"
+
+#include <initializer_list>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+class Card {
+  public:
+    explicit Card(RecordView record) : record_(record) {}
+
+    Card& add(std::string_view text) {
+        text_ += text;
+        return *this;
+    }
+    Card& add(Field field) { return add(record_.text(field)); }
+    void endLine() { text_ += kLineEnd; }
+
+    [[nodiscard]] bool hasAny(std::initializer_list<Field> fields) const {
+        for (const Field field : fields)
+            if (!record_.isEmpty(field))
+                return true;
+        return false;
+    }
+
+    [[nodiscard]] std::string take() { return std::move(text_); }
+
+  private:
+    RecordView record_;
+    std::string text_;
+};
+
+void addName(Card& card) {
+    if (!card.hasAny({Field::Last})) {
+        card.add(Field::Company).endLine();
+        return;
+    }
+    card.add(Field::Title).add(" ").add(Field::First).add(" ").add(Field::Last);
+    card.add("    Spouse: ").add(Field::Spouse).endLine();
+    card.add(Field::Position).add(" ").add(Field::Company).endLine();
+}
+
+void addAddress(Card& card) {
+    if (card.hasAny({Field::Address1, Field::Address2}))
+        card.add(Field::Address1).add(" , ").add(Field::Address2).endLine();
+    if (card.hasAny({Field::Address3, Field::Address4, Field::PostalCode})) {
+        card.add(Field::Address3).add(" ").add(Field::Address4).add(" ");
+        card.add(Field::PostalCode).endLine();
+    }
+    card.add(Field::Country).endLine();
+}
+
+void addNumbers(Card& card) {
+    if (card.hasAny({Field::Phone, Field::WorkPhone, Field::Fax})) {
+        card.add("H: ").add(Field::Phone).add("    W: ").add(Field::WorkPhone);
+        card.add("    F: ").add(Field::Fax).endLine();
+    }
+    if (card.hasAny({Field::Pager, Field::OtherPhone, Field::EMail})) {
+        card.add("P: ").add(Field::Pager).add("    O: ").add(Field::OtherPhone);
+        card.add("    Em: ").add(Field::EMail).endLine();
+    }
+}
+
+}  // namespace
+
+std::string entryCard(RecordView record) {
+    Card card(record);
+    addName(card);
+    addAddress(card);
+    addNumbers(card);
+    card.add(Field::Custom1).add("          ").add(Field::Custom2).endLine();
+    card.add(Field::Class).endLine();
+    card.add(Field::Memo);
+    std::string text = card.take();
+    if (const std::size_t ampersand = text.find('&'); ampersand != std::string::npos)
+        text[ampersand] = '+';
+    return text;
+}
+
+}  // namespace velmora

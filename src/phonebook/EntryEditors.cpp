@@ -1,0 +1,140 @@
+#include "phonebook/EntryEditors.h"
+
+#include <utility>
+
+#include "platform/Failure.h"
+#include "platform/Text.h"
+
+namespace velmora {
+namespace {
+
+bool hasComma(const std::string& text) {
+    return text.find(',') != std::string::npos;
+}
+
+std::string customCaption(const SettingsStore& settings, const char* key, const char* fallback) {
+    const std::string setting = settings.Read(key);
+    const std::string_view chosen = trimBlanks(setting);
+    return chosen.empty() ? fallback : std::string(chosen) + ":";
+}
+
+PhonebookRecord recordOf(const EntryValues& values) {
+    PhonebookRecord record;
+    for (std::size_t i = 0; i < kFieldCount; ++i)
+        record.assign(static_cast<Field>(i), values.fields[i]);
+    if (values.justCompany)
+        for (const Field field : {Field::Title, Field::First, Field::Last})
+            record.assign(field, "");
+    return record;
+}
+
+}  // namespace
+
+CheckedEntryEditor::CheckedEntryEditor(const EntryEditorParts& parts)
+    : parts_(parts), bookFile_(parts.state.BookFile) {}
+
+std::string CheckedEntryEditor::custom1Caption() const {
+    return customCaption(parts_.settings, "Custom1", "Custom1:");
+}
+
+std::string CheckedEntryEditor::custom2Caption() const {
+    return customCaption(parts_.settings, "Custom2", "Custom2");
+}
+
+EntryEditor::Outcome CheckedEntryEditor::apply(const EntryValues& values) {
+    if (refused(values))
+        return Outcome::Refused;
+    const PhonebookRecord record = recordOf(values);
+    if (!write(record))
+        return values.justCompany ? Outcome::RefusedNamesCleared : Outcome::Refused;
+    showEntry(record);
+    return Outcome::Written;
+}
+
+void CheckedEntryEditor::closed() {
+    parts_.state.EntryChangeMode = 0;
+}
+
+// The texts count as they were typed: a blank is one.
+bool CheckedEntryEditor::refused(const EntryValues& values) const {
+    const auto refuse = [&](const char* title, const char* text) {
+        parts_.messages.warn(title, text);
+        return true;
+    };
+    const bool company = values.justCompany;
+    if (!company && (hasComma(values[Field::First]) || hasComma(values[Field::Last])))
+        return refuse("No Commas",
+                      "No commas (,) can be used in the first name or last name fields.");
+    if (company && hasComma(values[Field::Company]))
+        return refuse("No Commas",
+                      "No commas (,) can be used in the company name field for entries that are "
+                      "just company listings.");
+    if (!company && (values[Field::First].empty() || values[Field::Last].empty()))
+        return refuse(
+            "Incomplete Entry",
+            "You must enter a first and last name, or click the Just a Company checkbox.");
+    if (company && values[Field::Company].empty())
+        return refuse("Incomplete Entry",
+                      "You must complete the Company name text box in order to save this record.");
+    return false;
+}
+
+// The entry is written: what fails from here on must not keep the form open.
+void CheckedEntryEditor::showEntry(const PhonebookRecord& record) {
+    try {
+        parts_.state.PendingLetter = static_cast<std::int16_t>(parts_.store.BucketOf(record));
+        parts_.view.reload();
+        parts_.flipCheck1();
+    } catch (const Failure& failure) {
+        parts_.state.PendingLetter = 0;
+        parts_.messages.standardError(failure.what());
+    }
+}
+
+std::string NewEntryEditor::caption() const {
+    return "Add Entry";
+}
+
+std::string NewEntryEditor::applyCaption() const {
+    return "&Add Entry";
+}
+
+EntryValues NewEntryEditor::load() {
+    return {};
+}
+
+bool NewEntryEditor::write(const PhonebookRecord& record) {
+    return parts_.writer.add(bookFile_, record);
+}
+
+ChangeEntryEditor::ChangeEntryEditor(const EntryEditorParts& parts, std::string line)
+    : CheckedEntryEditor(parts), line_(std::move(line)) {}
+
+std::string ChangeEntryEditor::caption() const {
+    return "Edit Entry";
+}
+
+std::string ChangeEntryEditor::applyCaption() const {
+    return "&Keep Changes";
+}
+
+EntryValues ChangeEntryEditor::load() {
+    EntryValues values;
+    const OpenBook book = parts_.store.Open(bookFile_);
+    PhonebookRecord record;
+    if (const auto number = book.FindByListLine(line_))
+        (void)book.ReadAt(*number, record);
+    for (std::size_t i = 0; i < kFieldCount; ++i)
+        values.fields[i] = record.text(static_cast<Field>(i));
+    values.justCompany = values[Field::First].empty() && values[Field::Last].empty();
+    return values;
+}
+
+bool ChangeEntryEditor::write(const PhonebookRecord& record) {
+    if (parts_.writer.change(bookFile_, line_, record) == EntryWriter::ChangeResult::Written)
+        return true;
+    parts_.messages.warn("Already Exists", "This entry already exists.");
+    return false;
+}
+
+}  // namespace velmora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/SharedState.h"
+#include "phonebook/PhonebookPane.h"
+#include "phonebook/PhonebookStore.h"
+
+namespace velmora {
+
+// Shows one letter of one book. Nothing is kept: each operation reads the book anew, and they
+// throw Failure when it can not be read; the list is empty then, and letter and book are as asked.
+class LetterView {
+  public:
+    // All must outlive the view.
+    LetterView(SharedState& state, const PhonebookStore& store, PhonebookPane& pane)
+        : state_(state), store_(store), pane_(pane) {}
+
+    // Goes to a letter tab, 0 to 26.
+    void LetterClick(int index);
+
+    // Adds the entries of the letter in use. Clears nothing.
+    void LoadLetter();
+
+    // Shows the selected entry; no details when it is gone.
+    void ListClick();
+
+    // Goes to kYellowPages or kWhitePages and keeps the letter.
+    void SelectBook(std::int16_t kind);
+
+    // Empties list and details and loads the letter again.
+    void reload();
+
+    // What a closed dialog asked for with PendingBook and PendingLetter, in this order; to be
+    // called when the hidden check box flips, either way. Letter 0 can not be asked for.
+    void runPendingMoves();
+
+  private:
+    SharedState& state_;
+    const PhonebookStore& store_;
+    PhonebookPane& pane_;
+};
+
+}  // namespace velmora

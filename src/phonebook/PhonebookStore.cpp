@@ -1,0 +1,97 @@
+#include "phonebook/PhonebookStore.h"
+
+#include <utility>
+
+#include "phonebook/Buckets.h"
+#include "phonebook/RecordState.h"
+#include "phonebook/SafeOverwrite.h"
+#include "platform/Failure.h"
+
+namespace velmora {
+namespace {
+
+std::uint64_t offsetOf(RecordNumber number) {
+    if (number < 1)
+        throw Failure("The phonebook has no such record.");
+    return static_cast<std::uint64_t>(number - 1) * kRecordSize;
+}
+
+}  // namespace
+
+OpenBook::OpenBook(std::unique_ptr<RandomFile> file, const CodePage& codePage)
+    : file_(std::move(file)), codePage_(codePage) {}
+
+bool OpenBook::ReadNext(PhonebookRecord& record) {
+    if (!reading_)
+        reading_.emplace(*file_, lastRead_ + 1);
+    if (!reading_->next()) {
+        record = PhonebookRecord();
+        atEnd_ = true;
+        return false;
+    }
+    record = PhonebookRecord(reading_->record().bytes());
+    lastRead_ = reading_->number();
+    atEnd_ = reading_->isCutShort();
+    return true;
+}
+
+bool OpenBook::ReadAt(RecordNumber number, PhonebookRecord& record) const {
+    std::array<char, kRecordSize> bytes;
+    const std::size_t count = file_->readAt(offsetOf(number), bytes);
+    record = PhonebookRecord(std::span<const char>(bytes).first(count));
+    return count > 0;
+}
+
+void OpenBook::WriteAt(RecordNumber number, const PhonebookRecord& record) {
+    reading_.reset();  // its block may hold what is replaced here
+    const std::uint64_t offset = offsetOf(number);
+    if (isLocked_)
+        overwriteSafely(*file_, offset, record.bytes());
+    else
+        file_->writeAt(offset, record.bytes());
+}
+
+std::optional<RecordNumber> OpenBook::FindByListLine(std::string_view line,
+                                                     CompanyRule rule) const {
+    const EntryKey key = EntryKey::ofListLine(line, codePage_);
+    if (key.isNone())
+        return std::nullopt;
+    BookScan records = scan();
+    while (records.next())
+        if (key.matches(records.record(), rule))
+            return records.number();
+    return std::nullopt;
+}
+
+void OpenBook::Tombstone(RecordNumber number) {
+    WriteAt(number, tombstoneRecord());
+}
+
+Slot OpenBook::FindSlot(const PhonebookRecord& record, SlotMode mode,
+                        std::optional<RecordNumber> asDeleted) const {
+    const EntryKey key = EntryKey::ofRecord(record, codePage_);
+    BookScan records = scan();
+    while (records.next()) {
+        if (records.number() == asDeleted)
+            return {records.number(), false};
+        if (key.matches(records.record()))
+            return {records.number(), mode == SlotMode::Add};
+        if (isTombstone(records.record(), codePage_) || isNeverWritten(records.record()))
+            return {records.number(), false};
+    }
+    return {records.number() + 1, false};
+}
+
+RecordNumber OpenBook::recordCount() const {
+    return static_cast<RecordNumber>((file_->size() + kRecordSize - 1) / kRecordSize);
+}
+
+OpenBook PhonebookStore::Open(const std::string& bookFile) const {
+    return OpenBook(files_.openOrCreate(locations_.BookPath(bookFile)), codePage_);
+}
+
+int PhonebookStore::BucketOf(const PhonebookRecord& record) const {
+    return bucketOf(record, codePage_);
+}
+
+}  // namespace velmora

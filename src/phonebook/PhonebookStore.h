@@ -1,0 +1,118 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/DataLocations.h"
+#include "phonebook/BookScan.h"
+#include "phonebook/EntryKey.h"
+#include "phonebook/PhonebookRecord.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+
+namespace velmora {
+
+enum class SlotMode {
+    Add,        // an entry of the same name is to be overwritten only if the user says so
+    Overwrite,  // it is overwritten, as in a change
+};
+
+// Where a record is to be written.
+struct Slot {
+    RecordNumber number = 1;
+    bool mustAsk = false;  // in mode Add: an entry of the same name lies there
+};
+
+// A book open for one operation. Close it, by letting it go, before the event ends, and before the
+// user is asked anything. All operations throw Failure when the file can not be read or written.
+class OpenBook {
+  public:
+    OpenBook(std::unique_ptr<RandomFile> file, const CodePage& codePage);
+
+    // The next record. Past the end the record is empty, and false is returned.
+    bool ReadNext(PhonebookRecord& record);
+
+    // True when the last ReadNext() came to the end of the file before its record was full.
+    [[nodiscard]] bool AtEnd() const { return atEnd_; }
+
+    // Record `number`, from 1; false, and an empty record, where the file has none.
+    bool ReadAt(RecordNumber number, PhonebookRecord& record) const;
+
+    // Writes the record in one write. The file grows when it lies behind the end. Under a Lock an
+    // entry that is overwritten is never lost, even if the program is killed in the middle.
+    void WriteAt(RecordNumber number, const PhonebookRecord& record);
+
+    // The first entry that a list line names; an empty line names none.
+    [[nodiscard]] std::optional<RecordNumber> FindByListLine(
+        std::string_view line, CompanyRule rule = CompanyRule::NoLastName) const;
+
+    // Deletes: the slot stays, nothing of the entry does.
+    void Tombstone(RecordNumber number);
+
+    // The slot for a record: going forward from the first, one that holds an entry of the same
+    // name, is a tombstone or was never written; else the one behind the last. The first tombstone
+    // wins, even if an entry of the same name lies further on. `asDeleted` is a number that counts
+    // as a tombstone.
+    [[nodiscard]] Slot FindSlot(const PhonebookRecord& record, SlotMode mode,
+                                std::optional<RecordNumber> asDeleted = std::nullopt) const;
+
+    // Their number; a short last one counts.
+    [[nodiscard]] RecordNumber recordCount() const;
+
+    // A scan of its own, in which records are looked at where they lie. This object must outlive
+    // it, and nothing may be written meanwhile.
+    [[nodiscard]] BookScan scan() const { return BookScan(*file_); }
+
+    // Keeps other copies of the program from writing between a scan and the write that follows.
+    // Held until the guard goes; without effect where the file system has no locks.
+    class Lock {
+      public:
+        explicit Lock(OpenBook& book) : book_(book) { book_.isLocked_ = book_.file_->lock(); }
+        Lock(const Lock&) = delete;
+        Lock& operator=(const Lock&) = delete;
+        ~Lock() {
+            if (book_.isLocked_)
+                book_.file_->unlock();
+            book_.isLocked_ = false;
+        }
+
+      private:
+        OpenBook& book_;
+    };
+
+  private:
+    std::unique_ptr<RandomFile> file_;
+    const CodePage& codePage_;
+    std::optional<BookScan> reading_;  // of ReadNext()
+    RecordNumber lastRead_ = 0;
+    bool atEnd_ = false;
+    bool isLocked_ = false;
+};
+
+// The two books: flat files of records, read from the first to the last at each operation.
+// Nothing is kept between operations.
+class PhonebookStore {
+  public:
+    // All must outlive the store.
+    PhonebookStore(Files& files, const DataLocations& locations, const CodePage& codePage)
+        : files_(files), locations_(locations), codePage_(codePage) {}
+
+    // Opens a book by its file name, kYellowPagesFile or kWhitePagesFile, in the folder that the
+    // settings name, and creates it empty when it is missing. Whoever runs a long scan passes the
+    // name it began with, as the user may switch books meanwhile. Throws Failure.
+    [[nodiscard]] OpenBook Open(const std::string& bookFile) const;
+
+    // The tab of an entry, 0 to 26.
+    [[nodiscard]] int BucketOf(const PhonebookRecord& record) const;
+
+    [[nodiscard]] const CodePage& codePage() const { return codePage_; }
+
+  private:
+    Files& files_;
+    const DataLocations& locations_;
+    const CodePage& codePage_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,159 @@
+#include "planner/AppointmentConnection.h"
+
+#include "platform/Failure.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr const char* kColumns =
+    R"(rowid, "TagVariant", "Date", "BeginTime", "EndTime", "Desc", "StyleSet")";
+
+std::string conditionText(AppointmentConnection::Condition condition) {
+    switch (condition) {
+        case AppointmentConnection::Condition::Date:
+            return R"("Date" = ?1 AND )";
+        case AppointmentConnection::Condition::Tag:
+            return R"("TagVariant" = ?1 AND )";
+        case AppointmentConnection::Condition::All:
+            break;
+    }
+    return {};
+}
+
+AppointmentRow rowOf(const sqlite::Statement& statement) {
+    AppointmentRow row;
+    row.number = statement.integer(0);
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        const int column = static_cast<int>(i) + 1;
+        if (!statement.isNull(column))
+            row.values[i].emplace(statement.text(column));
+    }
+    return row;
+}
+
+const std::string& checkedPath(const std::string& path) {
+    if (kindOfDatabase(path) != DatabaseKind::Planner)
+        throw Failure("\"" + path + "\" is no planner database.");
+    return path;
+}
+
+void bind(sqlite::Statement& statement, int parameter, const AppointmentValue& value) {
+    if (value)
+        statement.bindText(parameter, *value);
+    else
+        statement.bindNull(parameter);
+}
+
+}  // namespace
+
+AppointmentConnection::AppointmentConnection(const std::string& path,
+                                             std::chrono::milliseconds patience)
+    : path_(path),
+      identity_(identityOf(path)),
+      database_(checkedPath(path), sqlite::Access::ReadWrite, patience) {
+    (void)query(Condition::All);  // fails unless the table is there with its columns
+    database_.execute("PRAGMA synchronous = FULL");
+    // A file that another tool left in the mode of many files comes back to one: it is copied by
+    // itself, and may lie on a share.
+    ignoringErrors([&] { database_.execute("PRAGMA journal_mode = DELETE"); });
+}
+
+sqlite::Statement& AppointmentConnection::query(Condition condition) {
+    auto& statement = queries_[static_cast<std::size_t>(condition)];
+    if (!statement)
+        statement.emplace(database_.prepare("SELECT " + std::string(kColumns) +
+                                            " FROM appoint WHERE " + conditionText(condition) +
+                                            "rowid > ?2 ORDER BY rowid LIMIT ?3"));
+    return *statement;
+}
+
+bool AppointmentConnection::fetch(Condition condition, std::string_view value, std::int64_t behind,
+                                  std::size_t limit, std::vector<AppointmentRow>& rows) {
+    sqlite::Statement& statement = query(condition);
+    statement.reset();
+    if (condition != Condition::All)
+        statement.bindText(1, value);
+    statement.bindInteger(2, behind).bindInteger(3, static_cast<std::int64_t>(limit));
+    std::size_t count = 0;
+    for (; statement.step(); ++count)
+        rows.push_back(rowOf(statement));
+    return count == limit;
+}
+
+std::optional<AppointmentRow> AppointmentConnection::find(Condition condition,
+                                                          std::string_view value,
+                                                          std::string_view tag) {
+    auto statement =
+        database_.prepare("SELECT " + std::string(kColumns) + " FROM appoint WHERE " +
+                          conditionText(condition) + R"("TagVariant" = ?2 ORDER BY rowid LIMIT 1)");
+    if (condition != Condition::All)
+        statement.bindText(1, value);
+    statement.bindText(2, tag);
+    if (!statement.step())
+        return std::nullopt;
+    return rowOf(statement);
+}
+
+void AppointmentConnection::visitDays(
+    const std::function<void(std::string_view, std::string_view)>& visit) {
+    auto statement = database_.prepare(R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");
+    while (statement.step())
+        if (!statement.isNull(0))
+            visit(statement.text(0), statement.text(1));
+}
+
+void AppointmentConnection::add(const Values& values) {
+    std::string columns;
+    std::string parameters;
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        if (!values[i])
+            continue;
+        const char* separator = columns.empty() ? "" : ", ";
+        columns += separator + ('"' + std::string(kColumnNames[i]) + '"');
+        parameters += separator + ("?" + std::to_string(i + 1));
+    }
+    auto statement = database_.prepare(columns.empty() ? "INSERT INTO appoint DEFAULT VALUES"
+                                                       : "INSERT INTO appoint (" + columns +
+                                                             ") VALUES (" + parameters + ")");
+    for (std::size_t i = 0; i < kColumnCount; ++i)
+        if (values[i])
+            bind(statement, static_cast<int>(i) + 1, *values[i]);
+    write(statement);
+}
+
+void AppointmentConnection::write(sqlite::Statement& statement) {
+    sqlite::Transaction transaction(database_);
+    // While this waited for the lock another copy of the program may have put a new file in the
+    // place of this one; what is written here would never be seen.
+    if (!stillMeant())
+        throw Failure("The planner database \"" + path_ + "\" has just been replaced.");
+    statement.run();
+    transaction.commit();
+}
+
+void AppointmentConnection::change(std::int64_t number, const Values& values) {
+    std::string assignments;
+    for (std::size_t i = 0; i < kColumnCount; ++i)
+        if (values[i])
+            assignments += (assignments.empty() ? "\"" : ", \"") + std::string(kColumnNames[i]) +
+                           "\" = ?" + std::to_string(i + 1);
+    if (assignments.empty())
+        return;
+    auto statement = database_.prepare("UPDATE appoint SET " + assignments + " WHERE rowid = ?7");
+    for (std::size_t i = 0; i < kColumnCount; ++i)
+        if (values[i])
+            bind(statement, static_cast<int>(i) + 1, *values[i]);
+    write(statement.bindInteger(7, number));
+    if (database_.changedRows() == 0)
+        throw Failure("The appointment is no longer in the planner.");
+}
+
+void AppointmentConnection::remove(std::int64_t number) {
+    auto statement = database_.prepare("DELETE FROM appoint WHERE rowid = ?1");
+    write(statement.bindInteger(1, number));
+    if (database_.changedRows() == 0)
+        throw Failure("The appointment is no longer in the planner.");
+}
+
+}  // namespace velmora

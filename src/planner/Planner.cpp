@@ -1,0 +1,251 @@
+#include "planner/Planner.h"
+
+#include "planner/StoredText.h"
+#include "platform/DateText.h"
+#include "platform/Failure.h"
+#include "platform/Text.h"
+
+namespace velmora {
+
+namespace {
+
+using std::chrono::year_month_day;
+
+constexpr const char* kStyle = "Event";
+constexpr const char* kNoStyle = "None";
+
+struct NamedLook {
+    const char* name;
+    DayLook month;
+    DayLook year;
+};
+
+constexpr Colour kBlack{0, 0, 0};
+constexpr Colour kRed{255, 0, 0};
+constexpr Colour kYellow{255, 255, 0};
+constexpr Colour kGreen{0, 255, 0};
+constexpr Colour kCyan{0, 255, 255};
+
+// A day with appointments has a red number in the month, a red cell in the year.
+constexpr NamedLook kLooks[] = {
+    {"Event", {kRed, {}}, {{}, kRed}},        {"Meeting", {{}, kYellow}, {{}, kYellow}},
+    {"Vacation", {{}, kGreen}, {{}, kGreen}}, {"Other", {{}, kCyan}, {{}, kCyan}},
+    {kNoStyle, {kBlack, {}}, {kBlack, {}}},
+};
+
+year_month_day dayOf(Moment moment) {
+    return year_month_day(std::chrono::floor<std::chrono::days>(moment));
+}
+
+}  // namespace
+
+Planner::Planner(AppointmentStore& store, const PlannerControls& controls, StatusLine& status,
+                 const SettingsStore& settings, const Clock& clock, const LocaleFormats& formats)
+    : store_(store),
+      day_(controls.day),
+      month_(controls.month),
+      year_(controls.year),
+      desk_(controls.desk),
+      status_(status),
+      settings_(settings),
+      clock_(clock),
+      formats_(formats) {}
+
+void Planner::SetCalendarStyleSets() {
+    for (const NamedLook& look : kLooks) {
+        ignoringErrors([&] { month_.SetStyleSet(look.name, look.month); });
+        ignoringErrors([&] { year_.SetStyleSet(look.name, look.year); });
+    }
+}
+
+void Planner::SetTimeLimits() {
+    const auto limit = [&](const char* key, const char* otherwise) {
+        const int hour = readWhole(settings_.Read(key));
+        return hour == 0 ? std::string(otherwise)
+                         : formatTimeText(std::to_string(hour) + ":00", "h:NN AM/PM", formats_);
+    };
+    ignoringErrors([&] { day_.SetLastTime(limit("PlannerEnd", "11:00 PM")); });
+    ignoringErrors([&] { day_.SetFirstTime(limit("PlannerStart", "12:00 AM")); });
+}
+
+void Planner::UpdateDays() {
+    const std::vector<DayStyle> days = store_.DayStyles();
+    ignoringErrors([&] { year_.SetDayStyles(days); });
+    ignoringErrors([&] { month_.SetDayStyles(days); });
+}
+
+std::chrono::year Planner::pivotYear() const {
+    const auto present = dayOf(clock_.now()).year();
+    return readDate(month_.Date(), present).value_or(dayOf(clock_.now())).year();
+}
+
+void Planner::LoadDayTasks() {
+    ignoringErrors([&] { store_.Refresh(); });
+    const auto pivot = pivotYear();
+    dayOnShow_ = readDate(selectedDate_, pivot);
+    if (dayOnShow_) {
+        const Moment midnight{std::chrono::local_days(*dayOnShow_)};
+        selectedDate_ = formatMoment(midnight, "mm/dd/yy", formats_);
+        dayOnShow_ = readDate(selectedDate_, pivot);
+    }
+    ignoringErrors([&] { store_.SelectByDate(selectedDate_, pivot); });
+    ignoringErrors([&] { store_.Refresh(); });
+    ignoringErrors([&] { day_.RemoveAllTasks(); });
+    for (int index = 0; !store_.Eof(); ++index) {
+        ignoringErrors([&] {
+            day_.AddTask(store_.Get(Column::BeginTime), store_.Get(Column::EndTime),
+                         store_.Get(Column::Desc));
+        });
+        ignoringErrors([&] { day_.SetTaskTag(index, store_.Get(Column::TagVariant)); });
+        ignoringErrors([&] { store_.MoveNext(); });
+    }
+}
+
+void Planner::AlignMonthWithDayOnShow() {
+    if (!dayOnShow_)
+        return;
+    const std::string onShow = writeDate(*dayOnShow_);
+    if (month_.Date() != onShow)
+        ignoringErrors([&] { month_.SetDate(onShow); });
+}
+
+void Planner::OnTaskEditBegin(int /*index*/, bool exists) {
+    taskIsNew_ = !exists;
+}
+
+void Planner::OnTaskEditEnd(int index, bool keepRefresh, bool save) {
+    if (index != -1) {
+        ignoringErrors([&] { store_.SelectAll(); });
+        ignoringErrors([&] { store_.Refresh(); });
+        if (!store_.Eof())
+            ignoringErrors([&] { store_.MoveFirst(); });
+        if (save)
+            storeTask(index);
+        if (!keepRefresh)
+            ignoringErrors([&] { day_.Refresh(); });
+    }
+    UpdateDays();
+}
+
+void Planner::storeTask(int index) {
+    if (taskIsNew_)
+        beginAddition(index);
+    else
+        beginChange(index);
+    ignoringErrors([&] { store_.Put(Column::BeginTime, day_.Task(index).BeginTime); });
+    ignoringErrors([&] { store_.Put(Column::EndTime, day_.Task(index).EndTime); });
+    ignoringErrors([&] { store_.Put(Column::Desc, day_.Task(index).text); });
+    ignoringErrors([&] { store_.Put(Column::StyleSet, kStyle); });
+    try {
+        store_.Update();
+    } catch (const Failure&) {
+        // Without its row the block must not pass for one that has: its next edit would land on
+        // the row of another.
+        if (taskIsNew_)
+            ignoringErrors([&] { day_.SetTaskTag(index, ""); });
+    }
+    ignoringErrors([&] { store_.Refresh(); });
+}
+
+void Planner::beginAddition(int index) {
+    ignoringErrors([&] { store_.AddNew(); });
+    const std::string tag = storedMoment(clock_.now());
+    ignoringErrors([&] { store_.Put(Column::TagVariant, tag); });
+    ignoringErrors([&] { day_.SetTaskTag(index, tag); });
+    ignoringErrors([&] { store_.Put(Column::Date, month_.Date()); });
+}
+
+void Planner::beginChange(int index) {
+    ignoringErrors([&] { store_.SelectByDate(month_.Date()); });
+    ignoringErrors([&] { store_.Refresh(); });
+    std::string tag;
+    ignoringErrors([&] { tag = day_.Task(index).TagVariant; });
+    // Where no row has the tag, the change lands on the first row of the day.
+    ignoringErrors([&] { store_.FindFirst("[TagVariant] = #" + tag + "#"); });
+    ignoringErrors([&] { store_.Edit(); });
+}
+
+void Planner::OnTaskRemove() {
+    std::string tag;
+    ignoringErrors([&] { tag = day_.Task(day_.SelectedTask()).TagVariant; });
+    ignoringErrors([&] { store_.SelectByTag(tag); });
+    ignoringErrors([&] { store_.Refresh(); });
+    ignoringErrors([&] { store_.Delete(); });
+    ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
+    ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
+    UpdateDays();
+}
+
+void Planner::OnDayPointerMoved() {
+    status_.show("Drag horizontal divider bars to adjust times.");
+}
+
+void Planner::OnMonthSelection(const std::string& date) {
+    ignoringErrors([&] {
+        if (const auto day = readDate(month_.Date(), dayOf(clock_.now()).year()))
+            desk_.SetLongDate(formatMoment(Moment{std::chrono::local_days(*day)},
+                                           NamedFormat::LongDate, formats_));
+    });
+    selectedDate_ = date;
+    if (selectedDate_.empty())
+        return;
+    ignoringErrors([&] { day_.RemoveAllTasks(); });
+    LoadDayTasks();
+}
+
+void Planner::OnMonthGotFocus() {
+    status_.show("Press CTRL+T to go to today.");
+}
+
+void Planner::OnMonthLostFocus() {
+    status_.show("");
+}
+
+bool Planner::OnMonthDrop(int x, int y, bool selectedEntryDropped) {
+    RefreshControls();
+    try {
+        const auto date = month_.DateAt(x, y);
+        if (!date)
+            return false;
+        selectedDate_ = *date;
+        month_.SetDate(*date);
+    } catch (const Failure&) {
+        return false;
+    }
+    LoadDayTasks();
+    return selectedEntryDropped;
+}
+
+void Planner::GoToToday() {
+    ignoringErrors([&] { month_.SetDate(writeDate(dayOf(clock_.now()))); });
+}
+
+void Planner::OpenYear() {
+    ignoringErrors([&] { year_.SetDate(month_.Date()); });
+    desk_.ShowYearPane();
+    status_.show("Double-click a date or click the caption to close.");
+}
+
+void Planner::OnYearSelection(const std::string& date) {
+    selectedDate_ = date;
+}
+
+void Planner::OnYearDoubleClick() {
+    if (!selectedDate_.empty()) {
+        ignoringErrors([&] { day_.RemoveAllTasks(); });
+        LoadDayTasks();
+    }
+    desk_.HideYearPane();
+    ignoringErrors([&] { month_.SetDate(year_.Date()); });
+}
+
+void Planner::OnYearCaptionClick() {
+    desk_.HideYearPane();
+}
+
+void Planner::RefreshControls() {
+    ignoringErrors([&] { month_.Refresh(); });
+    ignoringErrors([&] { day_.Refresh(); });
+}
+
+}  // namespace velmora

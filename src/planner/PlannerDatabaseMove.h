@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+// Copying the planner database from one folder to another. Paths are those of the system.
+namespace velmora {
+
+// Makes `to` a copy of the planner database `from`, whatever was there; that is kept beside it as
+// the generation before ("qel.previous.mdb"), in the place of the one kept earlier. Nothing
+// happens when both are one file, or hold the same bytes. The copy is whole even while other
+// copies of the program write to `from`.
+//
+// Throws Failure when `from` is no planner database, when either file is in use for too long, or
+// when the copy can not be written; what was at `to` is then still there.
+void copyPlannerDatabase(const std::string& from, const std::string& to);
+
+}  // namespace velmora

@@ -1,0 +1,97 @@
+#include "platform/PosixFiles.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+#include "platform/AtomicWrite.h"
+#include "platform/Failure.h"
+#include "platform/FileDescriptor.h"
+#include "platform/PosixRandomFile.h"
+
+namespace velmora {
+
+PosixFiles::PosixFiles(NativePaths paths, const CaseTwins* twins)
+    : paths_(std::move(paths)), twins_(twins) {}
+
+std::string PosixFiles::nativePath(const std::string& path) const {
+    std::string native = paths_.resolve(path);
+    if (twins_)
+        if (auto newest = twins_->newest(native))
+            return *std::move(newest);
+    return native;
+}
+
+bool PosixFiles::exists(const std::string& path) const {
+    struct stat status {};
+    return stat(nativePath(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::unique_ptr<RandomFile> PosixFiles::openOrCreate(const std::string& path) {
+    std::string native = paths_.resolve(path);
+    if (twins_)
+        if (auto book = twins_->settle(native))
+            native = *std::move(book);
+    return std::make_unique<PosixRandomFile>(std::move(native));
+}
+
+std::optional<std::string> PosixFiles::readWhole(const std::string& path,
+                                                 std::uint64_t limit) const {
+    const std::string native = nativePath(path);
+    const FileDescriptor file = openFile(native, O_RDONLY);
+    if (!file.isOpen())
+        throw systemFailure("The file " + native + " can not be opened", errno);
+    requireRegularFile(file, native);
+    // Grows as the file gives bytes, for a size that is told may be wrong by then.
+    constexpr std::size_t kStep = 65536;
+    std::string bytes;
+    for (;;) {
+        const std::size_t before = bytes.size();
+        const std::size_t wanted = std::min<std::uint64_t>(
+            std::max(kStep, before), limit - before + (limit < UINT64_MAX ? 1 : 0));
+        bytes.resize(before + wanted);
+        const std::size_t count = readFully(file, native, before, bytes.data() + before, wanted);
+        bytes.resize(before + count);
+        if (bytes.size() > limit)
+            return std::nullopt;
+        if (count < wanted)
+            return bytes;
+    }
+}
+
+void PosixFiles::writeWhole(const std::string& path, std::string_view bytes) {
+    writeAtomically(nativePath(path), bytes);
+}
+
+void PosixFiles::append(const std::string& path, std::string_view bytes) {
+    const std::string native = nativePath(path);
+    const FileDescriptor file = openFile(native, O_WRONLY | O_CREAT | O_APPEND);
+    if (!file.isOpen())
+        throw systemFailure("The file " + native + " can not be opened", errno);
+    requireRegularFile(file, native);
+    ssize_t count = 0;
+    do
+        count = write(file.number(), bytes.data(), bytes.size());
+    while (count < 0 && errno == EINTR);
+    if (count == static_cast<ssize_t>(bytes.size()))
+        return;
+    const int why = count < 0 ? errno : ENOSPC;
+    // What was written in part goes again, unless another copy has written behind it by now.
+    const off_t end = lseek(file.number(), 0, SEEK_CUR);
+    struct stat status {};
+    if (count > 0 && fstat(file.number(), &status) == 0 && status.st_size == end)
+        (void)!ftruncate(file.number(), end - count);
+    throw systemFailure("The file " + native + " can not be written", why);
+}
+
+void PosixFiles::remove(const std::string& path) {
+    const std::string native = nativePath(path);
+    if (unlink(native.c_str()) != 0)
+        throw systemFailure("The file " + native + " can not be removed", errno);
+}
+
+}  // namespace velmora

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Failure.h"
+#include "platform/FileDescriptor.h"
+#include "platform/Files.h"
+
+namespace velmora {
+
+// A regular file of a POSIX system. A write that fails leaves the file as it was.
+class PosixRandomFile final : public RandomFile {
+  public:
+    // Creates the file when it is missing; opens it for reading only where the user may not
+    // write. `nativePath` is UTF-8 and appears in failures. Throws Failure.
+    explicit PosixRandomFile(std::string nativePath);
+
+    [[nodiscard]] std::uint64_t size() const override;
+    [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> target) const override;
+    void writeAt(std::uint64_t offset, std::span<const char> bytes) override;
+    void shorten(std::uint64_t size) override;
+    [[nodiscard]] bool lock() override;
+    void unlock() override;
+
+  private:
+    [[nodiscard]] FileDescriptor open();
+    [[nodiscard]] Failure notWritten(int errorNumber) const;
+
+    std::string path_;
+    int whyReadOnly_ = 0;  // 0 while the file may be written, else the system's reason
+    FileDescriptor file_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "platform/AccessTableReader.h"
+
+namespace velmora::access {
+
+// Reads each time in a child process: a program whose main() is accessReaderMain() when it is
+// called so. A child that crashes, hangs or talks nonsense is a Failure here, and nothing more.
+class ChildAccessReader final : public AccessTableReader {
+  public:
+    // `program`: what to run, this very program unless told otherwise. `patience`: how long one
+    // reading may take.
+    explicit ChildAccessReader(std::string program = "/proc/self/exe",
+                               std::chrono::milliseconds patience = std::chrono::seconds(30));
+
+    [[nodiscard]] std::vector<AccessTable> tables(const std::string& path) override;
+    void readRows(const std::string& path, const std::string& table,
+                  const std::function<void(const AccessRow&)>& take) override;
+
+  private:
+    std::string program_;
+    std::chrono::milliseconds patience_;
+};
+
+}  // namespace velmora::access

@@ -1,0 +1,92 @@
+#include "platform/sqlite/Database.h"
+
+#include <sqlite3.h>
+
+#include "platform/Failure.h"
+#include "platform/sqlite/EngineFailure.h"
+
+namespace velmora::sqlite {
+
+namespace {
+
+int flagsFor(Access access) {
+    switch (access) {
+        case Access::ReadOnly:
+            return SQLITE_OPEN_READONLY;
+        case Access::ReadWrite:
+            return SQLITE_OPEN_READWRITE;
+        case Access::ReadWriteOrCreate:
+            break;
+    }
+    return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+}
+
+}  // namespace
+
+void Database::Closer::operator()(sqlite3* handle) const {
+    sqlite3_close_v2(handle);
+}
+
+Database::Database(const std::string& path, Access access, std::chrono::milliseconds patience) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &opened, flagsFor(access), nullptr);
+    handle_.reset(opened);
+    if (!handle_)
+        throw Failure("The database \"" + path + "\" can not be opened: out of memory.");
+    if (result != SQLITE_OK)
+        throw Failure("The database \"" + path + "\" can not be opened: " + sqlite3_errmsg(opened) +
+                      ".");
+    sqlite3_extended_result_codes(opened, 1);
+    sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+}
+
+void Database::execute(const std::string& sql) {
+    if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw engineFailure(handle_.get());
+}
+
+Statement Database::prepare(std::string_view sql) {
+    sqlite3_stmt* prepared = nullptr;
+    const char* rest = nullptr;
+    const int result = sqlite3_prepare_v2(handle_.get(), sql.data(), static_cast<int>(sql.size()),
+                                          &prepared, &rest);
+    Statement statement(handle_.get(), prepared);
+    if (result != SQLITE_OK)
+        throw engineFailure(handle_.get());
+    const bool whole =
+        std::string_view(rest, sql.data() + sql.size()).find_first_not_of(" \t\r\n;") ==
+        std::string_view::npos;
+    if (!prepared || !whole)
+        throw Failure("Not a single database statement: " + std::string(sql));
+    return statement;
+}
+
+int Database::errorCode() const {
+    const int code = sqlite3_errcode(handle_.get()) & 0xFF;
+    return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+std::int64_t Database::changedRows() const {
+    return sqlite3_changes(handle_.get());
+}
+
+bool Database::inTransaction() const {
+    return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+    database_.execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+    // A failed commit, or a full disk, may have ended it already.
+    if (open_ && database_.inTransaction())
+        ignoringErrors([&] { database_.execute("ROLLBACK"); });
+}
+
+void Transaction::commit() {
+    database_.execute("COMMIT");
+    open_ = false;
+}
+
+}  // namespace velmora::sqlite

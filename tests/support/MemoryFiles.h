@@ -1,0 +1,155 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/CodePage.h"
+#include "platform/Failure.h"
+#include "platform/Files.h"
+
+namespace velmora::test {
+
+// Files in memory; paths compare without regard to case. Writes can be made to fail, and what
+// happened to open files is recorded as "lock", "unlock", "write <offset>" and "shorten <size>".
+class MemoryFiles final : public Files {
+  public:
+    // The bytes of a file; made empty by the first look.
+    std::string& operator[](const std::string& path) { return *content(path); }
+
+    [[nodiscard]] bool has(const std::string& path) const {
+        return contents_.count(key(path)) != 0;
+    }
+
+    // Writes fail once this many more have been made; below 0 none does.
+    int writesUntilFailure = -1;
+
+    // Every attempt to open or read a file throws while this is set.
+    bool unreachable = false;
+
+    [[nodiscard]] int openFiles() const { return *open_; }
+    std::vector<std::string> takeLog() { return std::exchange(*log_, {}); }
+
+    [[nodiscard]] bool exists(const std::string& path) const override { return has(path); }
+
+    [[nodiscard]] std::unique_ptr<RandomFile> openOrCreate(const std::string& path) override {
+        failIfUnreachable(path);
+        return std::make_unique<OpenFile>(*this, content(path));
+    }
+
+    [[nodiscard]] std::optional<std::string> readWhole(const std::string& path,
+                                                       std::uint64_t limit) const override {
+        failIfUnreachable(path);
+        if (!has(path))
+            throw Failure("The file " + path + " can not be opened: No such file or directory.");
+        const std::string& bytes = *contents_.at(key(path));
+        if (bytes.size() > limit)
+            return std::nullopt;
+        return bytes;
+    }
+
+    void writeWhole(const std::string& path, std::string_view bytes) override {
+        failIfUnreachable(path);
+        failIfFull();
+        *content(path) = bytes;
+    }
+
+    void append(const std::string& path, std::string_view bytes) override {
+        failIfUnreachable(path);
+        failIfFull();
+        *content(path) += bytes;
+    }
+
+    void remove(const std::string& path) override {
+        failIfUnreachable(path);
+        if (contents_.erase(key(path)) == 0)
+            throw Failure("The file " + path + " can not be removed: No such file or directory.");
+    }
+
+  private:
+    class OpenFile final : public RandomFile {
+      public:
+        OpenFile(MemoryFiles& files, std::shared_ptr<std::string> content)
+            : files_(files), open_(files.open_), log_(files.log_), content_(std::move(content)) {
+            ++*open_;
+        }
+        ~OpenFile() override {
+            EXPECT_FALSE(locked_) << "closed under its lock";
+            --*open_;
+        }
+
+        [[nodiscard]] std::uint64_t size() const override { return content_->size(); }
+
+        [[nodiscard]] std::size_t readAt(std::uint64_t offset,
+                                         std::span<char> target) const override {
+            if (offset >= content_->size())
+                return 0;
+            return content_->copy(target.data(), target.size(), offset);
+        }
+
+        void writeAt(std::uint64_t offset, std::span<const char> bytes) override {
+            EXPECT_TRUE(locked_) << "written without the lock";
+            files_.failIfFull();
+            log_->push_back("write " + std::to_string(offset));
+            content_->resize(std::max<std::size_t>(content_->size(), offset + bytes.size()));
+            std::copy(bytes.begin(), bytes.end(),
+                      content_->begin() + static_cast<std::ptrdiff_t>(offset));
+        }
+
+        void shorten(std::uint64_t size) override {
+            EXPECT_LE(size, content_->size());
+            log_->push_back("shorten " + std::to_string(size));
+            content_->resize(size);
+        }
+
+        [[nodiscard]] bool lock() override {
+            EXPECT_FALSE(locked_);
+            log_->push_back("lock");
+            return locked_ = true;
+        }
+        void unlock() override {
+            EXPECT_TRUE(locked_);
+            log_->push_back("unlock");
+            locked_ = false;
+        }
+
+      private:
+        MemoryFiles& files_;
+        std::shared_ptr<int> open_;
+        std::shared_ptr<std::vector<std::string>> log_;
+        std::shared_ptr<std::string> content_;
+        bool locked_ = false;
+    };
+
+    static std::string key(const std::string& path) { return CodePage::western().upper(path); }
+
+    std::shared_ptr<std::string> content(const std::string& path) {
+        auto& file = contents_[key(path)];
+        if (!file)
+            file = std::make_shared<std::string>();
+        return file;
+    }
+
+    void failIfUnreachable(const std::string& path) const {
+        if (unreachable)
+            throw Failure("The file " + path + " can not be opened: No such file or directory.");
+    }
+
+    void failIfFull() {
+        if (writesUntilFailure == 0)
+            throw Failure("The file can not be written: No space left on device.");
+        if (writesUntilFailure > 0)
+            --writesUntilFailure;
+    }
+
+    std::map<std::string, std::shared_ptr<std::string>> contents_;
+    std::shared_ptr<int> open_ = std::make_shared<int>(0);
+    std::shared_ptr<std::vector<std::string>> log_ = std::make_shared<std::vector<std::string>>();
+};
+
+}  // namespace velmora::test
