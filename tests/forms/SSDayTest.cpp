@@ -465,6 +465,17 @@ TEST_F(SSDayTest, TasksTakenAwayUnderAnEditorDropItWithoutAWord) {
     EXPECT_EQ(events.size(), 1U);
 }
 
+TEST_F(SSDayTest, AViewThatGoesWhileItsEditorIsOpenSaysNothing) {
+    auto* passing = new SSDay(CodePage::western(), &window);
+    window.layout()->addWidget(passing);
+    passing->connect(passing, &SSDay::OnTaskEditEnd, [this] { events.push_back("end"); });
+    passing->show();
+    QTest::keyClicks(passing, QStringLiteral("x"));
+    EXPECT_TRUE(passing->isEditing());
+    delete passing;
+    EXPECT_TRUE(events.empty());
+}
+
 // --- Keys, limits, looks ---
 
 TEST_F(SSDayTest, ControlWithUpAndDownWalksTheBlocksInTime) {

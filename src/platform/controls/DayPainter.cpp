@@ -29,6 +29,10 @@ QFont DayPainter::gutterFont(const QFont& font, bool small) {
     return sized(font, small ? 8.25 : 9);
 }
 
+QString DayPainter::dash() {
+    return QStringLiteral(u" \u2013 ");
+}
+
 QString DayPainter::unbreakable(QString text) {
     for (qsizetype i = 1; i < text.size(); ++i) {
         const bool betweenDigits = text[i] == QLatin1Char('-') && text[i - 1].isDigit() &&
@@ -93,11 +97,12 @@ void DayPainter::ground(const QRect& rect, const QColor& fill) const {
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void DayPainter::block(const ShownBlock& block) const {
-    const QRect rect = geometry_.blockRect(block.place);
+void DayPainter::block(const ShownBlock& block, const QRect& rect) const {
     ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
     if (block.selected)
         drawRing(painter_, rect, 2, kRadius, look_.theme.accent);
+    if (!look_.small && !block.selected && !block.hovered)
+        barAtRest(rect);
     const QRect room = rect.adjusted(look_.small ? 9 : 12, 0, look_.small ? -4 : -8, 0);
     if (room.width() < 4)
         return;
@@ -156,38 +161,34 @@ void DayPainter::lines(const ShownBlock& block, const QRect& room) const {
                       timesMetrics.elidedText(block.times, Qt::ElideRight, room.width()));
 }
 
-void DayPainter::bars(const ShownBlock& block) const {
-    if (look_.small)
-        return;
+void DayPainter::strongBars(const ShownBlock& block) const {
     const QRect rect = geometry_.blockRect(block.place);
-    const bool strong = block.selected || block.hovered;
-    if (strong)
-        bar(rect, true, true);
-    bar(rect, false, strong);
+    strongBar(rect, true);
+    strongBar(rect, false);
 }
 
-void DayPainter::bar(const QRect& block, bool atTop, bool strong) const {
-    const int width = std::min(strong ? 32 : 22, block.width() - 8);
+void DayPainter::barAtRest(const QRect& block) const {
+    const int width = std::min(22, block.width() - 8);
     if (width < 4)
         return;
-    const int left = block.center().x() - width / 2;
-    if (!strong) {
-        QColor colour = look_.theme.accent;
-        colour.setAlphaF(0.55F);
-        fillRounded(painter_, QRectF(left, block.bottom() - 1, width, 2), 1, colour);
+    QColor colour = look_.theme.accent;
+    colour.setAlphaF(0.55F);
+    fillRounded(painter_, QRectF(block.center().x() - width / 2, block.bottom() - 1, width, 2), 1,
+                colour);
+}
+
+void DayPainter::strongBar(const QRect& block, bool atTop) const {
+    const int width = std::min(32, block.width() - 8);
+    if (width < 4)
         return;
-    }
-    const QRectF rect(left, atTop ? block.top() - 3 : block.bottom(), width, 4);
+    const QRectF rect(block.center().x() - width / 2, atTop ? block.top() - 3 : block.bottom(),
+                      width, 4);
     fillRounded(painter_, rect.adjusted(-2, -2, 2, 2), 4, look_.theme.surface);
     fillRounded(painter_, rect, 2, look_.theme.accent);
 }
 
 void DayPainter::range(TimeSpan span, const QString& times) const {
-    block({.place = {.drawn = span, .column = 0, .columns = 1},
-           .text = times,
-           .times = QString(),
-           .selected = true,
-           .hovered = false});
+    block({.text = times, .selected = true}, geometry_.spanRect(span));
 }
 
 void DayPainter::focusedSlot(minutes slot) const {

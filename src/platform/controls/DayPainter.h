@@ -16,9 +16,9 @@ namespace velmora {
 
 // A block as it is shown.
 struct ShownBlock {
-    PlacedBlock place;
-    QString text;   // lines end in LF
-    QString times;  // "9:30 AM - 10:30 AM" with a dash between
+    PlacedBlock place{};
+    QString text{};   // lines end in LF
+    QString times{};  // "9:30 AM - 10:30 AM" with a dash between
     bool selected = false;
     bool hovered = false;
 };
@@ -37,9 +37,10 @@ class DayPainter {
 
     // Gutter, lines and labels of the hours that lie in `region`.
     void paper(const QRegion& region) const;
-    void block(const ShownBlock& block) const;
-    // The divider bars of a block; they lie over its neighbours, too.
-    void bars(const ShownBlock& block) const;
+    // The block at `rect`, with its bar at rest unless it is selected or hovered.
+    void block(const ShownBlock& block, const QRect& rect) const;
+    // The bars of a selected or hovered block; they lie over its neighbours, too.
+    void strongBars(const ShownBlock& block) const;
     // Slots that are being dragged over.
     void range(TimeSpan span, const QString& times) const;
     void focusedSlot(std::chrono::minutes slot) const;
@@ -57,6 +58,9 @@ class DayPainter {
     // behind ")" become ones that do not break.
     [[nodiscard]] static QString unbreakable(QString text);
 
+    // What stands between two times.
+    [[nodiscard]] static QString dash();
+
     [[nodiscard]] static QFont gutterFont(const QFont& font, bool small);
 
   private:
@@ -64,7 +68,8 @@ class DayPainter {
     void ground(const QRect& rect, const QColor& fill) const;
     void oneLine(const ShownBlock& block, const QRect& room) const;
     void lines(const ShownBlock& block, const QRect& room) const;
-    void bar(const QRect& block, bool atTop, bool strong) const;
+    void barAtRest(const QRect& block) const;
+    void strongBar(const QRect& block, bool atTop) const;
 
     QPainter& painter_;
     const DayGeometry& geometry_;

@@ -1,12 +1,10 @@
 #include "platform/controls/SSDay.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QMenu>
-#include <QPaintEvent>
-#include <QPainter>
-#include <QPainterPath>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -16,19 +14,16 @@
 #include "platform/controls/DayEditor.h"
 #include "platform/controls/Painting.h"
 #include "platform/qt/QtText.h"
-#include "platform/qt/Theme.h"
 
-// The day view's state, layout and painting. Keys and pointer: SSDayInput.cpp; editor, drag and
-// removal: SSDayEditing.cpp.
+// The day view's state and layout. Painting: SSDayPainting.cpp; keys and pointer: SSDayInput.cpp;
+// editor, drag and removal: SSDayEditing.cpp.
 namespace velmora {
 namespace {
 
 using namespace std::chrono;
 
-constexpr qreal kFrameRadius = 8;
 constexpr int kScrollBarWidth = 12;
 constexpr minutes kUsualStart = hours(7) + minutes(30);
-constexpr char16_t kDash[] = u" \u2013 ";
 
 QString shortTime(std::string_view text) {
     return QString::fromLatin1(
@@ -68,6 +63,13 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
     watchFocus();
 }
 
+// The editor and the bar die after this object's own members; nothing they report may come here.
+SSDay::~SSDay() {
+    disconnect(qApp, nullptr, this, nullptr);
+    disconnect(editor_, nullptr, this, nullptr);
+    disconnect(scroll_, nullptr, this, nullptr);
+}
+
 // --- What callers set ---
 
 int SSDay::SelectedIndex() const {
@@ -95,6 +97,7 @@ void SSDay::Refresh() {
 
 void SSDay::setTextColor(const QColor& color) {
     textColor_ = color;
+    drawn_.clear();
     update();
 }
 
@@ -110,6 +113,7 @@ void SSDay::setReadOnly(bool readOnly) {
     commitEditor();
     select(-1);
     readOnly_ = readOnly;
+    drawn_.clear();
     Refresh();
     placeScrollBar();
     updateGeometry();
@@ -150,6 +154,8 @@ const std::vector<SSDay::Block>& SSDay::blocks() const {
 
 void SSDay::layOut() const {
     stale_ = false;
+    if (drawn_.size() > 2 * static_cast<std::size_t>(tasks_.Count()))
+        drawn_.clear();  // most of them of blocks that are gone
     std::vector<TimeSpan> spans;
     for (int i = 0; i < tasks_.Count(); ++i)
         spans.push_back(column_.spanOf(tasks_.Item(i)));
@@ -175,10 +181,6 @@ void SSDay::layOut() const {
     scroll_->setPageStep(geometry.paper.height());
     scroll_->setSingleStep(slotHeight());
     scroll_->setValue(value);
-}
-
-QRect SSDay::frame() const {
-    return rect();
 }
 
 int SSDay::captionHeight() const {
@@ -207,7 +209,7 @@ minutes SSDay::shortestDrawn() const {
 }
 
 DayGeometry SSDay::geometryNow() const {
-    return {.paper = frame().adjusted(1, 1 + captionHeight(), -1, -1),
+    return {.paper = rect().adjusted(1, 1 + captionHeight(), -1, -1),
             .gutter = gutterWidth(),
             .slotHeight = slotHeight(),
             .blockMargin = readOnly_ ? 6 : 16,
@@ -218,7 +220,7 @@ DayGeometry SSDay::geometryNow() const {
 QString SSDay::shownTimes(const DayTask& task) const {
     if (!readTimeOfDay(task.BeginTime) || !readTimeOfDay(task.EndTime))
         return toQt(trimBlanks(task.BeginTime + " " + task.EndTime), codePage_);
-    return shortTime(task.BeginTime) + QString::fromUtf16(kDash) + shortTime(task.EndTime);
+    return shortTime(task.BeginTime) + DayPainter::dash() + shortTime(task.EndTime);
 }
 
 QString SSDay::shownTime(minutes time) const {
@@ -291,124 +293,6 @@ void SSDay::makeVisible(TimeSpan span) {
         scrollBy(-above);
 }
 
-// --- Painting ---
-
-void SSDay::updateBlock(int index) {
-    if (index >= 0 && index < static_cast<int>(blocks().size()))
-        update(reachOf(blocks_[static_cast<std::size_t>(index)].shown.place));
-}
-
-void SSDay::updateSlot() {
-    update(geometryNow().slotRect(slot_));
-}
-
-void SSDay::updateNowLine() {
-    if (!now_)
-        return;
-    const DayGeometry geometry = geometryNow();
-    update(geometry.paper.left(), geometry.yOf(*now_) - 6, geometry.paper.width(), 12);
-}
-
-DayPainter::Look SSDay::look() const {
-    const Theme& theme = Theme::of(*this);
-    return {.theme = theme,
-            .font = blockFont(),
-            .text = textColor_.isValid() ? textColor_ : theme.ink,
-            .small = readOnly_};
-}
-
-void SSDay::paintEvent(QPaintEvent* event) {
-    (void)blocks();
-    QPainter painter(this);
-    const QRect paper = geometryNow().paper;
-    const QRegion region = event->region() & paper;
-    const QRect away = frame().adjusted(8, 8, -8, -8);
-    if (away.contains(event->rect())) {
-        painter.setClipRegion(region);
-        paintPaper(painter, region);
-        return;
-    }
-    QPainterPath inside;
-    inside.addRoundedRect(frame(), kFrameRadius, kFrameRadius);
-    painter.setClipPath(inside);
-    paintFrame(painter);
-    if (!region.isEmpty()) {
-        painter.setClipRegion(region, Qt::IntersectClip);
-        paintPaper(painter, region);
-    }
-    painter.setClipping(false);
-    drawRing(painter, frame(), 1, kFrameRadius, Theme::of(*this).edge);
-}
-
-void SSDay::paintFrame(QPainter& painter) const {
-    if (caption_.empty())
-        return;
-    const Theme& theme = Theme::of(*this);
-    const QRect row(0, 0, width(), 1 + captionHeight());
-    painter.fillRect(row, theme.chrome);
-    drawHorizontal(painter, 0, width(), row.bottom(), theme.line);
-    painter.setFont(captionFontSet_ ? captionFont_ : font());
-    painter.setPen(theme.ink);
-    const QRect room = row.adjusted(6, 1, -6, -1);
-    painter.drawText(
-        room, Qt::AlignCenter,
-        painter.fontMetrics().elidedText(toQt(caption_, codePage_), Qt::ElideRight, room.width()));
-}
-
-void SSDay::paintPaper(QPainter& painter, const QRegion& region) const {
-    const DayGeometry geometry = geometryNow();
-    const DayPainter::Look look = this->look();
-    const DayPainter paint(painter, geometry, look);
-    paint.paper(region);
-    paintBlocks(paint, region);
-    paintOverlays(paint);
-}
-
-void SSDay::paintBlocks(const DayPainter& paint, const QRegion& region) const {
-    const int dragged = drag_ && drag_->begun ? tasks_.indexOf(drag_->id) : -1;
-    const int selected = SelectedIndex();
-    std::vector<ShownBlock> withBars;
-    for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
-        ShownBlock block = blocks_[static_cast<std::size_t>(i)].shown;
-        if (i == dragged)
-            block.place = draggedPlace();
-        if (!region.intersects(reachOf(block.place)))
-            continue;
-        block.selected = i == selected;
-        block.hovered = i == hovered_;
-        if (i == dragged)
-            block.times =
-                shownTime(drag_->now.begin) + QString::fromUtf16(kDash) + shownTime(drag_->now.end);
-        paint.block(block);
-        if (!edit_ || i != selected)
-            withBars.push_back(block);
-    }
-    for (const ShownBlock& block : withBars)
-        paint.bars(block);
-}
-
-void SSDay::paintOverlays(const DayPainter& paint) const {
-    if (now_ && *now_ >= shown_.begin && *now_ <= shown_.end)
-        paint.nowLine(*now_);
-    if (range_ && range_->begun) {
-        const TimeSpan span = range_->span();
-        paint.range(span, shownTime(span.begin) + QString::fromUtf16(kDash) + shownTime(span.end));
-    } else if (hasFocus() && !readOnly_ && !selected_ && !edit_) {
-        paint.focusedSlot(slot_);
-    }
-    if (drag_ && drag_->begun) {
-        const minutes edge = drag_->grip == Grip::End ? drag_->now.end : drag_->now.begin;
-        paint.gutterTime(edge, shownTime(edge));
-    }
-}
-
-PlacedBlock SSDay::draggedPlace() const {
-    const auto index = static_cast<std::size_t>(tasks_.indexOf(drag_->id));
-    PlacedBlock place = blocks().at(index).shown.place;
-    place.drawn = placeSideBySide({drag_->now}, shortestDrawn()).front().drawn;
-    return place;
-}
-
 // --- Events of the window ---
 
 void SSDay::resizeEvent(QResizeEvent* event) {
@@ -434,11 +318,16 @@ void SSDay::hideEvent(QHideEvent* event) {
 
 void SSDay::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::FontChange || editor_ == nullptr)
-        return;
-    editor_->setFont(blockFont());
-    Refresh();
-    updateGeometry();
+    if (editor_ == nullptr)
+        return;  // told by the base class while this object is being built
+    if (event->type() == QEvent::FontChange) {
+        editor_->setFont(blockFont());
+        updateGeometry();
+    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+        drawn_.clear();
+        Refresh();
+    }
 }
 
 // --- For assistive tools ---

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QPixmap>
 #include <QPoint>
 #include <QWidget>
 #include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/CodePage.h"
@@ -47,6 +49,7 @@ class SSDay final : public QWidget, public AccessibleParts {
 
   public:
     explicit SSDay(const CodePage& codePage, QWidget* parent = nullptr);
+    ~SSDay() override;
 
     [[nodiscard]] DayTasks& Tasks() { return tasks_; }
     [[nodiscard]] const DayTasks& Tasks() const { return tasks_; }
@@ -160,6 +163,11 @@ class SSDay final : public QWidget, public AccessibleParts {
         TimeSpan span;
         ShownBlock shown;
     };
+    // A block drawn before, good as long as it would look the same.
+    struct Drawn {
+        QPixmap pixmap;
+        ShownBlock shown;
+    };
     struct Hit {
         int index = -1;
         Grip grip = Grip::Whole;
@@ -170,7 +178,6 @@ class SSDay final : public QWidget, public AccessibleParts {
     void layOut() const;
     [[nodiscard]] const std::vector<Block>& blocks() const;
     [[nodiscard]] DayGeometry geometryNow() const;
-    [[nodiscard]] QRect frame() const;
     [[nodiscard]] int captionHeight() const;
     [[nodiscard]] int gutterWidth() const;
     [[nodiscard]] QFont blockFont() const;
@@ -190,8 +197,10 @@ class SSDay final : public QWidget, public AccessibleParts {
     // Painting.
     [[nodiscard]] DayPainter::Look look() const;
     void paintFrame(QPainter& painter) const;
-    void paintPaper(QPainter& painter, const QRegion& region) const;
-    void paintBlocks(const DayPainter& paint, const QRegion& region) const;
+    void paintPaper(QPainter& painter, const QRect& area) const;
+    void paintBlocks(QPainter& painter, const DayPainter& paint, const QRect& area) const;
+    void paintBlock(QPainter& painter, const DayPainter& paint, DayTasks::Id id,
+                    const ShownBlock& block) const;
     void paintOverlays(const DayPainter& paint) const;
 
     // Scrolling.
@@ -244,6 +253,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     mutable bool stale_ = true;
     mutable TimeSpan shown_{std::chrono::minutes(0), kDay};
     mutable std::vector<Block> blocks_;
+    mutable std::unordered_map<DayTasks::Id, Drawn> drawn_;
 
     std::optional<DayTasks::Id> selected_;
     std::chrono::minutes slot_{8 * 60};

@@ -9,11 +9,8 @@
 // Editor, drags and removal of the day view. Signals are emitted last or followed by a check of
 // what their listener left.
 namespace velmora {
-namespace {
 
 using namespace std::chrono;
-
-}  // namespace
 
 void SSDay::watchFocus() {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {

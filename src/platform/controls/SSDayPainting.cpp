@@ -1,0 +1,179 @@
+#include <QFontMetrics>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <cmath>
+
+#include "platform/controls/Painting.h"
+#include "platform/controls/SSDay.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/Theme.h"
+
+// What of the day view is painted anew, and how.
+namespace velmora {
+namespace {
+
+using namespace std::chrono;
+
+constexpr qreal kFrameRadius = 8;
+
+}  // namespace
+
+void SSDay::updateBlock(int index) {
+    if (index >= 0 && index < static_cast<int>(blocks().size()))
+        update(reachOf(blocks_[static_cast<std::size_t>(index)].shown.place));
+}
+
+void SSDay::updateSlot() {
+    update(geometryNow().slotRect(slot_));
+}
+
+void SSDay::updateNowLine() {
+    if (!now_)
+        return;
+    const DayGeometry geometry = geometryNow();
+    update(geometry.paper.left(), geometry.yOf(*now_) - 6, geometry.paper.width(), 12);
+}
+
+DayPainter::Look SSDay::look() const {
+    const Theme& theme = Theme::of(*this);
+    return {.theme = theme,
+            .font = blockFont(),
+            .text = textColor_.isValid() ? textColor_ : theme.ink,
+            .small = readOnly_};
+}
+
+// The round corners of the frame take a clip that is slow to paint through, so only the strips at
+// the upper and the lower edge pay for it.
+void SSDay::paintEvent(QPaintEvent* event) {
+    (void)blocks();
+    QPainter painter(this);
+    const QRect paper = geometryNow().paper & event->rect();
+    const int strip = static_cast<int>(kFrameRadius);
+    const QRect middle = paper & rect().adjusted(0, strip, 0, -strip);
+    if (!middle.isEmpty()) {
+        painter.setClipRect(middle);
+        paintPaper(painter, middle);
+    }
+    QPainterPath inside;
+    inside.addRoundedRect(rect(), kFrameRadius, kFrameRadius);
+    for (const QRect& edge :
+         {QRect(0, 0, width(), strip), QRect(0, height() - strip, width(), strip)}) {
+        if (!edge.intersects(event->rect()))
+            continue;
+        painter.setClipPath(inside);
+        painter.setClipRect(edge, Qt::IntersectClip);
+        painter.fillRect(edge, Theme::of(*this).surface);
+        if (const QRect part = edge & paper; !part.isEmpty())
+            paintPaper(painter, part);
+    }
+    painter.setClipping(false);
+    paintFrame(painter);
+}
+
+void SSDay::paintFrame(QPainter& painter) const {
+    const Theme& theme = Theme::of(*this);
+    if (!caption_.empty()) {
+        const QRect row(0, 0, width(), 1 + captionHeight());
+        QPainterPath inside;
+        inside.addRoundedRect(rect(), kFrameRadius, kFrameRadius);
+        painter.setClipPath(inside);
+        painter.fillRect(row, theme.chrome);
+        painter.setClipping(false);
+        drawHorizontal(painter, 0, width(), row.bottom(), theme.line);
+        painter.setFont(captionFontSet_ ? captionFont_ : font());
+        painter.setPen(theme.ink);
+        const QRect room = row.adjusted(6, 1, -6, -1);
+        painter.drawText(room, Qt::AlignCenter,
+                         painter.fontMetrics().elidedText(toQt(caption_, codePage_), Qt::ElideRight,
+                                                          room.width()));
+    }
+    drawRing(painter, rect(), 1, kFrameRadius, theme.edge);
+}
+
+void SSDay::paintPaper(QPainter& painter, const QRect& area) const {
+    const DayGeometry geometry = geometryNow();
+    const DayPainter::Look look = this->look();
+    const DayPainter paint(painter, geometry, look);
+    paint.paper(area);
+    paintBlocks(painter, paint, area);
+    paintOverlays(paint);
+}
+
+void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const QRect& area) const {
+    const int dragged = drag_ && drag_->begun ? tasks_.indexOf(drag_->id) : -1;
+    const int selected = SelectedIndex();
+    std::vector<ShownBlock> strong;
+    for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
+        const Block& known = blocks_[static_cast<std::size_t>(i)];
+        if (!area.intersects(reachOf(i == dragged ? draggedPlace() : known.shown.place)))
+            continue;
+        ShownBlock block = known.shown;
+        block.selected = i == selected;
+        block.hovered = i == hovered_;
+        if (i == dragged) {
+            block.place = draggedPlace();
+            block.times =
+                shownTime(drag_->now.begin) + DayPainter::dash() + shownTime(drag_->now.end);
+            paint.block(block, geometryNow().blockRect(block.place));
+        } else {
+            paintBlock(painter, paint, known.id, block);
+        }
+        if ((block.selected || block.hovered) && !edit_ && !readOnly_)
+            strong.push_back(block);
+    }
+    for (const ShownBlock& block : strong)
+        paint.strongBars(block);
+}
+
+// Blocks are drawn once and then copied: shaping their texts is most of the work of a full day.
+void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, DayTasks::Id id,
+                       const ShownBlock& block) const {
+    const QRect rect = geometryNow().blockRect(block.place);
+    const qreal ratio = painter.device()->devicePixelRatio();
+    const bool wholePixels = std::floor(ratio) == ratio;
+    if (!wholePixels) {
+        paint.block(block, rect);
+        return;
+    }
+    Drawn& drawn = drawn_[id];
+    const bool fits = drawn.pixmap.size() == rect.size() * ratio &&
+                      drawn.shown.selected == block.selected &&
+                      drawn.shown.hovered == block.hovered && drawn.shown.text == block.text &&
+                      drawn.shown.times == block.times;
+    if (!fits) {
+        drawn = {QPixmap(rect.size() * ratio), block};
+        drawn.pixmap.setDevicePixelRatio(ratio);
+        drawn.pixmap.fill(Qt::transparent);
+        QPainter onPixmap(&drawn.pixmap);
+        const DayGeometry geometry = geometryNow();
+        const DayPainter::Look look = this->look();
+        DayPainter(onPixmap, geometry, look).block(block, QRect(QPoint(0, 0), rect.size()));
+    }
+    painter.drawPixmap(rect.topLeft(), drawn.pixmap);
+}
+
+void SSDay::paintOverlays(const DayPainter& paint) const {
+    if (now_ && *now_ >= shown_.begin && *now_ <= shown_.end)
+        paint.nowLine(*now_);
+    if (range_ && range_->begun) {
+        const TimeSpan span = range_->span();
+        paint.range(span, shownTime(span.begin) + DayPainter::dash() + shownTime(span.end));
+    } else if (hasFocus() && !readOnly_ && !selected_ && !edit_) {
+        paint.focusedSlot(slot_);
+    }
+    if (drag_ && drag_->begun) {
+        const minutes edge = drag_->grip == Grip::End ? drag_->now.end : drag_->now.begin;
+        paint.gutterTime(edge, shownTime(edge));
+    }
+}
+
+PlacedBlock SSDay::draggedPlace() const {
+    const auto index = static_cast<std::size_t>(tasks_.indexOf(drag_->id));
+    PlacedBlock place = blocks().at(index).shown.place;
+    place.drawn = placeSideBySide({drag_->now}, shortestDrawn()).front().drawn;
+    return place;
+}
+
+}  // namespace velmora
