@@ -167,7 +167,7 @@ void Stepper::paintEvent(QPaintEvent*) {
     const bool focused = arrows_->hasFocus();
     drawPanel(painter, rect(), kRadius, theme.surface, theme.line2);
     if (focused)
-        drawRing(painter, rect(), kRadius, theme.accent);
+        drawFocusRing(painter, rect(), kRadius, theme.accent);
 }
 
 void Stepper::mousePressEvent(QMouseEvent* event) {
