@@ -1,6 +1,5 @@
 #include "core/forms/PlannerPage.h"
 
-#include <QFrame>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -16,17 +15,14 @@ PlannerPage::PlannerPage(QWidget* day, QWidget* parent)
     Label1->setIndent(2);
     setType(*Label1, 15, QFont::DemiBold);
 
-    auto* card = new QFrame(this);
-    card->setProperty("role", "card");
-    auto* cardLayout = new QVBoxLayout(card);
-    cardLayout->setContentsMargins(1, 1, 1, 1);
-    cardLayout->addWidget(day);
+    day->setObjectName(QStringLiteral("SSDay1"));
+    day->setAccessibleName(tr("Day"));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(Label1);
-    layout->addWidget(card, 1);
+    layout->addWidget(day, 1);
 }
 
 }  // namespace velmora
