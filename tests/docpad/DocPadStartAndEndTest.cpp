@@ -153,12 +153,12 @@ class DocPadRecovery : public ::testing::Test, protected test::DocPadWorld {
 };
 
 TEST_F(DocPadRecovery, OffersTheTextOfASessionThatWasCutShort) {
-    leaveBehind(std::string("a\r\n\0\xFF", 5), "/home/letter.txt");
+    leaveBehind(std::string("a\r\n\0\xFF", 5), "/docs/letter.txt");
     messages.willAnswer(true);
     pad.offerRecovery();
     EXPECT_THAT(messages.takeShown(), ElementsAre(kBackAsked));
     EXPECT_EQ(text.text, std::string("a\r\n\0\xFF", 5));
-    EXPECT_EQ(dialog.fileName(), "/home/letter.txt");
+    EXPECT_EQ(dialog.fileName(), "/docs/letter.txt");
     EXPECT_EQ(state.DocPadDirty, 1);
     EXPECT_FALSE(kept(1));
     EXPECT_TRUE(kept(2)) << "it stays kept under this run's own mark until it is saved";

@@ -233,29 +233,34 @@ bool PadEdit::viewportEvent(QEvent* event) {
     return sendToText(mouse, mouse.position());
 }
 
+// The toolkit fills only the lines of a selection; the room between them is filled before.
+void PadEdit::fillSelectedRows(const QTextBlock& block, QPainter& painter,
+                               const QBrush& fill) const {
+    const QRectF area = blockBoundingGeometry(block).translated(contentOffset());
+    const int first = textCursor().selectionStart() - block.position();
+    const int last = textCursor().selectionEnd() - block.position();
+    for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        const QTextLine line = block.layout()->lineAt(i);
+        const int end = line.textStart() + line.textLength();
+        if (last <= line.textStart() || first > end)
+            continue;
+        const QRectF row = PadLayout::rowOf(line).translated(area.topLeft());
+        const qreal left = first > line.textStart() ? line.cursorToX(first) : 0;
+        const qreal right = last <= end ? line.cursorToX(last) : viewport()->width();
+        painter.fillRect(QRectF(left, row.top(), right - left, row.height()), fill);
+    }
+}
+
 void PadEdit::paintEvent(QPaintEvent* event) {
-    const QTextCursor cursor = textCursor();
-    if (cursor.hasSelection()) {
-        // The toolkit fills only the lines; the room between them is filled here first.
+    if (textCursor().hasSelection()) {
         QPainter painter(viewport());
         const auto group = hasFocus() ? QPalette::Active : QPalette::Inactive;
         const QBrush fill = palette().brush(group, QPalette::Highlight);
         for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
-            const QRectF area = blockBoundingGeometry(block).translated(contentOffset());
-            if (area.top() > viewport()->height())
+            if (blockBoundingGeometry(block).translated(contentOffset()).top() >
+                viewport()->height())
                 break;
-            const int first = cursor.selectionStart() - block.position();
-            const int last = cursor.selectionEnd() - block.position();
-            for (int i = 0; i < block.layout()->lineCount(); ++i) {
-                const QTextLine line = block.layout()->lineAt(i);
-                const int end = line.textStart() + line.textLength();
-                if (last <= line.textStart() || first > end)
-                    continue;
-                QRectF row = PadLayout::rowOf(line).translated(area.topLeft());
-                const qreal left = first > line.textStart() ? line.cursorToX(first) : 0;
-                const qreal right = last <= end ? line.cursorToX(last) : viewport()->width();
-                painter.fillRect(QRectF(left, row.top(), right - left, row.height()), fill);
-            }
+            fillSelectedRows(block, painter, fill);
         }
     }
     QPlainTextEdit::paintEvent(event);

@@ -79,6 +79,7 @@ class PadEdit final : public QPlainTextEdit {
     [[nodiscard]] QString kept(const QString& text);
     [[nodiscard]] QPointF onLine(QPointF position) const;
     bool sendToText(QMouseEvent& event, QPointF position);
+    void fillSelectedRows(const QTextBlock& block, QPainter& painter, const QBrush& fill) const;
 
     PadBytes bytes_;
     std::optional<QColor> ink_;
