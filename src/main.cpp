@@ -1,9 +1,5 @@
-#include <QApplication>
-
-#include "platform/qt/Theme.h"
+#include "app/Start.h"
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    velmora::applyTheme(application);
-    return 0;
+    return velmora::runVelmora(argc, argv);
 }

@@ -67,6 +67,27 @@ void PosixFiles::writeWhole(const std::string& path, std::string_view bytes) {
     writeAtomically(nativePath(path), bytes);
 }
 
+void PosixFiles::append(const std::string& path, std::string_view bytes) {
+    const std::string native = nativePath(path);
+    const FileDescriptor file = openFile(native, O_WRONLY | O_CREAT | O_APPEND);
+    if (!file.isOpen())
+        throw systemFailure("The file " + native + " can not be opened", errno);
+    requireRegularFile(file, native);
+    ssize_t count = 0;
+    do
+        count = write(file.number(), bytes.data(), bytes.size());
+    while (count < 0 && errno == EINTR);
+    if (count == static_cast<ssize_t>(bytes.size()))
+        return;
+    const int why = count < 0 ? errno : ENOSPC;
+    // What was written in part goes again, unless another copy has written behind it by now.
+    const off_t end = lseek(file.number(), 0, SEEK_CUR);
+    struct stat status {};
+    if (count > 0 && fstat(file.number(), &status) == 0 && status.st_size == end)
+        (void)!ftruncate(file.number(), end - count);
+    throw systemFailure("The file " + native + " can not be written", why);
+}
+
 void PosixFiles::remove(const std::string& path) {
     const std::string native = nativePath(path);
     if (unlink(native.c_str()) != 0)

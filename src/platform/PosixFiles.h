@@ -18,6 +18,7 @@ class PosixFiles final : public Files {
     [[nodiscard]] std::optional<std::string> readWhole(const std::string& path,
                                                        std::uint64_t limit) const override;
     void writeWhole(const std::string& path, std::string_view bytes) override;
+    void append(const std::string& path, std::string_view bytes) override;
     void remove(const std::string& path) override;
 
     // The path of this machine, in UTF-8, for a path of the program.

@@ -57,6 +57,16 @@ QString resourceText(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
+// The theme of the platform's palette, unless VELMORA_THEME in the environment names the other.
+const Theme& wantedTheme() {
+    const QString named = qEnvironmentVariable("VELMORA_THEME");
+    if (named == QLatin1String("dark"))
+        return Theme::dark();
+    if (named == QLatin1String("light"))
+        return Theme::light();
+    return Theme::of(QApplication::palette());
+}
+
 }  // namespace
 
 const Theme& Theme::light() {
@@ -173,7 +183,7 @@ QString Theme::fill(QString styleSheet) const {
 }
 
 void applyTheme(QApplication& application) {
-    const Theme& theme = Theme::of(QApplication::palette());
+    const Theme& theme = wantedTheme();
     QApplication::setStyle(new DeskStyle);
     QFont font;
     font.setFamilies(

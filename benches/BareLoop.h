@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace velmora::bench {
+
+// The yardstick of the scans: reads a book in blocks of 1 MiB and compares raw bytes, with nothing
+// around it. Both throw std::runtime_error when the file can not be read.
+
+// How many entries belong to a letter, "A" to "Z".
+[[nodiscard]] std::size_t countUnderLetter(const std::string& path, char letter);
+
+// The number from 1 of the first person of this name, compared without regard to the case of
+// A to Z; 0 for none.
+[[nodiscard]] std::size_t findPerson(const std::string& path, const std::string& last,
+                                     const std::string& first);
+
+}  // namespace velmora::bench

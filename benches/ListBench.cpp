@@ -1,0 +1,86 @@
+// Times how long the entry list takes to take in and paint the lines of a letter with many
+// entries, on top of reading them.
+
+#include <QApplication>
+#include <QEvent>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benches/Report.h"
+#include "benches/Samples.h"
+#include "platform/CodePage.h"
+#include "platform/controls/EntryList.h"
+#include "platform/qt/Theme.h"
+
+namespace velmora::bench {
+namespace {
+
+constexpr int kRepetitions = 15;
+constexpr unsigned kLines = 3'000;
+
+// In an order that is none, so that sorting has to be done.
+std::vector<std::string> lines() {
+    std::vector<std::string> result;
+    for (unsigned i = 0; i < kLines; ++i) {
+        char line[64];
+        std::snprintf(line, sizeof line, "Same%08u, First%u", i * 7919U % 100'003U, i % 997U);
+        result.emplace_back(line);
+    }
+    return result;
+}
+
+// Counts how often a widget is painted.
+class PaintCounter final : public QObject {
+  public:
+    int paints = 0;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+int measure() {
+    EntryList list(CodePage::western());
+    list.resize(248, 400);
+    list.show();
+    PaintCounter counter;
+    list.viewport()->installEventFilter(&counter);
+    while (counter.paints == 0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const std::vector<std::string> all = lines();
+    std::vector<Milliseconds> times;
+    for (int i = 0; i < kRepetitions; ++i) {
+        list.clearLines();
+        list.repaint();
+        std::vector<std::string> added = all;
+        const int before = counter.paints;
+        times.push_back(timeOf([&] {
+            list.addLines(std::move(added));
+            list.viewport()->repaint();
+        }));
+        if (counter.paints == before || list.lines().size() != kLines)
+            throw std::runtime_error("the list was not painted");
+    }
+    Report report;
+    report.figure("list-of-3000-painted", median(times).count(), "ms", 30);
+    return report.exitCode();
+}
+
+}  // namespace
+}  // namespace velmora::bench
+
+int main(int argc, char** argv) try {
+    QApplication application(argc, argv);
+    velmora::applyTheme(application);
+    return velmora::bench::measure();
+} catch (const std::exception& error) {
+    std::cerr << "bench_list: " << error.what() << '\n';
+    return 1;
+}

@@ -1,0 +1,93 @@
+// Compares the start of Velmora, up to its first painted window, with that of a bare window.
+// bench_start VELMORA BARE_WINDOW: both end when they have been painted.
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benches/Report.h"
+#include "benches/Samples.h"
+
+namespace velmora::bench {
+namespace {
+
+constexpr int kRepetitions = 15;
+
+struct Run {
+    Milliseconds wall{};
+    Milliseconds processor{};  // user and system time
+};
+
+Milliseconds toMilliseconds(const timeval& time) {
+    return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
+}
+
+// Starts a program and waits for its end.
+Run run(const std::string& program) {
+    const auto began = std::chrono::steady_clock::now();
+    const pid_t child = ::fork();
+    if (child < 0)
+        throw std::runtime_error("no process can be started");
+    if (child == 0) {
+        ::execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    ::wait4(child, &status, 0, &usage);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        throw std::runtime_error(program + " did not end well");
+    return {std::chrono::steady_clock::now() - began,
+            toMilliseconds(usage.ru_utime) + toMilliseconds(usage.ru_stime)};
+}
+
+struct Medians {
+    std::vector<Milliseconds> wall, processor;
+
+    void add(const Run& run) {
+        wall.push_back(run.wall);
+        processor.push_back(run.processor);
+    }
+};
+
+int measure(const std::string& velmora, const std::string& bareWindow) {
+    ::setenv("VELMORA_QUIT_AFTER_FIRST_PAINT", "1", 1);
+    Medians ours, bare;
+    run(velmora);
+    run(bareWindow);
+    for (int i = 0; i < kRepetitions; ++i) {
+        ours.add(run(velmora));
+        bare.add(run(bareWindow));
+    }
+    const Milliseconds wall = median(ours.wall), bareWall = median(bare.wall);
+    const Milliseconds processor = median(ours.processor), bareProcessor = median(bare.processor);
+    Report report;
+    report.figure("start-wall", wall.count(), "ms");
+    report.figure("start-wall-bare", bareWall.count(), "ms");
+    report.figure("start-wall-to-bare", wall / bareWall, "times", 2);
+    report.figure("start-processor", processor.count(), "ms");
+    report.figure("start-processor-bare", bareProcessor.count(), "ms");
+    report.figure("start-processor-to-bare", processor / bareProcessor, "times", 2);
+    return report.exitCode();
+}
+
+}  // namespace
+}  // namespace velmora::bench
+
+int main(int argc, char** argv) try {
+    if (argc != 3) {
+        std::cerr << "Usage: bench_start VELMORA BARE_WINDOW\n";
+        return 2;
+    }
+    return velmora::bench::measure(argv[1], argv[2]);
+} catch (const std::exception& error) {
+    std::cerr << "bench_start: " << error.what() << '\n';
+    return 1;
+}

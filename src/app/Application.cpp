@@ -1,0 +1,62 @@
+#include "app/Application.h"
+
+#include <QMessageBox>
+#include <QWidget>
+#include <clocale>
+#include <cstdlib>
+#include <exception>
+
+#include "platform/Failure.h"
+#include "platform/Messages.h"
+#include "platform/qt/Icons.h"
+
+namespace velmora {
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // The toolkit sets the user's locale for everything; numbers keep their point.
+    std::setlocale(LC_NUMERIC, "C");
+    setApplicationName(QString::fromLatin1(kApplicationTitle));
+    setDesktopFileName(QStringLiteral("velmora"));
+    setWindowIcon(applicationIcon());
+    setQuitOnLastWindowClosed(false);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const Failure& failure) {
+        closePopups();
+        showError(QString::fromUtf8(failure.what()));
+    } catch (const std::exception& error) {
+        endInOrder(error.what());
+    } catch (...) {
+        endInOrder("unknown");
+    }
+    return false;
+}
+
+void Application::closePopups() {
+    while (QWidget* popup = activePopupWidget())
+        popup->close();
+}
+
+void Application::showError(const QString& text) {
+    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(kApplicationTitle), text,
+                    QMessageBox::Ok, activeWindow());
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+void Application::endInOrder(const char* what) {
+    if (std::exchange(ending_, true))
+        std::_Exit(1);  // the orderly end failed too
+    closePopups();
+    showError(tr("Velmora met an error that it can not go on after (%1). It will close now.")
+                  .arg(QString::fromUtf8(what)));
+    if (orderlyEnd_)
+        orderlyEnd_();
+    exit(1);
+}
+
+}  // namespace velmora

@@ -1,0 +1,160 @@
+#include "app/Program.h"
+
+#include <QCoreApplication>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "core/forms/CommandMenus.h"
+#include "core/forms/DocPadColumn.h"
+#include "core/forms/LeftColumn.h"
+#include "core/forms/PhonebookPage.h"
+#include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
+#include "core/forms/ToolStrip.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/LetterTabs.h"
+#include "platform/controls/SSMonth.h"
+#include "platform/controls/TrashCan.h"
+
+namespace velmora {
+namespace {
+
+std::chrono::year_month_day dateOf(Moment moment) {
+    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
+}
+
+}  // namespace
+
+Program::Program()
+    : calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
+                {new QWidget, new QPlainTextEdit}),
+      panes_(calendar_, calendar_.status()),
+      docPadSize_(calendar_, state_, panes_),
+      clockLine_(calendar_, world_.settings, world_.clock, world_.locale),
+      trayIcon_([this](unsigned message) { tray_.OnTrayMessage(message); }),
+      tray_(trayIcon_, calendar_),
+      store_(world_.files, world_.locations, world_.codePage),
+      writer_(store_, world_.messages),
+      phonebookPane_(calendar_),
+      letters_(state_, store_, phonebookPane_),
+      pendingWish_(
+          state_, [this](int kind) { letters_.SelectBook(static_cast<std::int16_t>(kind)); },
+          [this](int index) { letters_.LetterClick(index); }),
+      entryForms_(world_.messages, calendar_.status(), world_.codePage, calendar_),
+      entries_({state_, world_.settings, store_, writer_, letters_, world_.messages,
+                [this] { calendar_.flipCheck1(); }},
+               phonebookPane_, calendar_.status(), entryForms_),
+      startUp_(state_, calendar_, world_.settings, clockLine_, tray_, world_.clock, world_.locale,
+               {.watchMenus = [this] { connectStatusHelp(); },
+                .showLetterA = [this] { letters_.LetterClick(0); }}),
+      closeDown_(tray_, {.endScans = [this] { world_.loop.beginClosing(); }}) {
+    bindCommands();
+    connectWindow();
+    connectPhonebook();
+}
+
+void Program::start() {
+    startUp_.run();
+    tellOfDamagedSettings();
+}
+
+void Program::close() {
+    calendar_.close();
+}
+
+void Program::bindCommands() {
+    commands_.bind("twentyfourhr", [this] { clockLine_.toggleTwentyFourHours(); });
+    commands_.bind("exitmnu", [this] { calendar_.close(); });
+    commands_.bind("totoday",
+                   [this] { calendar_.leftColumn().month()->setDate(dateOf(world_.clock.now())); });
+    commands_.bind("addmnu", [this] { entries_.newEntry(); });
+    commands_.bind("chngmnu", [this] { entries_.changeEntry(); });
+    commands_.bind("Delete", [this] { entries_.deleteEntry(); });
+    commands_.bind("Yellow", [this] { letters_.SelectBook(kYellowPages); });
+    commands_.bind("White", [this] { letters_.SelectBook(kWhitePages); });
+    commands_.bind("Planner", [this] { panes_.show(Pane::Planner); });
+    commands_.bind("Phonebook", [this] { panes_.show(Pane::Phonebook); });
+    commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
+
+    const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
+    calendar_.menus().setItemsEnabled(bound);
+    calendar_.mainKeys().setKeyEnabled(bound);
+    calendar_.phonebookPage().contactKeys()->setKeyEnabled(bound);
+}
+
+void Program::run(std::string_view command) {
+    if (commands_.isBound(command))
+        commands_.run(command);
+}
+
+void Program::connectWindow() {
+    const auto runRow = [this](const auto& row) { run(row.name); };
+    QObject::connect(&calendar_.menus(), &CommandMenus::chosen, &calendar_, runRow);
+    QObject::connect(&calendar_.menus(), &CommandMenus::opening, &calendar_,
+                     [this](const MenuRow& head) {
+                         if (head.name == "planmnu")
+                             panes_.show(Pane::Planner);
+                         if (head.name == "vlmmnu")
+                             panes_.show(Pane::Phonebook);
+                     });
+    for (ToolStrip* strip : {&calendar_.mainKeys(), calendar_.phonebookPage().contactKeys(),
+                             calendar_.leftColumn().bookKeys()})
+        QObject::connect(strip, &ToolStrip::chosen, &calendar_,
+                         [this](const ToolRow& row) { run(row.command); });
+    QObject::connect(&calendar_.rail(), &Rail::paneChosen, &calendar_,
+                     [this](Pane pane) { panes_.show(pane); });
+    QObject::connect(&calendar_, &Calendar::clockTicked, &calendar_, [this] { clockLine_.tick(); });
+    QObject::connect(&calendar_, &Calendar::check1Flipped, &calendar_,
+                     [this] { pendingWish_.flipped(); });
+    QObject::connect(calendar_.docPad().growButton(), &QToolButton::clicked, &calendar_,
+                     [this] { docPadSize_.maximise(); });
+    QObject::connect(calendar_.docPad().shrinkButton(), &QToolButton::clicked, &calendar_,
+                     [this] { docPadSize_.restore(); });
+    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [this] {
+        closeDown_.run();
+        QCoreApplication::quit();
+    });
+}
+
+void Program::connectPhonebook() {
+    QObject::connect(calendar_.phonebookPage().letterTabs(), &LetterTabs::clicked, &calendar_,
+                     [this](int index) { letters_.LetterClick(index); });
+    QObject::connect(calendar_.leftColumn().list(), &EntryList::lineClicked, &calendar_,
+                     [this] { letters_.ListClick(); });
+    QObject::connect(calendar_.phonebookPage().moveButton(), &QPushButton::clicked, &calendar_,
+                     [this] { entries_.moveEntry(); });
+    QObject::connect(calendar_.rail().trash(), &TrashCan::entryDropped, &calendar_,
+                     [this] { entries_.dropOnTrash(); });
+}
+
+void Program::connectStatusHelp() {
+    StatusBar& status = calendar_.status();
+    QObject::connect(&calendar_.menus(), &CommandMenus::highlighted, &calendar_,
+                     [this, &status](const MenuRow& row) {
+                         if (const auto text = menuHelp_.MenuSelect(menuHelp_.wordOf(row.name)))
+                             status.show(*text);
+                     });
+    for (ToolStrip* strip : {&calendar_.mainKeys(), calendar_.phonebookPage().contactKeys(),
+                             calendar_.leftColumn().bookKeys()})
+        QObject::connect(strip, &ToolStrip::hovered, &calendar_,
+                         [this, &status](const ToolRow& row) {
+                             const auto text = hoverText(row, calendar_.dayViewShown());
+                             if (!text.empty())
+                                 status.show(std::string(text));
+                         });
+    QObject::connect(&calendar_.rail(), &Rail::paneHovered, &calendar_,
+                     [&status](Pane pane) { status.show(paneHoverText(pane)); });
+    QObject::connect(calendar_.phonebookPage().letterTabs(), &LetterTabs::hovered, &calendar_,
+                     [&status] { status.show("Click a letter."); });
+}
+
+void Program::tellOfDamagedSettings() {
+    if (const auto& file = world_.settingsMedium.putAside())
+        world_.messages.tell(kApplicationTitle,
+                             "The settings were damaged and begin anew. The damaged file was kept "
+                             "as " +
+                                 world_.codePage.fromUtf8(*file) + ".");
+}
+
+}  // namespace velmora

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "app/CalendarPhonebookPane.h"
+#include "app/EntryForms.h"
+#include "app/World.h"
+#include "core/ClockLine.h"
+#include "core/CloseDown.h"
+#include "core/CommandSet.h"
+#include "core/DocPadSize.h"
+#include "core/MenuHelp.h"
+#include "core/PaneSwitch.h"
+#include "core/PendingWish.h"
+#include "core/SharedState.h"
+#include "core/StartUp.h"
+#include "core/Tray.h"
+#include "core/forms/Calendar.h"
+#include "phonebook/EntryCommands.h"
+#include "phonebook/EntryWriter.h"
+#include "phonebook/LetterView.h"
+#include "phonebook/PhonebookStore.h"
+#include "platform/qt/QtTrayIcon.h"
+
+namespace velmora {
+
+// The one place that builds the program's objects and connects them.
+class Program {
+  public:
+    // Throws Failure when there is no place for data or settings.
+    Program();
+
+    // Runs the start-up list; the window is in view afterwards.
+    void start();
+
+    [[nodiscard]] Calendar& window() { return calendar_; }
+
+    // Closes the window as the user does.
+    void close();
+
+  private:
+    void bindCommands();
+    void connectWindow();
+    void connectPhonebook();
+    void connectStatusHelp();
+    void run(std::string_view command);
+    void tellOfDamagedSettings();
+
+    World world_;
+    SharedState state_;
+    Calendar calendar_;
+    CommandSet commands_;
+    MenuHelp menuHelp_;
+
+    PaneSwitch panes_;
+    DocPadSize docPadSize_;
+    ClockLine clockLine_;
+    QtTrayIcon trayIcon_;
+    Tray tray_;
+
+    PhonebookStore store_;
+    EntryWriter writer_;
+    CalendarPhonebookPane phonebookPane_;
+    LetterView letters_;
+    PendingWish pendingWish_;
+    EntryForms entryForms_;
+    EntryCommands entries_;
+
+    StartUp startUp_;
+    CloseDown closeDown_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,28 @@
+#include "app/World.h"
+
+#include <QLocale>
+
+#include "platform/ProgramFolder.h"
+#include "platform/qt/QtLocaleFormats.h"
+
+namespace velmora {
+namespace {
+
+std::string withoutSeparator(const char* name) {
+    return std::string(name).substr(1);
+}
+
+}  // namespace
+
+World::World()
+    : codePage(CodePage::forLocale(QLocale::system().name().toStdString())),
+      locale(localeFormats(QLocale::system(), codePage)),
+      nativeProgramFolder(programFolder()),
+      books(codePage, clock,
+            {withoutSeparator(kYellowPagesFile), withoutSeparator(kWhitePagesFile)}),
+      files(NativePaths(codePage, codePage.fromUtf8(nativeProgramFolder), nativeProgramFolder),
+            &books),
+      settingsMedium(configurationFolder() + "/settings.db"),
+      locations(codePage.fromUtf8(nativeProgramFolder), settings, files, codePage) {}
+
+}  // namespace velmora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "core/DataLocations.h"
+#include "core/SettingsStore.h"
+#include "platform/CaseTwins.h"
+#include "platform/CodePage.h"
+#include "platform/Format.h"
+#include "platform/PosixFiles.h"
+#include "platform/SystemClock.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtMessages.h"
+#include "platform/sqlite/SqliteSettings.h"
+
+namespace velmora {
+
+// What surrounds the program: the user's locale, the clock, files, settings, boxes and the loop.
+struct World {
+    // Throws Failure when there is no folder for data or settings.
+    World();
+
+    CodePage codePage;
+    LocaleFormats locale;
+    SystemClock clock;
+    std::string nativeProgramFolder;  // UTF-8
+    CaseTwins books;
+    PosixFiles files;
+    SqliteSettings settingsMedium;
+    SettingsStore settings{settingsMedium};
+    DataLocations locations;
+    QtEventLoop loop;
+    QtMessages messages{codePage};
+};
+
+}  // namespace velmora

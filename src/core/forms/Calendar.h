@@ -1,0 +1,127 @@
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <string_view>
+
+#include "core/MainForm.h"
+#include "platform/CodePage.h"
+#include "platform/Format.h"
+
+class QCheckBox;
+class QLabel;
+class QPlainTextEdit;
+class QSplitter;
+class QStackedWidget;
+class QTimer;
+
+namespace velmora {
+
+class CommandMenus;
+class DialerPage;
+class DocPadColumn;
+class LeftColumn;
+class PhonebookPage;
+class PlannerPage;
+class Rail;
+class StatusBar;
+class ToolStrip;
+
+// The main window. It shows what it is told and reports what the user does; what that means is
+// decided elsewhere.
+class Calendar final : public QMainWindow, public MainForm {
+    Q_OBJECT
+
+  public:
+    // The parts of the window that are made outside it.
+    struct Parts {
+        QWidget* day;          // SSDay1
+        QPlainTextEdit* text;  // Text4
+    };
+
+    // `codePage` must outlive the window.
+    Calendar(const CodePage& codePage, const LocaleFormats& locale,
+             std::chrono::year_month_day today, Parts parts);
+
+    [[nodiscard]] CommandMenus& menus() const { return *menus_; }
+    [[nodiscard]] ToolStrip& mainKeys() const { return *mainKeys_; }
+    [[nodiscard]] Rail& rail() const { return *rail_; }
+    [[nodiscard]] LeftColumn& leftColumn() const { return *leftColumn_; }
+    [[nodiscard]] PlannerPage& plannerPage() const { return *plannerPage_; }
+    [[nodiscard]] PhonebookPage& phonebookPage() const { return *phonebookPage_; }
+    [[nodiscard]] DialerPage& dialerPage() const { return *dialerPage_; }
+    [[nodiscard]] DocPadColumn& docPad() const { return *docPad_; }
+    [[nodiscard]] StatusBar& status() const { return *statusBar_; }
+
+    // The desk, on which the year view floats.
+    [[nodiscard]] QWidget* desk() const { return desk_; }
+
+    // Flips the hidden check box; flipped() follows before this returns.
+    void flipCheck1();
+
+    // True while the day view is on show.
+    [[nodiscard]] bool dayViewShown() const;
+
+    void setControlState(PaneControl control, ControlState state) override;
+    void raisePaneButton(Pane pane) override;
+    void setTwentyFourHourTick(bool ticked) override;
+    [[nodiscard]] bool twentyFourHourTick() const override;
+    void setClockText(const std::string& text) override;
+    [[nodiscard]] std::string clockText() const override;
+    void setDateLine(const std::string& text) override;
+    void setLastNumber(const std::string& text) override;
+    void setFont(FontTarget target, const FontChoice& font) override;
+    void setCaption(const std::string& text) override;
+    void setDocPadCaption(const std::string& text) override;
+    [[nodiscard]] std::string docPadCaption() const override;
+    void showCentred(int raise) override;
+    void bringToFront() override;
+    [[nodiscard]] SharedState::Box docPadBox() const override;
+    void fillWithDocPad() override;
+    void putDocPadBack(const SharedState::Box& box) override;
+    void setMaximiseButtonShown(bool shown) override;
+    void setRestoreButtonShown(bool shown) override;
+    void setYearButtonEnabled(bool enabled) override;
+
+  signals:
+    void check1Flipped();
+    void clockTicked();
+
+    // The window is closing; nothing can keep it open.
+    void closing();
+
+    // The window has been painted for the first time.
+    void firstPainted();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    [[nodiscard]] QWidget* makeToolbarRow();
+    [[nodiscard]] QWidget* makeDesk();
+    void setTabStops();
+    void nameControls();
+
+    const CodePage& codePage_;
+    Parts parts_;
+    CommandMenus* menus_;
+    ToolStrip* mainKeys_;
+    QLabel* Label8;  // the clock
+    Rail* rail_;
+    LeftColumn* leftColumn_;
+    PlannerPage* plannerPage_;
+    PhonebookPage* phonebookPage_;
+    DialerPage* dialerPage_;
+    QStackedWidget* pages_;
+    DocPadColumn* docPad_;
+    QSplitter* splitter_ = nullptr;
+    QWidget* desk_ = nullptr;
+    StatusBar* statusBar_;
+    QCheckBox* Check1;  // "Don't Delete -- Required", never shown
+    QTimer* Timer1;     // the clock, 500 ms
+    std::map<PaneControl, QWidget*> controls_;
+    bool painted_ = false;
+};
+
+}  // namespace velmora

@@ -1,0 +1,114 @@
+#include "core/forms/PhonebookPage.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/forms/ToolStrip.h"
+#include "platform/controls/EntryCard.h"
+#include "platform/controls/LetterTabs.h"
+#include "platform/qt/Icons.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kHangUpInset = 14;
+
+QPushButton* makeButton(const char* name, const char* caption, const char* toolTip,
+                        QWidget* parent) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setToolTip(QString::fromLatin1(toolTip));
+    button->setAutoDefault(false);
+    return button;
+}
+
+QPushButton* makeIconButton(const char* name, const char* symbol, const char* toolTip,
+                            QWidget* parent) {
+    QPushButton* button = makeButton(name, "", toolTip, parent);
+    button->setAccessibleName(button->toolTip());
+    button->setIcon(symbolIcon(QString::fromLatin1(symbol), Theme::of(*parent)));
+    button->setIconSize({18, 18});
+    button->setProperty("variant", "icon");
+    return button;
+}
+
+}  // namespace
+
+PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
+    : QWidget(parent),
+      contactKeys_(new ToolStrip(QStringLiteral("VLMToolbar"), contactToolbar(), this)),
+      Picture2(new QWidget(this)),
+      Picture4(new LetterTabs(QStringLiteral("Command23"), this)),
+      Label17(new EntryCard(codePage, Picture2)) {
+    Picture2->setObjectName(QStringLiteral("Picture2"));
+    Picture4->setObjectName(QStringLiteral("Picture4"));
+    Label17->setObjectName(QStringLiteral("Label17"));
+
+    auto* keys = new QHBoxLayout;
+    keys->setContentsMargins(0, 4, 0, 4);
+    keys->addWidget(contactKeys_);
+    keys->addStretch();
+
+    auto* details = new QVBoxLayout(Picture2);
+    details->setContentsMargins(0, 0, 0, 0);
+    details->setSpacing(10);
+    details->addWidget(Label17, 1);
+    details->addWidget(makeButtonRow());
+
+    auto* tabs = new QVBoxLayout;
+    tabs->setContentsMargins(0, 8, 0, 50);
+    tabs->addWidget(Picture4, 1);
+
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins(0, 0, 0, 0);
+    body->setSpacing(0);
+    body->addLayout(tabs);
+    body->addWidget(Picture2, 1);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addLayout(keys);
+    layout->addLayout(body, 1);
+
+    Command25 = makeButton("Command25", "&Hang Up", "", this);
+    Command25->setProperty("role", "danger");
+    const QColor danger = Theme::of(*this).danger;
+    Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), IconColours{danger, danger, danger}));
+    Command25->hide();
+}
+
+QWidget* PhonebookPage::makeButtonRow() {
+    auto* row = new QWidget(Picture2);
+    Command3 = makeButton("Command3", "&E-Mail", "Send Entry E-Mail", row);
+    Command4 = makeButton("Command4", "&Web", "Go to Entry's Web Page", row);
+    Command5 = makeButton("Command5", "Open &File", "Open the Attached File", row);
+    Command26 = makeIconButton("Command26", "Command26", "Other Associates...", row);
+    TButtonMove = makeIconButton("TButtonMove", "TButtonMove", "Move Entry", row);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    for (QPushButton* button : {Command3, Command4, Command5})
+        layout->addWidget(button);
+    layout->addStretch();
+    layout->addWidget(Command26);
+    layout->addWidget(TButtonMove);
+    Command5->setEnabled(false);
+    Command26->setEnabled(false);
+    return row;
+}
+
+void PhonebookPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    placeHangUp();
+}
+
+void PhonebookPage::placeHangUp() {
+    const QSize size = Command25->sizeHint();
+    const QPoint corner =
+        Label17->mapTo(this, QPoint(Label17->width() - kHangUpInset, kHangUpInset));
+    Command25->setGeometry(corner.x() - size.width(), corner.y(), size.width(), size.height());
+}
+
+}  // namespace velmora

@@ -1,0 +1,73 @@
+#include "core/forms/Rail.h"
+
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "platform/controls/PaneButton.h"
+#include "platform/controls/TrashCan.h"
+#include "platform/qt/Icons.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kWidth = 88;
+
+struct PaneLook {
+    Pane pane;
+    const char* symbol;
+    const char* caption;
+    const char* label;
+};
+
+constexpr std::array<PaneLook, kPaneCount> kPanes{{
+    {Pane::Planner, "Planner", "Planner", "Label9"},
+    {Pane::Phonebook, "Phonebook", "Phonebook", "Label14"},
+    {Pane::Dialer, "Dialer", "Dialer", "Label13"},
+}};
+
+}  // namespace
+
+Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
+    setObjectName(QStringLiteral("Rail"));
+    setProperty("role", "rail");
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedWidth(kWidth);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 10, 5, 10);
+    layout->setSpacing(6);
+    for (const PaneLook& look : kPanes) {
+        const auto index = static_cast<std::size_t>(look.pane);
+        auto* button = new PaneButton(QString::fromLatin1(look.symbol),
+                                      QString::fromLatin1(look.caption), this);
+        button->setObjectName(QStringLiteral("Picture1_%1").arg(index));
+        button->caption()->setObjectName(QString::fromLatin1(look.label));
+        connect(button, &PaneButton::clicked, this, [this, &look] { emit paneChosen(look.pane); });
+        connect(button, &PaneButton::hovered, this, [this, &look] { emit paneHovered(look.pane); });
+        Picture1[index] = button;
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    layout->addStretch();
+
+    const Theme& theme = Theme::of(*this);
+    Image8->setObjectName(QStringLiteral("Image8"));
+    Image8->setIcon(symbolIcon(QStringLiteral("Image8"), IconColours{theme.danger, theme.dis, theme.danger}));
+    Image8->setIconSize({32, 32});
+    Image8->setFixedSize(56, 44);
+    Image8->setAccessibleName(tr("Cancel Print Job"));
+    Image8->setToolTip(tr("Cancel Print Job"));
+    Image8->hide();
+    layout->addWidget(Image8, 0, Qt::AlignHCenter);
+
+    Image2 = new TrashCan(this);
+    Image2->setObjectName(QStringLiteral("Image2"));
+    layout->addWidget(Image2, 0, Qt::AlignHCenter);
+    raiseButton(Pane::Planner);
+}
+
+void Rail::raiseButton(Pane pane) {
+    for (const PaneLook& look : kPanes)
+        paneButton(look.pane)->setRaised(look.pane == pane);
+}
+
+}  // namespace velmora

@@ -1,0 +1,45 @@
+#include "core/forms/StatusBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "platform/controls/ElidedLabel.h"
+#include "platform/qt/Icons.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kHeight = 28;
+constexpr int kPanel1Width = 88;
+
+}  // namespace
+
+StatusBar::StatusBar(const CodePage& codePage, QWidget* parent)
+    : QStatusBar(parent), codePage_(codePage), panel2_(new ElidedLabel(Qt::ElideRight, this)) {
+    setObjectName(QStringLiteral("StatusBar1"));
+    setSizeGripEnabled(false);
+    setFixedHeight(kHeight);
+    setContentsMargins(0, 0, 0, 0);
+    auto* panel1 = new QLabel(this);
+    panel1->setObjectName(QStringLiteral("StatusBar1_1"));
+    panel1->setFixedWidth(kPanel1Width - 2);
+    panel1->setAlignment(Qt::AlignCenter);
+    panel1->setPixmap(applicationIcon().pixmap({16, 16}, devicePixelRatioF()));
+    panel1->setProperty("role", "panel1");
+    panel2_->setObjectName(QStringLiteral("StatusBar1_2"));
+    panel2_->setIndent(6);
+    // Permanent panels: the toolkit's own messages never cover them.
+    addPermanentWidget(panel1);
+    addPermanentWidget(panel2_, 1);
+}
+
+void StatusBar::show(const std::string& text) {
+    panel2_->setText(toQt(text, codePage_));
+}
+
+std::string StatusBar::text() const {
+    return fromQt(panel2_->text(), codePage_);
+}
+
+}  // namespace velmora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStatusBar>
+
+#include "platform/CodePage.h"
+#include "platform/StatusLine.h"
+
+class QLabel;
+
+namespace velmora {
+
+// The bar at the foot of the window: a panel with the program's icon, and panel 2 with the text
+// that the whole program writes to.
+class StatusBar final : public QStatusBar, public StatusLine {
+    Q_OBJECT
+
+  public:
+    explicit StatusBar(const CodePage& codePage, QWidget* parent = nullptr);
+
+    void show(const std::string& text) override;
+
+    // The text in panel 2.
+    [[nodiscard]] std::string text() const;
+
+  private:
+    const CodePage& codePage_;
+    QLabel* panel2_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,78 @@
+#include "core/forms/ToolStrip.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QToolButton>
+
+#include "platform/qt/Icons.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kKeySize = 32;
+constexpr int kIconSize = 20;
+
+QString latin(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QFrame* makeSeparator(QWidget* parent) {
+    auto* separator = new QFrame(parent);
+    separator->setProperty("role", "separator");
+    separator->setFixedSize(1, kIconSize);
+    return separator;
+}
+
+}  // namespace
+
+ToolStrip::ToolStrip(const QString& name, std::span<const ToolRow> rows, QWidget* parent)
+    : QWidget(parent), rows_(rows) {
+    setObjectName(name);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (const ToolRow& row : rows_) {
+        layout->addWidget(makeButton(row));
+        if (row.separatorBehind) {
+            layout->addSpacing(5);
+            layout->addWidget(makeSeparator(this), 0, Qt::AlignVCenter);
+            layout->addSpacing(5);
+        }
+    }
+}
+
+QToolButton* ToolStrip::makeButton(const ToolRow& row) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(objectName() + QLatin1Char('_') + latin(row.key));
+    button->setIcon(symbolIcon(latin(row.icon.empty() ? row.key : row.icon), Theme::of(*this)));
+    button->setIconSize({kIconSize, kIconSize});
+    button->setFixedSize(kKeySize, kKeySize);
+    button->setToolTip(latin(row.toolTip));
+    button->setAccessibleName(latin(row.toolTip));
+    button->setFocusPolicy(Qt::TabFocus);
+    button->installEventFilter(this);
+    connect(button, &QToolButton::clicked, this, [this, &row] { emit chosen(row); });
+    buttons_.emplace(row.key, button);
+    return button;
+}
+
+QToolButton* ToolStrip::button(std::string_view key) const {
+    const auto found = buttons_.find(key);
+    return found == buttons_.end() ? nullptr : found->second;
+}
+
+void ToolStrip::setKeyEnabled(const std::function<bool(std::string_view command)>& enabled) {
+    for (const ToolRow& row : rows_)
+        buttons_.at(row.key)->setEnabled(enabled(row.command));
+}
+
+bool ToolStrip::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter)
+        for (const ToolRow& row : rows_)
+            if (buttons_.at(row.key) == watched)
+                emit hovered(row);
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace velmora

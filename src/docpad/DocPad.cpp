@@ -1,0 +1,191 @@
+#include "docpad/DocPad.h"
+
+#include <limits>
+
+#include "platform/Failure.h"
+#include "platform/Text.h"
+
+namespace velmora {
+namespace {
+
+constexpr const char* kPlainTitle = "DocPad";
+constexpr const char* kUntitled = "DocPad - Untitled";
+constexpr const char* kLoading = "DocPad: Loading";
+constexpr const char* kSaving = "DocPad: Saving";
+constexpr const char* kSaveTitle = "Save";
+constexpr const char* kSaveQuestion = "Save your DocPad changes?";
+
+}  // namespace
+
+DocPad::DocPad(const Parts& parts) : parts_(parts) {
+    parts_.text.onChange([&state = parts_.state] { state.DocPadDirty = 1; });
+}
+
+void DocPad::New() {
+    if (printing_)
+        return;
+    if (changed()) {
+        if (parts_.messages.ask(kSaveTitle, kSaveQuestion) && !print())
+            return;
+        parts_.state.DocPadDirty = 0;
+    }
+    parts_.text.setBytes("");
+    ignoringErrors([&] { parts_.recovery.discard(); });
+    showCaption(kUntitled);
+    parts_.settings.Save("Doc", "");
+}
+
+void DocPad::Open() {
+    if (printing_ || (changed() && !mayReplaceText()))
+        return;
+    parts_.dialog.showOpen();
+    const std::string name = parts_.dialog.fileName();
+    if (!name.empty()) {
+        try {
+            if (!loadFile(name)) {
+                parts_.messages.tell(kTooLongTitle, "The file you selected is too large.");
+                parts_.view.setTitle(kPlainTitle);
+                return;
+            }
+        } catch (const Failure& failure) {
+            parts_.messages.standardError(failure.what());
+            return;
+        }
+        showCaption("DocPad - " + parts_.dialog.fileTitle());
+    }
+    parts_.settings.Save("Doc", name);
+}
+
+bool DocPad::Save() {
+    const bool chosen = parts_.dialog.showSave();
+    const std::string name = parts_.dialog.fileName();
+    if (name.empty()) {
+        parts_.state.DocPadDirty = 0;
+        return true;
+    }
+    const std::string title = parts_.view.title();
+    parts_.view.setTitle(kSaving);
+    try {
+        write(name, !chosen);
+    } catch (const Failure& failure) {
+        parts_.view.setTitle(title);
+        parts_.state.DocPadDirty = 1;
+        parts_.messages.standardError(failure.what());
+        return false;
+    }
+    parts_.status.show("Saving ");
+    parts_.state.DocPadDirty = 0;
+    showCaption("DocPad - " + parts_.dialog.fileTitle());
+    ignoringErrors([&] { parts_.recovery.discard(); });
+    return true;
+}
+
+void DocPad::Print() {
+    if (!printing_)
+        static_cast<void>(print());  // the user knows already when it did not work
+}
+
+void DocPad::LoadAtStart() {
+    if (parts_.settings.readSwitch("KeepDoc") != "1")
+        return;
+    if (changed() && !mayReplaceText())
+        return;
+    const std::string name = parts_.settings.Read("Doc");
+    if (trimBlanks(name).empty() || !parts_.files.exists(name))
+        return;
+    ignoringErrors([&] {
+        // A file that is not loaded must not lend its name: the next Save would empty it.
+        if (!loadFile(name))
+            return;
+        parts_.dialog.setFileName(name);
+        parts_.view.setTitle(kPlainTitle);
+    });
+}
+
+void DocPad::offerRecovery() {
+    const auto kept = parts_.recovery.abandoned(parts_.text.bytes());
+    if (!kept)
+        return;
+    if (!parts_.messages.ask("DocPad",
+                             "Velmora ended without saving DocPad's text. Do you want it back?")) {
+        ignoringErrors([&] { parts_.recovery.forget(*kept); });
+        return;
+    }
+    parts_.text.setBytes(kept->text);
+    if (!kept->documentName.empty())
+        parts_.dialog.setFileName(kept->documentName);
+    // The old copy goes only when the new one is there.
+    ignoringErrors([&] {
+        parts_.recovery.keep(kept->text, kept->documentName);
+        parts_.recovery.forget(*kept);
+    });
+}
+
+void DocPad::keepForRecovery() {
+    ignoringErrors([&] {
+        if (parts_.text.empty())
+            parts_.recovery.discard();
+        else
+            parts_.recovery.keep(parts_.text.bytes(), parts_.dialog.fileName());
+    });
+}
+
+bool DocPad::mayClose() {
+    if (changed() && parts_.messages.ask(kSaveTitle, kSaveQuestion) && !Save())
+        return false;
+    ignoringErrors([&] { parts_.recovery.discard(); });
+    parts_.state.DocPadDirty = 0;
+    parts_.view.setTitle(kUntitled);
+    parts_.dialog.setFileName("");
+    return true;
+}
+
+bool DocPad::loadFile(const std::string& path) {
+    const auto bytes = parts_.files.readWhole(path, kLongestText);
+    if (!bytes)
+        return false;
+    parts_.view.setTitle(kLoading);
+    parts_.text.reload(*bytes);
+    return true;
+}
+
+void DocPad::showCaption(const std::string& text) {
+    parts_.view.setTitle(text);
+    if (parts_.text.widthInTwips() >= kMaximisedWidth)
+        parts_.view.setWindowCaption(text);
+}
+
+bool DocPad::print() {
+    printing_ = true;
+    bool printed = false;
+    try {
+        printed = parts_.printer.print();
+    } catch (...) {
+        printing_ = false;
+        throw;
+    }
+    printing_ = false;
+    return printed;
+}
+
+bool DocPad::mayReplaceText() {
+    return parts_.messages.ask("Open File?",
+                               "Are you sure you want to open a text file? Doing so will clear "
+                               "DocPad's contents.");
+}
+
+void DocPad::write(const std::string& path, bool keepOld) {
+    // Read before the first write, so that a change made while the disk works counts as one.
+    const std::string bytes = parts_.text.bytes() + "\r\n";
+    if (keepOld && parts_.files.exists(path))
+        keepOldContent(path);
+    parts_.files.writeWhole(path, bytes);
+}
+
+void DocPad::keepOldContent(const std::string& path) {
+    const auto old = parts_.files.readWhole(path, std::numeric_limits<std::int64_t>::max());
+    if (old)
+        parts_.files.writeWhole(path + "~", *old);
+}
+
+}  // namespace velmora

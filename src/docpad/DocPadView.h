@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace velmora {
+
+// Where DocPad's captions are shown.
+class DocPadView {
+  public:
+    virtual ~DocPadView() = default;
+
+    // The title of the pane, `Label4`; shown at once, as the next step may take its time.
+    virtual void setTitle(const std::string& text) = 0;
+    [[nodiscard]] virtual std::string title() const = 0;
+
+    // The caption of the main window.
+    virtual void setWindowCaption(const std::string& text) = 0;
+};
+
+}  // namespace velmora

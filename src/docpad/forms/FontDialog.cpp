@@ -1,0 +1,163 @@
+#include "docpad/forms/FontDialog.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDoubleSpinBox>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "platform/controls/DialogFooter.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr QSize kSize(460, 420);
+constexpr int kSwatch = 16;
+
+// Red + 256 green + 65536 blue; negative is no colour.
+std::optional<QColor> colourOf(int number) {
+    if (number < 0)
+        return std::nullopt;
+    return QColor(number & 255, number >> 8 & 255, number >> 16 & 255);
+}
+
+int numberOf(const std::optional<QColor>& colour) {
+    return colour ? colour->red() + 256 * colour->green() + 65536 * colour->blue() : -1;
+}
+
+QLabel* makeLabel(const QString& caption, QWidget* buddy) {
+    auto* label = new QLabel(caption, buddy->parentWidget());
+    label->setProperty("role", "label");
+    label->setBuddy(buddy);
+    return label;
+}
+
+QPushButton* makeButton(const char* name, const QString& caption, QWidget* parent) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+}  // namespace
+
+FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
+                       const CodePage& codePage, QWidget* parent)
+    : QDialog(parent),
+      codePage_(codePage),
+      families_(new QListWidget(this)),
+      size_(new QDoubleSpinBox(this)),
+      colourButton_(makeButton("colour", tr("C&olor..."), this)),
+      ownColourButton_(makeButton("ownColour", tr("&Default Color"), this)),
+      sample_(new QLabel(tr("AaBbYyZz 0123456789"), this)),
+      ok_(makeButton("ok", tr("Ok"), this)),
+      cancel_(makeButton("cancel", tr("Cancel"), this)) {
+    setObjectName(QStringLiteral("FontDialog"));
+    setWindowTitle(tr("Font"));
+    families_->setObjectName(QStringLiteral("families"));
+    size_->setObjectName(QStringLiteral("size"));
+    size_->setRange(smallest, largest);
+    size_->setValue(now.size);
+    sample_->setObjectName(QStringLiteral("sample"));
+    sample_->setAlignment(Qt::AlignCenter);
+    ok_->setProperty("role", "primary");
+    ok_->setDefault(true);
+    fillFamilies(toQt(now.name, codePage_));
+    layOut();
+    connect(families_, &QListWidget::currentRowChanged, this, &FontDialog::showSample);
+    connect(size_, &QDoubleSpinBox::valueChanged, this, &FontDialog::showSample);
+    connect(colourButton_, &QPushButton::clicked, this, &FontDialog::chooseColour);
+    connect(ownColourButton_, &QPushButton::clicked, this, [this] { setColour(std::nullopt); });
+    connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
+    setColour(colourOf(now.colour));
+}
+
+void FontDialog::fillFamilies(const QString& present) {
+    // A name that the code page can not hold could not be kept.
+    for (const QString& family : QFontDatabase::families())
+        if (!QFontDatabase::isPrivateFamily(family) && keepToCodePage(family, codePage_) == family)
+            families_->addItem(family);
+    const auto found = families_->findItems(present, Qt::MatchFixedString);
+    if (!found.isEmpty())
+        families_->setCurrentItem(found.first());
+}
+
+void FontDialog::layOut() {
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(16, 16, 16, 16);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(4);
+    grid->addWidget(makeLabel(tr("&Font"), families_), 0, 0);
+    grid->addWidget(families_, 1, 0, 5, 1);
+    grid->addWidget(makeLabel(tr("&Size"), size_), 0, 1);
+    grid->addWidget(size_, 1, 1);
+    grid->addWidget(colourButton_, 2, 1);
+    grid->addWidget(ownColourButton_, 3, 1);
+    grid->setRowStretch(4, 1);
+    grid->setColumnStretch(0, 1);
+    grid->addWidget(sample_, 6, 0, 1, 2);
+    grid->setRowMinimumHeight(6, 56);
+    auto* footer = new DialogFooter(this);
+    footer->addRight(ok_);
+    footer->addRight(cancel_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(grid);
+    layout->addWidget(footer);
+    resize(kSize);
+}
+
+ControlFont FontDialog::chosen() const {
+    const QListWidgetItem* family = families_->currentItem();
+    return {.name = family ? fromQt(family->text(), codePage_) : std::string(),
+            .size = size_->value(),
+            .colour = numberOf(colour_)};
+}
+
+void FontDialog::setColour(const std::optional<QColor>& colour) {
+    colour_ = colour;
+    ownColourButton_->setEnabled(colour.has_value());
+    showSample();
+}
+
+void FontDialog::chooseColour() {
+    const QColor now = colour_.value_or(palette().color(QPalette::Text));
+    const QColor chosen = QColorDialog::getColor(now, this);
+    if (chosen.isValid())
+        setColour(chosen);
+}
+
+void FontDialog::showSample() {
+    QFont font = sample_->font();
+    if (const QListWidgetItem* family = families_->currentItem())
+        font.setFamilies({family->text()});
+    font.setPointSizeF(size_->value());
+    sample_->setFont(font);
+    QPalette colours = palette();
+    const QColor ink = colour_.value_or(palette().color(QPalette::Text));
+    colours.setColor(QPalette::WindowText, ink);
+    sample_->setPalette(colours);
+    QPixmap swatch(kSwatch, kSwatch);
+    swatch.fill(ink);
+    colourButton_->setIcon(swatch);
+}
+
+std::optional<ControlFont> QtFontQuestion::choose(const ControlFont& now, double smallest,
+                                                  double largest) {
+    FontDialog dialog(now, smallest, largest, codePage_, QApplication::activeWindow());
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    ControlFont chosen = dialog.chosen();
+    // A font that is not installed is not in the list, and stays as it is unless another is chosen.
+    if (chosen.name.empty())
+        chosen.name = now.name;
+    return chosen;
+}
+
+}  // namespace velmora

@@ -1,0 +1,228 @@
+#include "platform/controls/EntryList.h"
+
+#include <QDrag>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/Theme.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kMargin = 3;
+constexpr int kTextInset = 9;
+constexpr int kRowRadius = 4;
+constexpr int kDragOffset = 12;
+constexpr int kDragHeight = 26;
+constexpr qreal kDragOpacity = 0.9;
+
+// 8 more than the height of a line of text, which is 2 more than that of the font.
+int rowHeight(const QFontMetrics& metrics) {
+    return metrics.height() + 10;
+}
+
+bool isJump(int key) {
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
+class LinePainter final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {0, rowHeight(option.fontMetrics)};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const Theme& theme = Theme::of(option.palette);
+        const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        if (selected) {
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(enabled ? theme.accentfill : theme.hover);
+            painter->drawRoundedRect(option.rect, kRowRadius, kRowRadius);
+        }
+        painter->setFont(option.font);
+        painter->setPen(textColour(theme, option.palette, enabled, selected));
+        const QRect place = option.rect.adjusted(kTextInset, 0, -kTextInset, 0);
+        const QString text =
+            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width());
+        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
+        painter->restore();
+    }
+
+  private:
+    static QColor textColour(const Theme& theme, const QPalette& palette, bool enabled,
+                             bool selected) {
+        if (selected)
+            return enabled ? theme.onaccent : theme.ink2;
+        return enabled ? palette.color(QPalette::Active, QPalette::Text) : theme.dis;
+    }
+};
+
+}  // namespace
+
+EntryList::EntryList(const CodePage& codePage, EntryLines::Order order, QWidget* parent)
+    : QListView(parent), lines_(new EntryLines(codePage, std::move(order), this)) {
+    setModel(lines_);
+    setItemDelegate(new LinePainter(this));
+    setUniformItemSizes(true);
+    setFrameShape(QFrame::NoFrame);
+    setViewportMargins(kMargin, kMargin, kMargin, kMargin);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setDragEnabled(true);
+    setDragDropMode(QAbstractItemView::DragOnly);
+    setAccessibleName(QStringLiteral("Entries"));
+}
+
+EntryList::EntryList(const CodePage& codePage, QWidget* parent)
+    : EntryList(
+          codePage,
+          [&codePage](std::string_view a, std::string_view b) {
+              return codePage.compareIgnoringCase(a, b) < 0;
+          },
+          parent) {}
+
+void EntryList::setLines(std::vector<std::string> lines) {
+    const bool selected = hasSelection();
+    {
+        const QScopedValueRollback<bool> guard(byProgram_, true);
+        lines_->set(std::move(lines));
+        scrollToTop();
+    }
+    if (selected)
+        emit currentLineChanged();
+}
+
+void EntryList::addLines(std::vector<std::string> lines) {
+    const QScopedValueRollback<bool> guard(byProgram_, true);
+    const QSignalBlocker quiet(this);
+    const int row = lines_->add(std::move(lines), selectedRow());
+    if (row >= 0)
+        selectRow(row);
+}
+
+std::string EntryList::selectedLine() const {
+    const int row = selectedRow();
+    return row < 0 ? std::string() : lines()[static_cast<std::size_t>(row)];
+}
+
+bool EntryList::selectLine(const std::string& line) {
+    const QScopedValueRollback<bool> guard(byProgram_, true);
+    const auto found = std::find(lines().begin(), lines().end(), line);
+    if (found == lines().end()) {
+        clearLineSelection();
+        return false;
+    }
+    selectRow(static_cast<int>(found - lines().begin()));
+    return true;
+}
+
+void EntryList::clearLineSelection() {
+    const QScopedValueRollback<bool> guard(byProgram_, true);
+    selectionModel()->clear();
+}
+
+int EntryList::selectedRow() const {
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+void EntryList::selectRow(int row) {
+    const QModelIndex index = lines_->index(row);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+}
+
+void EntryList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
+    emit currentLineChanged();
+    if (byProgram_ || selected.isEmpty())
+        return;
+    ++choices_;
+    emit lineClicked();
+}
+
+void EntryList::mousePressEvent(QMouseEvent* event) {
+    focus_ = {};
+    const int choicesBefore = choices_;
+    const bool onLine = indexAt(event->position().toPoint()).isValid();
+    QListView::mousePressEvent(event);
+    if (onLine && hasSelection() && choices_ == choicesBefore)
+        emit lineClicked();
+}
+
+void EntryList::keyPressEvent(QKeyEvent* event) {
+    focus_.keyUsed();
+    const bool step = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (!step || hasSelection() || !currentIndex().isValid())
+        QListView::keyPressEvent(event);
+    // Without a selection the first key selects the line that the focus fell on.
+    if (!hasSelection() && currentIndex().isValid() && (step || isJump(event->key())))
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+}
+
+void EntryList::focusInEvent(QFocusEvent* event) {
+    focus_.focusIn(*event);
+    QListView::focusInEvent(event);
+}
+
+void EntryList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (!focus_.shown(hasFocus()))
+        return;
+    const QModelIndex index = currentIndex();
+    const Theme& theme = Theme::of(*this);
+    QPainter painter(viewport());
+    if (!index.isValid())
+        drawRing(painter, viewport()->rect(), kRowRadius, theme.accent);
+    else
+        drawRing(painter, visualRect(index), kRowRadius, hasSelection() ? theme.ink : theme.accent);
+}
+
+void EntryList::startDrag(Qt::DropActions actions) {
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    if (selected.isEmpty())
+        return;
+    auto* drag = new QDrag(this);
+    drag->setMimeData(lines_->mimeData(selected));
+    drag->setPixmap(dragPixmap(selected.first().data().toString()));
+    drag->setHotSpot({-kDragOffset, -kDragOffset});
+    drag->exec(actions, Qt::CopyAction);
+}
+
+QPixmap EntryList::dragPixmap(const QString& line) const {
+    const Theme& theme = Theme::of(*this);
+    const QFontMetrics metrics(font());
+    const QString text = metrics.elidedText(line, Qt::ElideRight, viewport()->width());
+    const QSize size(metrics.horizontalAdvance(text) + 2 * kTextInset + 2,
+                     std::max(kDragHeight, rowHeight(metrics)));
+    QPixmap card(size * devicePixelRatioF());
+    card.setDevicePixelRatio(devicePixelRatioF());
+    card.fill(Qt::transparent);
+    QPixmap seeThrough = card;
+    QPainter painter(&card);
+    drawPanel(painter, QRectF(QPointF(), size), 6, theme.surface, theme.accent);
+    painter.setFont(font());
+    painter.setPen(theme.ink);
+    painter.drawText(QRect(QPoint(), size), Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter.end();
+    painter.begin(&seeThrough);
+    painter.setOpacity(kDragOpacity);
+    painter.drawPixmap(0, 0, card);
+    return seeThrough;
+}
+
+}  // namespace velmora

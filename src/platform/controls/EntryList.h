@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QListView>
+#include <QPixmap>
+#include <string>
+#include <vector>
+
+#include "platform/CodePage.h"
+#include "platform/controls/EntryLines.h"
+#include "platform/controls/FocusRing.h"
+
+namespace velmora {
+
+// The list of entries: one line of code-page text each, at most one selected. It keeps its lines in
+// order by itself, and its selected line can be dragged.
+class EntryList final : public QListView {
+    Q_OBJECT
+
+  public:
+    // `codePage` must outlive the list.
+    EntryList(const CodePage& codePage, EntryLines::Order order, QWidget* parent = nullptr);
+
+    // In order of the upper-cased bytes of `codePage`.
+    explicit EntryList(const CodePage& codePage, QWidget* parent = nullptr);
+
+    // Replaces all lines; none is selected then, and the list shows its top.
+    void setLines(std::vector<std::string> lines);
+
+    // Adds lines at their places. The selected line stays selected.
+    void addLines(std::vector<std::string> lines);
+
+    void clearLines() { setLines({}); }
+
+    [[nodiscard]] const std::vector<std::string>& lines() const { return lines_->lines(); }
+
+    [[nodiscard]] bool hasSelection() const { return selectedRow() >= 0; }
+
+    // The bytes of the selected line; empty when none is selected.
+    [[nodiscard]] std::string selectedLine() const;
+
+    // Selects and shows the first line of exactly these bytes; false, and none selected, when there
+    // is none.
+    bool selectLine(const std::string& line);
+
+    void clearLineSelection();
+
+    // What goes with the pointer while `line` is dragged.
+    [[nodiscard]] QPixmap dragPixmap(const QString& line) const;
+
+  signals:
+    // Another line, or none, has become the selected one, whoever did it.
+    void currentLineChanged();
+
+    // The user chose a line with the mouse or the keyboard: once per choice, and once more for a
+    // press on the line that is selected already.
+    void lineClicked();
+
+  protected:
+    void startDrag(Qt::DropActions actions) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    [[nodiscard]] int selectedRow() const;
+    void selectRow(int row);
+
+    EntryLines* lines_;
+    KeyboardFocus focus_;
+    int choices_ = 0;         // selections made so far; tells a press whether it made one
+    bool byProgram_ = false;  // the selection is being changed by an operation of this class
+};
+
+}  // namespace velmora

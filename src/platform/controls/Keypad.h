@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "platform/controls/PaintedButton.h"
+
+class QTimer;
+
+namespace velmora {
+
+// One key of the keypad.
+class KeypadKey final : public PaintedButton {
+    Q_OBJECT
+
+  public:
+    KeypadKey(char character, QWidget* parent);
+
+    // Looks pressed for 120 ms.
+    void flash();
+    [[nodiscard]] bool flashing() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QTimer* flash_;
+};
+
+// The twelve keys "1" to "9", "*", "0" and "," in three columns, keys at least 88 x 78, at most
+// 330 wide in all. Arrow keys move between them.
+class Keypad final : public QWidget {
+    Q_OBJECT
+
+  public:
+    // The keys' object names are "Command8" to "Command19", in the order above.
+    explicit Keypad(QWidget* parent = nullptr);
+
+    // Shows the key of `character` pressed for a moment, as when it was typed. Others do nothing.
+    void flash(char character);
+
+  signals:
+    // A key was clicked.
+    void pressed(char character);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    std::array<KeypadKey*, 12> keys_{};
+};
+
+}  // namespace velmora

@@ -1,0 +1,134 @@
+#include "platform/qt/Icons.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QHash>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace velmora {
+namespace {
+
+using SymbolTable = QHash<QByteArray, QByteArray>;
+
+// The inner text of each symbol; Qt's renderer draws no symbol elements.
+SymbolTable cutSymbols(const QByteArray& svg) {
+    static const QByteArray kOpen = "<symbol id=\"";
+    static const QByteArray kClose = "</symbol>";
+    SymbolTable table;
+    qsizetype at = 0;
+    while ((at = svg.indexOf(kOpen, at)) >= 0) {
+        const qsizetype id = at + kOpen.size();
+        const qsizetype idEnd = svg.indexOf('"', id);
+        const qsizetype body = svg.indexOf('>', idEnd) + 1;
+        const qsizetype bodyEnd = svg.indexOf(kClose, body);
+        if (idEnd < 0 || body <= 0 || bodyEnd < 0)
+            break;
+        table.insert(svg.mid(id, idEnd - id), svg.mid(body, bodyEnd - body));
+        at = bodyEnd + kClose.size();
+    }
+    return table;
+}
+
+const SymbolTable& symbols() {
+    static const SymbolTable table = [] {
+        QFile file(QStringLiteral(":/icons.svg"));
+        return file.open(QIODevice::ReadOnly) ? cutSymbols(file.readAll()) : SymbolTable();
+    }();
+    return table;
+}
+
+bool isSymbol(const QString& id) {
+    return symbols().contains(id.toUtf8());
+}
+
+QByteArray coloured(const QString& id, const QColor& colour) {
+    QByteArray body = symbols().value(id.toUtf8());
+    body.replace("currentColor", colour.name().toUtf8());
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\">" + body + "</svg>";
+}
+
+// `size` is in device pixels; the symbol is square and lies in the middle.
+QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
+    const QString key = QStringLiteral("velmora/%1/%2x%3/%4")
+                            .arg(id)
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(colour.rgba(), 0, 16);
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap))
+        return pixmap;
+    pixmap = QPixmap(size);
+    pixmap.fill(Qt::transparent);
+    const int side = qMin(size.width(), size.height());
+    QPainter painter(&pixmap);
+    QSvgRenderer(coloured(id, colour))
+        .render(&painter,
+                QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side));
+    painter.end();
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
+class SymbolEngine final : public QIconEngine {
+  public:
+    SymbolEngine(QString id, const IconColours& colours) : id_(std::move(id)), colours_(colours) {}
+
+    QIconEngine* clone() const override { return new SymbolEngine(*this); }
+    QString key() const override { return QStringLiteral("velmora-symbol"); }
+    bool isNull() override { return false; }
+
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return drawn(id_, size, colourOf(mode, state));
+    }
+
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
+        return drawn(id_, size, colourOf(mode, state));
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State state) override {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect.topLeft(),
+                            symbolPixmap(id_, rect.size(), ratio, colourOf(mode, state)));
+    }
+
+  private:
+    [[nodiscard]] const QColor& colourOf(QIcon::Mode mode, QIcon::State state) const {
+        if (mode == QIcon::Disabled)
+            return colours_.disabled;
+        return mode == QIcon::Normal && state == QIcon::Off ? colours_.normal : colours_.active;
+    }
+
+    QString id_;
+    IconColours colours_;
+};
+
+}  // namespace
+
+QIcon symbolIcon(const QString& id, const IconColours& colours) {
+    return isSymbol(id) ? QIcon(new SymbolEngine(id, colours)) : QIcon();
+}
+
+QIcon symbolIcon(const QString& id, const Theme& theme) {
+    return symbolIcon(id, IconColours{theme.ink, theme.dis, theme.ink});
+}
+
+QPixmap symbolPixmap(const QString& id, const QSize& size, qreal devicePixelRatio,
+                     const QColor& colour) {
+    if (!isSymbol(id))
+        return {};
+    QPixmap pixmap = drawn(id, (QSizeF(size) * devicePixelRatio).toSize(), colour);
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+QIcon applicationIcon() {
+    return QIcon(QStringLiteral(":/app-icon.svg"));
+}
+
+}  // namespace velmora

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+
+#include "platform/EventLoop.h"
+
+namespace velmora {
+
+// The event loop of the application.
+class QtEventLoop final : public EventLoop {
+  public:
+    void yield() override;
+    void waitFor(std::chrono::milliseconds duration) override;
+    void freeze(std::chrono::milliseconds duration) override;
+    void post(std::function<void()> work) override;
+    [[nodiscard]] bool closing() const override { return closing_; }
+
+    // From now on closing() is true, waits end at once and posted work no longer runs.
+    void beginClosing();
+
+  private:
+    QObject receiver_;  // posted work dies with the loop
+    bool closing_ = false;
+};
+
+}  // namespace velmora

@@ -1,0 +1,114 @@
+#include "platform/qt/QtMessages.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QStringList>
+
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+QMessageBox::StandardButton showBox(QMessageBox::Icon icon, const QString& title,
+                                    const QString& text, QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, title, text, buttons, QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setTextFormat(Qt::PlainText);
+    if (buttons.testFlag(QMessageBox::No))
+        box.setEscapeButton(QMessageBox::No);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+}  // namespace
+
+QString QtMessages::toQt(const std::string& text) const {
+    return velmora::toQt(text, codePage_);
+}
+
+void QtMessages::warn(const std::string& title, const std::string& text) {
+    showBox(QMessageBox::Warning, toQt(title), toQt(text), QMessageBox::Ok);
+}
+
+void QtMessages::tell(const std::string& title, const std::string& text) {
+    showBox(QMessageBox::Information, toQt(title), toQt(text), QMessageBox::Ok);
+}
+
+bool QtMessages::ask(const std::string& title, const std::string& text) {
+    return showBox(QMessageBox::Question, toQt(title), toQt(text),
+                   QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtMessages::askText(const std::string& title, const std::string& prompt,
+                                               const std::string& answer) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("InputBox"));
+    dialog.setWindowTitle(toQt(title));
+    dialog.setLabelText(toQt(prompt));
+    dialog.setTextValue(toQt(answer));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return fromQt(dialog.textValue(), codePage_);
+}
+
+std::optional<std::string> QtMessages::chooseFileToOpen(const FileQuestion& question) {
+    return chooseFile(FileDialogKind::Open, question);
+}
+
+std::optional<std::string> QtMessages::chooseFileToSave(const FileQuestion& question) {
+    return chooseFile(FileDialogKind::Save, question);
+}
+
+std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
+                                                  const FileQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), toQt(question.title));
+    dialog.setObjectName(QStringLiteral("FileDialog"));
+    const bool open = kind == FileDialogKind::Open;
+    dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!question.filter.empty())
+        dialog.setNameFilter(toQtFilter(toQt(question.filter)));
+    if (question.defaultExtension.size() > 1)
+        dialog.setDefaultSuffix(toQt(question.defaultExtension.substr(1)));
+    if (!question.fileName.empty()) {
+        const QFileInfo chosen(toQt(question.fileName));
+        dialog.setDirectory(chosen.absolutePath());
+        dialog.selectFile(chosen.fileName());
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString path = dialog.selectedFiles().constFirst();
+    const std::string text = fromQt(path, codePage_);
+    if (toQt(text) != path) {
+        warn(kApplicationTitle,
+             "The name of this file has characters that Velmora can not write. Please choose "
+             "another file or give it another name.");
+        return std::nullopt;
+    }
+    return text;
+}
+
+void QtMessages::standardError(const std::string& utf8Text) {
+    showBox(QMessageBox::Critical, QString::fromLatin1(kApplicationTitle),
+            QString::fromStdString(utf8Text), QMessageBox::Ok);
+}
+
+QString toQtFilter(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString name = parts[i];
+        if (const qsizetype bracket = name.lastIndexOf(QLatin1Char('(')); bracket > 0)
+            name.truncate(bracket);
+        QString patterns = parts[i + 1];
+        if (patterns == QLatin1String("*.*"))
+            patterns = QStringLiteral("*");
+        filters << name.trimmed() + QLatin1String(" (") +
+                       patterns.replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')');
+    }
+    return filters.join(QLatin1String(";;"));
+}
+
+}  // namespace velmora

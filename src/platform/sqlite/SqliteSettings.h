@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/SettingsMedium.h"
+#include "platform/sqlite/Database.h"
+
+namespace velmora {
+
+// Settings in a database of one table in the user's configuration folder, with a write-ahead log.
+// Case of A to Z does not count in keys.
+class SqliteSettings final : public SettingsMedium {
+  public:
+    // Opens the file, or makes it in a folder that is there. A file that is no database is put
+    // aside under its name plus ".damaged", never deleted, and settings begin anew. Throws Failure.
+    explicit SqliteSettings(const std::string& path);
+
+    // Where a damaged file was put aside, if one was.
+    [[nodiscard]] const std::optional<std::string>& putAside() const { return putAside_; }
+
+    [[nodiscard]] std::string read(std::string_view key) const override;
+    void save(std::string_view key, std::string_view value) override;
+    void remove(std::string_view key) override;
+    void batch(const std::function<void()>& changes) override;
+
+  private:
+    void open(const std::string& path);
+
+    mutable std::optional<sqlite::Database> database_;
+    std::optional<std::string> putAside_;
+};
+
+}  // namespace velmora

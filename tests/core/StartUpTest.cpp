@@ -1,0 +1,110 @@
+#include "core/StartUp.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Failure.h"
+#include "support/FakeClock.h"
+#include "support/FakeMainForm.h"
+#include "support/FakeStatusLine.h"
+#include "support/FakeTrayIcon.h"
+#include "support/MemorySettings.h"
+
+namespace velmora {
+namespace {
+
+class StartUpTest : public ::testing::Test {
+  protected:
+    void run() {
+        StartUp(state, form, settings, clockLine, tray, clock, locale,
+                {.watchMenus = [this] { form.log.push_back("watch"); },
+                 .showLetterA =
+                     [this] {
+                         form.log.push_back("letter A of " + state.BookFile);
+                         if (failing)
+                             throw Failure("no book");
+                     }})
+            .run();
+    }
+
+    test::FakeMainForm form;
+    test::FakeClock clock;
+    test::MemorySettings medium;
+    SettingsStore settings{medium};
+    LocaleFormats locale;
+    SharedState state;
+    ClockLine clockLine{form, settings, clock, locale};
+    test::FakeTrayIcon icon;
+    Tray tray{icon, form};
+    bool failing = false;
+};
+
+TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
+    run();
+    EXPECT_EQ(form.log,
+              (std::vector<std::string>{"watch", "letter A of \\DATAY.QEL", "tick", "font", "font",
+                                        "font", "number", "date", "raise", "show"}));
+    EXPECT_EQ(icon.tip, "Velmora");
+}
+
+TEST_F(StartUpTest, WithNoSettingsThePlannerShowsAndYellowPagesAreOpen) {
+    state.BookKind = kWhitePages;
+    run();
+    EXPECT_EQ(state.PendingBook, -1);
+    EXPECT_EQ(state.BookKind, kYellowPages);
+    EXPECT_EQ(state.BookFile, "\\DATAY.QEL");
+    EXPECT_EQ(form.raised, Pane::Planner);
+    EXPECT_EQ(form.dateLine, "Thursday, March 12, 2026");
+    EXPECT_EQ(form.lastNumber, "");
+    EXPECT_EQ(form.clock, "10:42 AM");
+    EXPECT_EQ(form.raiseOfWindow, 170);
+    EXPECT_FALSE(form.fonts[FontTarget::DocPad].face);
+    EXPECT_FALSE(form.fonts[FontTarget::DocPad].size);
+    EXPECT_FALSE(form.fonts[FontTarget::DocPad].colour);
+}
+
+TEST_F(StartUpTest, AFailingStepStopsNothing) {
+    failing = true;
+    run();
+    EXPECT_EQ(form.log.back(), "show");
+}
+
+TEST_F(StartUpTest, SettingsComeBack) {
+    settings.Save("LastNumber", "555-0142");
+    settings.Save("24hr", "yes");
+    settings.Save("DocFont", "Courier New");
+    settings.Save("DocFontS", "11.25 pt");
+    settings.Save("DocFontC", "255");
+    settings.Save("PlanFontS", "9");
+    settings.Save("ListFontC", "-2147483640");
+    run();
+    EXPECT_EQ(form.lastNumber, "555-0142");
+    EXPECT_EQ(form.clock, "10:42");
+    EXPECT_EQ(form.fonts[FontTarget::DocPad].face, "Courier New");
+    EXPECT_EQ(form.fonts[FontTarget::DocPad].size, 11.25);
+    EXPECT_EQ(form.fonts[FontTarget::DocPad].colour, 255);
+    EXPECT_FALSE(form.fonts[FontTarget::DayView].face);
+    EXPECT_EQ(form.fonts[FontTarget::DayView].size, 9);
+    EXPECT_EQ(form.fonts[FontTarget::EntryList].colour, -2147483640);
+}
+
+TEST_F(StartUpTest, AColourThatIsNoNumberOf32BitsIsLeftOut) {
+    settings.Save("ListFontC", "99999999999");
+    run();
+    EXPECT_FALSE(form.fonts[FontTarget::EntryList].colour);
+}
+
+TEST(Tray, BothDoubleClicksBringTheWindowBackAndNothingElseDoes) {
+    test::FakeMainForm form;
+    test::FakeTrayIcon icon;
+    Tray tray(icon, form);
+    for (unsigned message = 0x200; message < 0x210; ++message)
+        tray.OnTrayMessage(message);
+    EXPECT_EQ(form.broughtToFront, 2);
+    tray.OnTrayMessage(0x203);
+    EXPECT_EQ(form.broughtToFront, 3);
+    tray.OnTrayMessage(0x206);
+    EXPECT_EQ(form.broughtToFront, 4);
+}
+
+}  // namespace
+}  // namespace velmora

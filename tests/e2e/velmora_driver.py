@@ -1,0 +1,376 @@
+"""Drives Velmora from outside: the accessibility tree to look, the pointer and the keys to act.
+
+Needs a display with a window manager and a message bus: tools/with-display gives one.
+"""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402 (the version has to be chosen first)
+
+# However slow the machine is; a condition that holds is seen within a twentieth of a second.
+PATIENCE = 20
+
+# The toolkit's own cache lags behind the program unless a main loop runs here.
+Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
+
+
+class NotSeen(AssertionError):
+    """What was waited for did not come."""
+
+
+def wait_until(condition, what, seconds=PATIENCE):
+    """The first true value of condition(), which is asked again and again."""
+    end = time.monotonic() + seconds
+    while True:
+        # An object that is gone by the time it is asked counts as not there.
+        with contextlib.suppress(GLib.Error):
+            value = condition()
+            if value:
+                return value
+        if time.monotonic() > end:
+            raise NotSeen(f"waited {seconds} s for {what}")
+        time.sleep(0.05)
+
+
+def xdo(*words):
+    done = subprocess.run(["xdotool", *map(str, words)], capture_output=True, text=True)
+    if done.returncode:
+        raise NotSeen(f"xdotool {words}: {done.stderr}")
+    return done.stdout.strip()
+
+
+def key(*names):
+    """Presses keys one after the other; "alt+p" is a chord."""
+    xdo("key", "--delay", 20, *names)
+
+
+def type_text(text):
+    """Types printable ASCII where the focus is."""
+    if not (text.isascii() and text.isprintable()):
+        raise ValueError(f"paste this instead: {text!r}")
+    xdo("type", "--delay", 15, "--", text)
+
+
+@contextlib.contextmanager
+def clipboard(text):
+    """Offers a text on the clipboard as long as the block runs."""
+    owner = subprocess.Popen(["xclip", "-selection", "clipboard", "-quiet", "-loops", "0"],
+                             stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                             stderr=subprocess.DEVNULL)
+    try:
+        owner.stdin.write(text.encode("utf-8"))
+        owner.stdin.close()
+
+        def offered():
+            done = subprocess.run(["xclip", "-selection", "clipboard", "-out"], capture_output=True)
+            return done.stdout == text.encode("utf-8")
+
+        wait_until(offered, "the clipboard")
+        yield
+    finally:
+        owner.terminate()
+        owner.wait()
+
+
+# What can be asked of an element.
+
+def identifier(element):
+    """The object name, which test runs tell as the description."""
+    return element.get_description()
+
+
+def has_state(element, state):
+    return element.get_state_set().contains(state)
+
+
+def is_showing(element):
+    return has_state(element, Atspi.StateType.SHOWING)
+
+
+def is_enabled(element):
+    return has_state(element, Atspi.StateType.ENABLED)
+
+
+def is_focused(element):
+    return has_state(element, Atspi.StateType.FOCUSED)
+
+
+def is_checked(element):
+    return has_state(element, Atspi.StateType.CHECKED)
+
+
+def text_of(element):
+    """The text of an edit; the caption of anything else."""
+    if element.get_text_iface():
+        return Atspi.Text.get_text(element, 0, -1)
+    return element.get_name()
+
+
+def children(element):
+    for index in range(element.get_child_count()):
+        child = element.get_child_at_index(index)
+        if child:
+            yield child
+
+
+def walk(element):
+    yield element
+    for child in children(element):
+        yield from walk(child)
+
+
+def box_of(element):
+    return element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+
+def middle(element):
+    box = box_of(element)
+    return box.x + box.width // 2, box.y + box.height // 2
+
+
+# What can be done to an element.
+
+def click(element, times=1, button=1):
+    xdo("mousemove", *middle(element), "click", "--repeat", times, "--delay", 60, button)
+
+
+def drag(source, target):
+    (x, y), (to_x, to_y) = middle(source), middle(target)
+    steps = 10
+    xdo("mousemove", x, y, "mousedown", 1)
+    for step in range(1, steps + 1):
+        xdo("mousemove", x + (to_x - x) * step // steps, y + (to_y - y) * step // steps,
+            "sleep", 0.03)
+    # The target is told of the pointer once it has come to rest.
+    xdo("mousemove", to_x + 1, to_y, "sleep", 0.1, "mouseup", 1)
+
+
+class Velmora:
+    """One run of the program.
+
+    `binary` is started as it lies, so it works on the data beside it. `environment` is added to
+    that of this process. Call end() in any case; it does nothing when the program has ended.
+    """
+
+    def __init__(self, binary, environment=None):
+        self.process = subprocess.Popen(
+            [binary], cwd=pathlib.Path(binary).parent, stdin=subprocess.DEVNULL,
+            env={**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "VELMORA_TEST_IDS": "1",
+                 **(environment or {})})
+        try:
+            self.root = wait_until(self._application, "the program on the accessibility bus")
+            self.main = wait_until(self._main_window, "the main window")
+            self._close_what_opened_by_itself()
+            self.activate()
+        except BaseException:
+            self.end()
+            raise
+
+    def _application(self):
+        if self.process.poll() is not None:
+            raise NotSeen(f"the program ended with code {self.process.returncode}")
+        for application in children(Atspi.get_desktop(0)):
+            if application.get_process_id() == self.process.pid:
+                return application
+        return None
+
+    def _main_window(self):
+        for window in children(self.root):
+            if is_showing(window) and any(child.get_role_name() == "menu bar"
+                                          for child in children(window)):
+                return window
+        return None
+
+    def windows(self):
+        return [window for window in children(self.root) if is_showing(window)]
+
+    def _close_what_opened_by_itself(self):
+        """The events of the day may be shown at the start, above the main window."""
+        for window in self.windows():
+            if window.get_name() == self.main.get_name() or window.get_name() == "":
+                continue
+            name = window.get_name()
+            click(self.find(role="push button", name="Close", within=window))
+            wait_until(lambda: name not in [other.get_name() for other in self.windows()],
+                       f"{name} to close")
+
+    # Looking
+
+    def find_all(self, id=None, name=None, role=None, within=None, showing=True):
+        def fits(element):
+            return ((id is None or identifier(element) == id)
+                    and (name is None or element.get_name() == name)
+                    and (role is None or element.get_role_name() == role)
+                    and (not showing or is_showing(element)))
+        return [element for element in walk(within or self.root) if fits(element)]
+
+    def find(self, id=None, name=None, role=None, within=None, showing=True):
+        """The first element that fits; waited for."""
+        return wait_until(
+            lambda: next(iter(self.find_all(id, name, role, within, showing)), None),
+            f"an element id={id} name={name} role={role}")
+
+    def shows(self, id, within=None):
+        return bool(self.find_all(id=id, within=within))
+
+    def text(self, id, within=None):
+        return text_of(self.find(id=id, within=within, showing=False))
+
+    def dialog(self, title):
+        """The window or box of this title; waited for, until it is the active one."""
+        def active():
+            return next((window for window in self.windows() if window.get_name() == title
+                         and has_state(window, Atspi.StateType.ACTIVE)), None)
+        return wait_until(active, f"the window {title!r}")
+
+    def is_open(self, title):
+        return any(window.get_name() == title for window in self.windows())
+
+    def wait_closed(self, title):
+        wait_until(lambda: not self.is_open(title), f"the window {title!r} to close")
+
+    # Acting
+
+    def main_window_id(self):
+        """The main window's number on the display."""
+        found = wait_until(
+            lambda: xdo("search", "--onlyvisible", "--pid", self.process.pid,
+                        "--name", f"^{self.main.get_name()}$").split(),
+            "the main window on the display")
+        return found[0]
+
+    def activate(self):
+        xdo("windowactivate", "--sync", self.main_window_id())
+        wait_until(lambda: has_state(self.main, Atspi.StateType.ACTIVE), "the window to be active")
+
+    def click_id(self, id, within=None, times=1, button=1):
+        click(self.find(id=id, within=within), times, button)
+
+    def fill(self, id, text, within=None):
+        """Replaces the text of an edit by typing it."""
+        element = self.find(id=id, within=within)
+        click(element)
+        wait_until(lambda: is_focused(element), f"the focus in {id}")
+        key("ctrl+a")
+        type_text(text)
+        wait_until(lambda: text_of(element) == text, f"{text!r} in {id}")
+
+    def answer(self, title, button):
+        """Presses a button of the message box of this title and returns the box's text."""
+        box = self.dialog(title)
+        texts = [element.get_name() for element in walk(box)
+                 if element.get_role_name() == "label" and element.get_name()]
+        click(self.find(name=button, role="push button", within=box))
+        self.wait_closed(title)
+        return " ".join(texts)
+
+    def menu(self, *captions):
+        """Picks an item of the menu bar, from head to item, by mouse."""
+        for caption in captions:
+            roles = ("menu item", "check menu item", "menu")
+            item = wait_until(
+                lambda text=caption: next((element for element in walk(self.main)
+                                           if element.get_role_name() in roles
+                                           and element.get_name() == text
+                                           and is_showing(element)), None),
+                f"the menu item {caption!r}")
+            click(item)
+
+    def point_nowhere(self):
+        """Takes the pointer away from the window."""
+        xdo("mousemove", 0, 999)
+
+    # The phonebook
+
+    def show_pane(self, name):
+        """`name`: "Planner", "Phonebook" or "Dialer"."""
+        index = ("Planner", "Phonebook", "Dialer").index(name)
+        self.click_id(f"Picture1_{index}")
+        seen = {0: "Label1", 1: "Picture4", 2: "Picture3"}[index]
+        wait_until(lambda: self.shows(seen), f"the pane {name}")
+
+    def list_items(self):
+        return [item for item in children(self.find(id="List1"))
+                if item.get_role_name() == "list item"]
+
+    def list_lines(self):
+        return [item.get_name() for item in self.list_items()]
+
+    def list_item(self, line):
+        return wait_until(
+            lambda: next((item for item in self.list_items() if item.get_name() == line), None),
+            f"the line {line!r}")
+
+    def wait_lines(self, lines):
+        wait_until(lambda: self.list_lines() == lines, f"the lines {lines}, not {self.list_lines()}")
+
+    def letter(self, letter):
+        index = 26 if letter == "#" else ord(letter) - ord("A")
+        self.click_id(f"Command23_{index}")
+
+    def select_line(self, line):
+        click(self.list_item(line))
+        wait_until(lambda: self.card() != "", f"the card of {line!r}")
+
+    def card(self):
+        """The text of the selected entry; empty when none is."""
+        return self.text("Label17")
+
+    # Ending
+
+    def close(self):
+        """Closes the main window and returns the program's exit code."""
+        self.activate()
+        key("alt+F4")
+        return self.wait_end()
+
+    def wait_end(self):
+        return self.process.wait(timeout=PATIENCE)
+
+    def end(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+
+class Desk:
+    """A folder of its own for one test: the program, its books and its settings."""
+
+    def __init__(self):
+        self.base = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e."))
+        self.folder = self.base / "program"
+        self.folder.mkdir()
+        self.binary = self.folder / "velmora"
+        shutil.copy2(self._built_program(), self.binary)
+        self.environment = {"HOME": str(self.base / "home")}
+        for name in ("CONFIG", "DATA", "CACHE", "STATE"):
+            self.environment[f"XDG_{name}_HOME"] = str(self.base / name.lower())
+        (self.base / "home").mkdir()
+        self.running = []
+
+    @staticmethod
+    def _built_program():
+        root = pathlib.Path(__file__).resolve().parents[2]
+        return pathlib.Path(os.environ.get("VELMORA_PROGRAM", root / "build/release/velmora"))
+
+    def start(self, **environment):
+        program = Velmora(self.binary, {**self.environment, **environment})
+        self.running.append(program)
+        return program
+
+    def book(self, name):
+        return self.folder / name
+
+    def clear(self):
+        for program in self.running:
+            program.end()
+        shutil.rmtree(self.base)

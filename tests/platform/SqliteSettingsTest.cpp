@@ -1,0 +1,115 @@
+#include "platform/sqlite/SqliteSettings.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/Failure.h"
+#include "support/TemporaryFolder.h"
+
+namespace velmora {
+namespace {
+
+using namespace std::string_literals;
+
+class SqliteSettingsTest : public ::testing::Test {
+  protected:
+    test::TemporaryFolder folder;
+    std::string path = folder.file("settings.db");
+};
+
+TEST_F(SqliteSettingsTest, AKeyThatWasNeverWrittenReadsAsNothing) {
+    const SqliteSettings settings(path);
+    EXPECT_EQ(settings.read("White"), "");
+}
+
+TEST_F(SqliteSettingsTest, ValuesOfAnyBytesComeBackAfterReopening) {
+    std::string allBytes = "  \r\n\t=\"quoted\"\\ "s;
+    for (int byte = 0; byte < 256; ++byte)
+        allBytes += static_cast<char>(byte);
+    {
+        SqliteSettings settings(path);
+        settings.save("Tasks\\1", allBytes);
+        settings.save("Empty", "");
+    }
+    const SqliteSettings settings(path);
+    EXPECT_EQ(settings.read("Tasks\\1"), allBytes);
+    EXPECT_EQ(settings.read("Empty"), "");
+}
+
+TEST_F(SqliteSettingsTest, TheCaseOfAKeyDoesNotCount) {
+    SqliteSettings settings(path);
+    settings.save("EMailSettings", "/n");
+    EXPECT_EQ(settings.read("EmailSettings"), "/n");
+    settings.save("emailsettings", "/m");
+    EXPECT_EQ(settings.read("EMailSettings"), "/m");
+    settings.remove("EMAILSETTINGS");
+    EXPECT_EQ(settings.read("EMailSettings"), "");
+}
+
+TEST_F(SqliteSettingsTest, ABackslashInAKeyMeansNothing) {
+    SqliteSettings settings(path);
+    settings.save("Tasks", "a");
+    settings.save("Tasks\\NumTasks", "2");
+    settings.remove("Tasks");
+    EXPECT_EQ(settings.read("Tasks\\NumTasks"), "2");
+}
+
+TEST_F(SqliteSettingsTest, ABatchThatThrowsKeepsNothing) {
+    SqliteSettings settings(path);
+    settings.save("A", "old");
+    EXPECT_THROW(settings.batch([&] {
+        settings.save("A", "new");
+        settings.batch([&] { settings.save("B", "new"); });
+        throw Failure("stop");
+    }),
+                 Failure);
+    EXPECT_EQ(settings.read("A"), "old");
+    EXPECT_EQ(settings.read("B"), "");
+    settings.batch([&] { settings.save("A", "new"); });
+    EXPECT_EQ(settings.read("A"), "new");
+}
+
+TEST_F(SqliteSettingsTest, TwoCopiesOfTheProgramNeverLoseEachOthersKeys) {
+    constexpr int kKeys = 300;
+    { const SqliteSettings made(path); }
+    const auto saveAll = [&](const std::string& prefix) {
+        SqliteSettings settings(path);
+        for (int i = 0; i < kKeys; ++i)
+            settings.save(prefix + std::to_string(i), "x");
+    };
+    const pid_t child = fork();
+    if (child == 0) {
+        try {
+            saveAll("child");
+        } catch (...) {
+            _exit(1);
+        }
+        _exit(0);
+    }
+    saveAll("parent");
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    const SqliteSettings settings(path);
+    for (int i = 0; i < kKeys; ++i) {
+        EXPECT_EQ(settings.read("child" + std::to_string(i)), "x");
+        EXPECT_EQ(settings.read("parent" + std::to_string(i)), "x");
+    }
+}
+
+TEST_F(SqliteSettingsTest, ADamagedFileIsPutAsideAndSettingsBeginAnew) {
+    folder.write("settings.db", std::string(5000, '\x5A'));
+    SqliteSettings settings(path);
+    ASSERT_TRUE(settings.putAside());
+    EXPECT_EQ(folder.read("settings.db.damaged"), std::string(5000, '\x5A'));
+    settings.save("A", "1");
+    EXPECT_EQ(settings.read("A"), "1");
+}
+
+TEST_F(SqliteSettingsTest, AFolderThatIsMissingIsAFailure) {
+    EXPECT_THROW(const SqliteSettings settings(folder.file("missing/settings.db")), Failure);
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/MainForm.h"
+
+namespace velmora::test {
+
+// Keeps what it is told, and the order of what happened in `log`.
+class FakeMainForm final : public MainForm {
+  public:
+    void setControlState(PaneControl control, ControlState state) override {
+        states[control] = state;
+        log.push_back("state");
+    }
+    void raisePaneButton(Pane pane) override {
+        raised = pane;
+        log.push_back("raise");
+    }
+    void setTwentyFourHourTick(bool ticked) override {
+        tick = ticked;
+        log.push_back("tick");
+    }
+    [[nodiscard]] bool twentyFourHourTick() const override { return tick; }
+    void setClockText(const std::string& text) override {
+        clock = text;
+        ++clockWrites;
+    }
+    [[nodiscard]] std::string clockText() const override { return clock; }
+    void setDateLine(const std::string& text) override {
+        dateLine = text;
+        log.push_back("date");
+    }
+    void setLastNumber(const std::string& text) override {
+        lastNumber = text;
+        log.push_back("number");
+    }
+    void setFont(FontTarget target, const FontChoice& font) override {
+        fonts[target] = font;
+        log.push_back("font");
+    }
+    void setCaption(const std::string& text) override { caption = text; }
+    void setDocPadCaption(const std::string& text) override { docPad = text; }
+    [[nodiscard]] std::string docPadCaption() const override { return docPad; }
+    void showCentred(int raise) override {
+        raiseOfWindow = raise;
+        log.push_back("show");
+    }
+    void bringToFront() override { ++broughtToFront; }
+    [[nodiscard]] SharedState::Box docPadBox() const override { return box; }
+    void fillWithDocPad() override {
+        box = {0, 400, 15000, 9000};
+        log.push_back("fill");
+    }
+    void putDocPadBack(const SharedState::Box& back) override {
+        box = back;
+        log.push_back("back");
+    }
+    void setMaximiseButtonShown(bool shown) override { maximiseButton = shown; }
+    void setRestoreButtonShown(bool shown) override { restoreButton = shown; }
+    void setYearButtonEnabled(bool enabled) override { yearButton = enabled; }
+
+    std::map<PaneControl, ControlState> states;
+    Pane raised = Pane::Planner;
+    bool tick = false;
+    std::string clock;
+    int clockWrites = 0;
+    std::string dateLine;
+    std::string lastNumber;
+    std::map<FontTarget, FontChoice> fonts;
+    std::string caption = "Velmora";
+    std::string docPad = "DocPad";
+    int raiseOfWindow = 0;
+    int broughtToFront = 0;
+    SharedState::Box box{12000, 900, 6000, 9000};
+    bool maximiseButton = true;
+    bool restoreButton = false;
+    bool yearButton = true;
+    std::vector<std::string> log;
+};
+
+}  // namespace velmora::test
