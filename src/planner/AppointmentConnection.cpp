@@ -21,15 +21,11 @@ std::string conditionText(AppointmentConnection::Condition condition) {
     return {};
 }
 
-AppointmentRow rowOf(const sqlite::Statement& statement) {
-    AppointmentRow row;
+void read(const sqlite::Statement& statement, AppointmentRow& row) {
     row.number = statement.integer(0);
-    for (std::size_t i = 0; i < kColumnCount; ++i) {
-        const int column = static_cast<int>(i) + 1;
-        if (!statement.isNull(column))
-            row.values[i].emplace(statement.text(column));
-    }
-    return row;
+    for (std::size_t i = 0; i < kColumnCount; ++i)
+        if (const auto text = statement.textOrNull(static_cast<int>(i) + 1))
+            row.values[i].emplace(*text);
 }
 
 const std::string& checkedPath(const std::string& path) {
@@ -54,6 +50,7 @@ AppointmentConnection::AppointmentConnection(const std::string& path,
       database_(checkedPath(path), sqlite::Access::ReadWrite, patience) {
     (void)query(Condition::All);  // fails unless the table is there with its columns
     database_.execute("PRAGMA synchronous = FULL");
+    database_.execute("PRAGMA cache_size = -16384");  // 16 MB: years of appointments
     // A file that another tool left in the mode of many files comes back to one: it is copied by
     // itself, and may lie on a share.
     ignoringErrors([&] { database_.execute("PRAGMA journal_mode = DELETE"); });
@@ -77,7 +74,7 @@ bool AppointmentConnection::fetch(Condition condition, std::string_view value, s
     statement.bindInteger(2, behind).bindInteger(3, static_cast<std::int64_t>(limit));
     std::size_t count = 0;
     for (; statement.step(); ++count)
-        rows.push_back(rowOf(statement));
+        read(statement, rows.emplace_back());
     return count == limit;
 }
 
@@ -92,15 +89,17 @@ std::optional<AppointmentRow> AppointmentConnection::find(Condition condition,
     statement.bindText(2, tag);
     if (!statement.step())
         return std::nullopt;
-    return rowOf(statement);
+    std::optional<AppointmentRow> row(std::in_place);
+    read(statement, *row);
+    return row;
 }
 
 void AppointmentConnection::visitDays(
     const std::function<void(std::string_view, std::string_view)>& visit) {
     auto statement = database_.prepare(R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");
     while (statement.step())
-        if (!statement.isNull(0))
-            visit(statement.text(0), statement.text(1));
+        if (const auto date = statement.textOrNull(0))
+            visit(*date, statement.text(1));
 }
 
 void AppointmentConnection::add(const Values& values) {

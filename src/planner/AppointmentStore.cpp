@@ -25,6 +25,14 @@ bool isAscii(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// A date as the store gives it, all else as it is stored.
+std::string shownForm(Column column, const AppointmentValue& value) {
+    if (!value)
+        return {};
+    const auto day = column == Column::Date ? readStoredDay(*value) : std::nullopt;
+    return day ? writeDate(*day) : *value;
+}
+
 }  // namespace
 
 AppointmentStore::AppointmentStore(const CodePage& codePage, const Clock& clock,
@@ -117,6 +125,7 @@ bool AppointmentStore::FindFirst(std::string_view criterion) {
     auto found = connection().find(running_.condition, running_.value, storedMoment(*tag));
     if (!found)
         return false;
+    toCodePage(*found);
     rows_.assign(1, std::move(*found));
     position_ = 0;
     fromFirst_ = false;
@@ -143,18 +152,19 @@ void AppointmentStore::dropEditing() {
 std::string AppointmentStore::Get(Column column) {
     if (editing_ != Editing::Nothing)
         if (const auto& put = put_[static_cast<std::size_t>(column)])
-            return fromStored(column, *put);
-    return editing_ == Editing::Addition ? std::string() : fromStored(column, current()[column]);
+            return shownForm(column, *put);
+    return editing_ == Editing::Addition ? std::string() : shownForm(column, current()[column]);
 }
 
 void AppointmentStore::Put(Column column, std::string_view value) {
     if (editing_ == Editing::Nothing)
         throw Failure("No appointment is being added or changed.");
     // What reads the same is not written: a character from another code page then stays.
-    if (editing_ == Editing::Change && fromStored(column, current()[column]) == value)
-        put_[static_cast<std::size_t>(column)].reset();
+    auto& put = put_[static_cast<std::size_t>(column)];
+    if (editing_ == Editing::Change && shownForm(column, current()[column]) == value)
+        put.reset();
     else
-        put_[static_cast<std::size_t>(column)] = toStored(column, value);
+        put = storedForm(column, value);
 }
 
 void AppointmentStore::Update() {
@@ -162,11 +172,11 @@ void AppointmentStore::Update() {
         case Editing::Nothing:
             throw Failure("No appointment is being added or changed.");
         case Editing::Addition:
-            connection().add(put_);
+            connection().add(putInUtf8());
             break;
         case Editing::Change:
             (void)connection();
-            connection_->change(current().number, put_);
+            connection_->change(current().number, putInUtf8());
             for (std::size_t i = 0; i < kColumnCount; ++i)
                 if (put_[i])
                     current().values[i] = std::move(*put_[i]);
@@ -195,7 +205,7 @@ std::vector<DayStyle> AppointmentStore::DayStyles() {
         connection().visitDays(
             [&](std::string_view date, std::string_view style) { collector.add(date, style); });
     });
-    return collector.take();
+    return collector.result();
 }
 
 AppointmentConnection& AppointmentStore::connection() {
@@ -234,6 +244,8 @@ void AppointmentStore::fetchBehind(std::int64_t number, std::size_t limit) {
         dropRows();
         throw;
     }
+    for (AppointmentRow& row : rows_)
+        toCodePage(row);
     fromFirst_ = number == 0;
 }
 
@@ -250,17 +262,13 @@ AppointmentRow& AppointmentStore::current() {
     throw Failure(running_.trouble.empty() ? "There is no current appointment." : running_.trouble);
 }
 
-std::string AppointmentStore::fromStored(Column column, const AppointmentValue& value) const {
-    if (!value)
-        return {};
-    if (column == Column::Date) {
-        const auto day = readStoredDay(*value);
-        return day ? writeDate(*day) : codePage_.fromUtf8(*value);
-    }
-    return isAscii(*value) ? *value : codePage_.fromUtf8(*value);
+void AppointmentStore::toCodePage(AppointmentRow& row) const {
+    for (AppointmentValue& value : row.values)
+        if (value && !isAscii(*value))
+            value = codePage_.fromUtf8(*value);
 }
 
-AppointmentValue AppointmentStore::toStored(Column column, std::string_view text) const {
+AppointmentValue AppointmentStore::storedForm(Column column, std::string_view text) const {
     if (column == Column::Date) {
         const auto day = readDate(text, presentYear());
         return day ? AppointmentValue(storedDay(*day)) : std::nullopt;
@@ -271,7 +279,15 @@ AppointmentValue AppointmentStore::toStored(Column column, std::string_view text
             throw Failure("The moment \"" + codePage_.toUtf8(text) + "\" can not be read.");
         return storedMoment(*tag);
     }
-    return codePage_.toUtf8(text);
+    return std::string(text);
+}
+
+AppointmentConnection::Values AppointmentStore::putInUtf8() const {
+    AppointmentConnection::Values values = put_;
+    for (auto& value : values)
+        if (value && *value)
+            value = codePage_.toUtf8(**value);
+    return values;
 }
 
 }  // namespace velmora

@@ -69,6 +69,10 @@ class AppointmentStore {
     // row.
     [[nodiscard]] std::string Get(Column column);
 
+    // The current row as it was read, in code-page text, until the cursor is used again. Throws
+    // Failure without a row.
+    [[nodiscard]] const AppointmentRow& CurrentRow() { return current(); }
+
     // Into the row being added or changed. A date that can not be read leaves the row without one.
     // Throws Failure when no row is, or for a tag that can not be read.
     void Put(Column column, std::string_view value);
@@ -104,8 +108,9 @@ class AppointmentStore {
     void fetchBehind(std::int64_t number, std::size_t limit);
     void dropRows();
     [[nodiscard]] AppointmentRow& current();
-    [[nodiscard]] std::string fromStored(Column column, const AppointmentValue& value) const;
-    [[nodiscard]] AppointmentValue toStored(Column column, std::string_view text) const;
+    void toCodePage(AppointmentRow& row) const;
+    [[nodiscard]] AppointmentValue storedForm(Column column, std::string_view text) const;
+    [[nodiscard]] AppointmentConnection::Values putInUtf8() const;
 
     const CodePage& codePage_;
     const Clock& clock_;
@@ -118,13 +123,13 @@ class AppointmentStore {
     Source selected_{{}, {}, "No record source is set."};  // what the next Refresh() runs
     Source running_ = selected_;                           // what gave the rows on hand
     bool mustRun_ = false;
-    bool fromFirst_ = false;   // the rows on hand begin with the source's first
-    bool moreBehind_ = false;  // there may be rows behind those on hand
-    std::vector<AppointmentRow> rows_;
+    bool fromFirst_ = false;            // the rows on hand begin with the source's first
+    bool moreBehind_ = false;           // there may be rows behind those on hand
+    std::vector<AppointmentRow> rows_;  // in code-page text
     std::size_t position_ = 0;
 
     Editing editing_ = Editing::Nothing;
-    AppointmentConnection::Values put_;
+    AppointmentConnection::Values put_;  // in code-page text
 };
 
 }  // namespace velmora

@@ -93,10 +93,11 @@ void Planner::LoadDayTasks() {
     ignoringErrors([&] { day_.RemoveAllTasks(); });
     for (int index = 0; !store_.Eof(); ++index) {
         ignoringErrors([&] {
-            day_.AddTask(store_.Get(Column::BeginTime), store_.Get(Column::EndTime),
-                         store_.Get(Column::Desc));
+            const AppointmentRow& row = store_.CurrentRow();
+            day_.AddTask(row.text(Column::BeginTime), row.text(Column::EndTime),
+                         row.text(Column::Desc));
+            day_.SetTaskTag(index, row.text(Column::TagVariant));
         });
-        ignoringErrors([&] { day_.SetTaskTag(index, store_.Get(Column::TagVariant)); });
         ignoringErrors([&] { store_.MoveNext(); });
     }
 }

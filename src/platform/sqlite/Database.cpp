@@ -29,7 +29,8 @@ void Database::Closer::operator()(sqlite3* handle) const {
 
 Database::Database(const std::string& path, Access access, std::chrono::milliseconds patience) {
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &opened, flagsFor(access), nullptr);
+    const int result =
+        sqlite3_open_v2(path.c_str(), &opened, flagsFor(access) | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (!handle_)
         throw Failure("The database \"" + path + "\" can not be opened: out of memory.");

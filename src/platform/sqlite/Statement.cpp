@@ -69,10 +69,15 @@ void Statement::reset() {
 }
 
 std::string_view Statement::text(int column) const {
+    return textOrNull(column).value_or(std::string_view());
+}
+
+std::optional<std::string_view> Statement::textOrNull(int column) const {
     const auto* bytes = sqlite3_column_text(handle_.get(), column);
+    if (!bytes)
+        return std::nullopt;
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column));
-    return bytes ? std::string_view(reinterpret_cast<const char*>(bytes), size)
-                 : std::string_view();
+    return std::string_view(reinterpret_cast<const char*>(bytes), size);
 }
 
 std::string_view Statement::blob(int column) const {

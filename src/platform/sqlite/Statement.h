@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,9 @@ class Statement {
     [[nodiscard]] std::string_view blob(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] bool isNull(int column) const;
+
+    // text() in one step with the question whether there is any.
+    [[nodiscard]] std::optional<std::string_view> textOrNull(int column) const;
 
   private:
     friend class Database;

@@ -55,6 +55,8 @@ TEST_F(DatabaseFile, GivesBackTextAndBlobsByteForByteAndNullAsNull) {
     EXPECT_EQ(select.text(0), "");
     EXPECT_TRUE(select.isNull(1));
     EXPECT_EQ(select.text(1), "");
+    EXPECT_EQ(select.textOrNull(0), "");
+    EXPECT_EQ(select.textOrNull(1), std::nullopt);
     EXPECT_FALSE(select.step());
 }
 
