@@ -40,6 +40,7 @@ class BookScan {
 
     const RandomFile& book_;
     std::unique_ptr<char[]> block_;
+    std::size_t blockSize_ = 0;
     const char* at_ = nullptr;
     const char* end_ = nullptr;
     const char* current_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include "phonebook/Buckets.h"
 #include "phonebook/RecordState.h"
+#include "phonebook/SafeOverwrite.h"
 #include "platform/Failure.h"
 
 namespace velmora {
@@ -43,7 +44,11 @@ bool OpenBook::ReadAt(RecordNumber number, PhonebookRecord& record) const {
 
 void OpenBook::WriteAt(RecordNumber number, const PhonebookRecord& record) {
     reading_.reset();  // its block may hold what is replaced here
-    file_->writeAt(offsetOf(number), record.bytes());
+    const std::uint64_t offset = offsetOf(number);
+    if (isLocked_)
+        overwriteSafely(*file_, offset, record.bytes());
+    else
+        file_->writeAt(offset, record.bytes());
 }
 
 std::optional<RecordNumber> OpenBook::FindByListLine(std::string_view line,

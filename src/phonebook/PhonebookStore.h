@@ -40,7 +40,8 @@ class OpenBook {
     // Record `number`, from 1; false, and an empty record, where the file has none.
     bool ReadAt(RecordNumber number, PhonebookRecord& record) const;
 
-    // Writes the record in one write. The file grows when it lies behind the end.
+    // Writes the record in one write. The file grows when it lies behind the end. Under a Lock an
+    // entry that is overwritten is never lost, even if the program is killed in the middle.
     void WriteAt(RecordNumber number, const PhonebookRecord& record);
 
     // The first entry that a list line names; an empty line names none.
@@ -68,17 +69,17 @@ class OpenBook {
     // Held until the guard goes; without effect where the file system has no locks.
     class Lock {
       public:
-        explicit Lock(OpenBook& book) : file_(*book.file_), held_(file_.lock()) {}
+        explicit Lock(OpenBook& book) : book_(book) { book_.isLocked_ = book_.file_->lock(); }
         Lock(const Lock&) = delete;
         Lock& operator=(const Lock&) = delete;
         ~Lock() {
-            if (held_)
-                file_.unlock();
+            if (book_.isLocked_)
+                book_.file_->unlock();
+            book_.isLocked_ = false;
         }
 
       private:
-        RandomFile& file_;
-        bool held_;
+        OpenBook& book_;
     };
 
   private:
@@ -87,6 +88,7 @@ class OpenBook {
     std::optional<BookScan> reading_;  // of ReadNext()
     RecordNumber lastRead_ = 0;
     bool atEnd_ = false;
+    bool isLocked_ = false;
 };
 
 // The two books: flat files of records, read from the first to the last at each operation.

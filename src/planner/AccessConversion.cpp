@@ -105,7 +105,7 @@ std::string nameForOriginal(const std::string& path) {
 
 std::string AccessConversion::convert(const std::string& path) {
     const FileLock lock(path, kPatience);
-    if (!lock.isOn(path))
+    if (!lock.isOn(path) || kindOfDatabase(path) != DatabaseKind::Access)
         return {};
     const std::string beside = path + ".converting";
     const auto clear = [&] {

@@ -119,7 +119,17 @@ void AppointmentConnection::add(const Values& values) {
     for (std::size_t i = 0; i < kColumnCount; ++i)
         if (values[i])
             bind(statement, static_cast<int>(i) + 1, *values[i]);
+    write(statement);
+}
+
+void AppointmentConnection::write(sqlite::Statement& statement) {
+    sqlite::Transaction transaction(database_);
+    // While this waited for the lock another copy of the program may have put a new file in the
+    // place of this one; what is written here would never be seen.
+    if (!stillMeant())
+        throw Failure("The planner database \"" + path_ + "\" has just been replaced.");
     statement.run();
+    transaction.commit();
 }
 
 void AppointmentConnection::change(std::int64_t number, const Values& values) {
@@ -134,13 +144,14 @@ void AppointmentConnection::change(std::int64_t number, const Values& values) {
     for (std::size_t i = 0; i < kColumnCount; ++i)
         if (values[i])
             bind(statement, static_cast<int>(i) + 1, *values[i]);
-    statement.bindInteger(7, number).run();
+    write(statement.bindInteger(7, number));
     if (database_.changedRows() == 0)
         throw Failure("The appointment is no longer in the planner.");
 }
 
 void AppointmentConnection::remove(std::int64_t number) {
-    database_.prepare("DELETE FROM appoint WHERE rowid = ?1").bindInteger(1, number).run();
+    auto statement = database_.prepare("DELETE FROM appoint WHERE rowid = ?1");
+    write(statement.bindInteger(1, number));
     if (database_.changedRows() == 0)
         throw Failure("The appointment is no longer in the planner.");
 }

@@ -43,13 +43,15 @@ class AppointmentConnection {
 
     using Values = std::array<std::optional<AppointmentValue>, kColumnCount>;
 
-    // Write the columns that `values` has. change() and remove() need the row to be there.
+    // Write the columns that `values` has, each in a transaction of its own. change() and remove()
+    // need the row to be there. A Failure too when the path has come to mean another file.
     void add(const Values& values);
     void change(std::int64_t number, const Values& values);
     void remove(std::int64_t number);
 
   private:
     [[nodiscard]] sqlite::Statement& query(Condition condition);
+    void write(sqlite::Statement& statement);
 
     std::string path_;
     std::optional<FileIdentity> identity_;

@@ -165,7 +165,8 @@ void AppointmentStore::Update() {
             connection().add(put_);
             break;
         case Editing::Change:
-            connection().change(current().number, put_);
+            (void)connection();
+            connection_->change(current().number, put_);
             for (std::size_t i = 0; i < kColumnCount; ++i)
                 if (put_[i])
                     current().values[i] = std::move(*put_[i]);
@@ -176,8 +177,10 @@ void AppointmentStore::Update() {
 
 void AppointmentStore::Delete() {
     dropEditing();
+    run();
+    (void)connection();
     const std::int64_t number = current().number;
-    connection().remove(number);
+    connection_->remove(number);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(position_));
     if (position_ >= rows_.size() && moreBehind_)
         fetchBehind(number, kBlock);
@@ -196,8 +199,10 @@ std::vector<DayStyle> AppointmentStore::DayStyles() {
 }
 
 AppointmentConnection& AppointmentStore::connection() {
-    if (connection_ && !connection_->stillMeant())
+    if (connection_ && !connection_->stillMeant()) {
         connection_.reset();
+        dropRows();  // their numbers mean other rows in the new file
+    }
     if (!connection_)
         connection_ = std::make_unique<AppointmentConnection>(toSystemPath_(path_), patience_);
     return *connection_;

@@ -17,16 +17,26 @@ namespace velmora {
 
 namespace {
 
-// Keeps all writers out of a database; what a crash left undone in it is first put right.
+// Keeps writers out of a database as long as it lives; what a crash left undone in the file is put
+// right first. Closing any other handle of this process on the file would end it early.
 class StandStill {
   public:
-    explicit StandStill(const std::string& path)
-        : database_(path, sqlite::Access::ReadWrite), transaction_(database_) {}
+    // `begin`: how the transaction begins that stands for all that time.
+    StandStill(const std::string& path, const char* begin)
+        : database_(path, sqlite::Access::ReadWrite) {
+        database_.execute(begin);
+        (void)database_.prepare("SELECT 1 FROM sqlite_master").step();
+    }
 
   private:
     sqlite::Database database_;
-    sqlite::Transaction transaction_;
 };
+
+// A read lock, so that the file may lie where nothing can be written.
+constexpr const char* kToRead = "BEGIN";
+
+// The write lock, so that whoever wants to write waits, and finds the new file then.
+constexpr const char* kToReplace = "BEGIN IMMEDIATE";
 
 bool sameBytes(const std::string& a, const std::string& b) {
     std::ifstream first(a, std::ios::binary);
@@ -54,17 +64,18 @@ void copyPlannerDatabase(const std::string& from, const std::string& to) {
     if (identityOf(from) == identityOf(to))
         return;
     const std::string beside = to + ".copying-" + std::to_string(::getpid());
-    const StandStill source(from);
     try {
-        copyFile(from, beside);
+        {
+            const StandStill source(from, kToRead);
+            copyFile(from, beside);
+        }
+        if (sameBytes(beside, to))
+            return removeIfThere(beside);
         std::optional<StandStill> target;
         if (kindOfDatabase(to) == DatabaseKind::Planner)
-            target.emplace(to);
-        if (identityOf(to)) {
-            if (sameBytes(beside, to))
-                return removeIfThere(beside);
+            target.emplace(to, kToReplace);
+        if (identityOf(to))
             keepGeneration(to);
-        }
         renameOver(beside, to);
     } catch (const Failure&) {
         ignoringErrors([&] { removeIfThere(beside); });

@@ -74,7 +74,7 @@ mode_t modeFor(const std::string& path) {
         return modeOfNewFiles();
     if (!S_ISREG(status.st_mode))
         throw Failure("The file " + path + " can not be written: it is no ordinary file.");
-    if (access(path.c_str(), W_OK) != 0)
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)
         throw systemFailure("The file " + path + " can not be written", errno);
     return status.st_mode & 07777;
 }

@@ -27,6 +27,10 @@ class RandomFile {
     // is filled with NULs. Throws Failure; a file that would have grown then has its old length.
     virtual void writeAt(std::uint64_t offset, std::span<const char> bytes) = 0;
 
+    // Cuts the file to `size` bytes, not more than it has. Throws Failure, always so where a kind
+    // of file can not do it.
+    virtual void shorten(std::uint64_t size);
+
     // Takes the advisory lock that keeps other copies of the program from writing between a scan
     // and the write that follows. Returns false where the file system has no locks. Waits a few
     // seconds at most, then throws Failure: another copy holds it.

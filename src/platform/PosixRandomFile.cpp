@@ -115,6 +115,11 @@ void PosixRandomFile::writeAt(std::uint64_t offset, std::span<const char> bytes)
     throw notWritten(why);
 }
 
+void PosixRandomFile::shorten(std::uint64_t size) {
+    if (ftruncate(file_.number(), static_cast<off_t>(size)) != 0)
+        throw notWritten(errno);
+}
+
 bool PosixRandomFile::lock() {
     if (whyReadOnly_ != 0)
         return false;

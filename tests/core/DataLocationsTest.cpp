@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/FakeFiles.h"
+#include "support/MemoryFiles.h"
 #include "support/MemorySettings.h"
 
 namespace velmora {
@@ -12,7 +12,7 @@ class DataLocationsTest : public ::testing::Test {
   protected:
     test::MemorySettings medium;
     SettingsStore settings{medium};
-    test::FakeFiles files;
+    test::MemoryFiles files;
     DataLocations locations{"/opt/velmora", settings, files, CodePage::western()};
 };
 
@@ -50,7 +50,7 @@ TEST_F(DataLocationsTest, TheNameDecidesInAnyCaseAndWhiteWins) {
 TEST_F(DataLocationsTest, ACalendarFolderWithoutADatabaseFallsBackInSilence) {
     settings.Save("Calendar", "/share");
     EXPECT_EQ(locations.PlannerDatabasePath(), "/opt/velmora\\qel.mdb");
-    files.existing.insert("/share\\qel.mdb");
+    files["/share\\qel.mdb"];
     EXPECT_EQ(locations.PlannerDatabasePath(), "/share\\qel.mdb");
 }
 

@@ -16,7 +16,7 @@
 namespace velmora::test {
 
 // Files in memory; paths compare without regard to case. Writes can be made to fail, and what
-// happened to open files is recorded as "lock", "unlock" and "write <offset>".
+// happened to open files is recorded as "lock", "unlock", "write <offset>" and "shorten <size>".
 class MemoryFiles final : public Files {
   public:
     // The bytes of a file; made empty by the first look.
@@ -59,6 +59,12 @@ class MemoryFiles final : public Files {
         *content(path) = bytes;
     }
 
+    void append(const std::string& path, std::string_view bytes) override {
+        failIfUnreachable(path);
+        failIfFull();
+        *content(path) += bytes;
+    }
+
     void remove(const std::string& path) override {
         failIfUnreachable(path);
         if (contents_.erase(key(path)) == 0)
@@ -93,6 +99,12 @@ class MemoryFiles final : public Files {
             content_->resize(std::max<std::size_t>(content_->size(), offset + bytes.size()));
             std::copy(bytes.begin(), bytes.end(),
                       content_->begin() + static_cast<std::ptrdiff_t>(offset));
+        }
+
+        void shorten(std::uint64_t size) override {
+            EXPECT_LE(size, content_->size());
+            log_->push_back("shorten " + std::to_string(size));
+            content_->resize(size);
         }
 
         [[nodiscard]] bool lock() override {

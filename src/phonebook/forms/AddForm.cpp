@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -198,7 +199,8 @@ void AddForm::makeControls() {
     }
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->setCompleter(nullptr);  // what is typed stays as it is typed
+    Combo1->setCompleter(nullptr);                             // what is typed stays as it is typed
+    Combo1->setItemDelegate(new QStyledItemDelegate(Combo1));  // rows as the style sheet has them
     Combo1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     Combo1->setMinimumContentsLength(8);
     Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

@@ -73,37 +73,55 @@ void CodePageGuard::breaksToBlanks(QLineEdit& edit) {
     edit.setCursorPosition(caret);
 }
 
-// Looks at what came in only. The corrections join the change itself, so that one Undo takes both
-// back.
 void CodePageGuard::keepText(QPlainTextEdit& edit, int mostBytes) {
     if (busy_ || added_ == 0)
         return;
     const QScopedValueRollback<bool> guard(busy_, true);
-    QTextDocument& document = *edit.document();
-    int end = std::min(changedAt_ + added_, lengthOf(document));
+    const bool anyReplaced = replaceIn(*edit.document());
+    if (mostBytes > 0)
+        cutBefore(edit, mostBytes);
     added_ = 0;
-    QTextCursor cursor(&document);
-    cursor.joinPreviousEditBlock();
-    bool anyReplaced = false;
-    for (int at = end - 1; at >= changedAt_; --at) {
+    if (anyReplaced)
+        emit replaced();
+}
+
+// Looks at what came in only. The correction joins the change itself, so that one Undo takes both
+// back.
+bool CodePageGuard::replaceIn(QTextDocument& document) {
+    bool any = false;
+    for (int at = std::min(changedAt_ + added_, lengthOf(document)) - 1; at >= changedAt_; --at) {
         const QChar c = document.characterAt(at);
         if (isLineBreak(c) || codePage_.fromUnicode(c.unicode()))
             continue;
         const bool pair =
             c.isLowSurrogate() && at > changedAt_ && document.characterAt(at - 1).isHighSurrogate();
-        cursor.setPosition(pair ? --at : at);
+        at -= pair ? 1 : 0;
+        added_ -= pair ? 1 : 0;
+        QTextCursor cursor(&document);
+        cursor.joinPreviousEditBlock();
+        cursor.setPosition(at);
         cursor.setPosition(at + (pair ? 2 : 1), QTextCursor::KeepAnchor);
         cursor.insertText(QStringLiteral("?"));
-        end -= pair ? 1 : 0;
-        anyReplaced = true;
+        cursor.endEditBlock();
+        any = true;
     }
-    while (mostBytes > 0 && end > changedAt_ && bytesOf(document) > mostBytes) {
+    return any;
+}
+
+// What the user put in ends at the caret; the document may report more than that as changed.
+void CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) {
+    QTextDocument& document = *edit.document();
+    const int caret = edit.textCursor().position();
+    int end = std::min(changedAt_ + added_, lengthOf(document));
+    if (caret > changedAt_ && caret < end)
+        end = caret;
+    while (end > changedAt_ && bytesOf(document) > mostBytes) {
+        QTextCursor cursor(&document);
+        cursor.joinPreviousEditBlock();
         cursor.setPosition(end--);
         cursor.deletePreviousChar();
+        cursor.endEditBlock();
     }
-    cursor.endEditBlock();
-    if (anyReplaced)
-        emit replaced();
 }
 
 }  // namespace velmora

@@ -7,6 +7,7 @@
 class QComboBox;
 class QLineEdit;
 class QPlainTextEdit;
+class QTextDocument;
 
 namespace velmora {
 
@@ -35,6 +36,8 @@ class CodePageGuard final : public QObject {
     void keepLine(QLineEdit& edit);
     void breaksToBlanks(QLineEdit& edit);
     void keepText(QPlainTextEdit& edit, int mostBytes);
+    bool replaceIn(QTextDocument& document);
+    void cutBefore(QPlainTextEdit& edit, int mostBytes);
 
     const CodePage& codePage_;
     int changedAt_ = 0;  // where the last change of the document put text, and how much

@@ -31,6 +31,7 @@ EntryCard::EntryCard(const CodePage& codePage, QWidget* parent)
     row->addStretch();
     row->addWidget(bar_);
     bar_->hide();
+    bar_->setAttribute(Qt::WA_NoMousePropagation);  // it gets its wheel events from the card
     connect(bar_, &QAbstractSlider::valueChanged, this, qOverload<>(&QWidget::update));
 }
 

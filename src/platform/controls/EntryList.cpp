@@ -26,6 +26,11 @@ int rowHeight(const QFontMetrics& metrics) {
     return metrics.height() + 10;
 }
 
+bool isJump(int key) {
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
 class LinePainter final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -161,20 +166,17 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
 
 void EntryList::keyPressEvent(QKeyEvent* event) {
     focus_.keyUsed();
-    QListView::keyPressEvent(event);
+    const bool step = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (!step || hasSelection() || !currentIndex().isValid())
+        QListView::keyPressEvent(event);
+    // Without a selection the first key selects the line that the focus fell on.
+    if (!hasSelection() && currentIndex().isValid() && (step || isJump(event->key())))
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
 }
 
 void EntryList::focusInEvent(QFocusEvent* event) {
     focus_.focusIn(*event);
     QListView::focusInEvent(event);
-}
-
-// The first arrow key selects the line that the focus fell on rather than the next one.
-QModelIndex EntryList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    const bool step = action == MoveDown || action == MoveUp;
-    if (step && currentIndex().isValid() && !hasSelection())
-        return currentIndex();
-    return QListView::moveCursor(action, modifiers);
 }
 
 void EntryList::paintEvent(QPaintEvent* event) {
@@ -207,16 +209,20 @@ QPixmap EntryList::dragPixmap(const QString& line) const {
     const QString text = metrics.elidedText(line, Qt::ElideRight, viewport()->width());
     const QSize size(metrics.horizontalAdvance(text) + 2 * kTextInset + 2,
                      std::max(kDragHeight, rowHeight(metrics)));
-    QPixmap pixmap(size * devicePixelRatioF());
-    pixmap.setDevicePixelRatio(devicePixelRatioF());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setOpacity(kDragOpacity);
+    QPixmap card(size * devicePixelRatioF());
+    card.setDevicePixelRatio(devicePixelRatioF());
+    card.fill(Qt::transparent);
+    QPixmap seeThrough = card;
+    QPainter painter(&card);
     drawPanel(painter, QRectF(QPointF(), size), 6, theme.surface, theme.accent);
     painter.setFont(font());
     painter.setPen(theme.ink);
     painter.drawText(QRect(QPoint(), size), Qt::AlignCenter | Qt::TextSingleLine, text);
-    return pixmap;
+    painter.end();
+    painter.begin(&seeThrough);
+    painter.setOpacity(kDragOpacity);
+    painter.drawPixmap(0, 0, card);
+    return seeThrough;
 }
 
 }  // namespace velmora

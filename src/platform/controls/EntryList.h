@@ -57,7 +57,6 @@ class EntryList final : public QListView {
 
   protected:
     void startDrag(Qt::DropActions actions) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -26,6 +26,7 @@ constexpr int kRows = 3;
 constexpr int kMargin = 16;
 constexpr int kColumnGap = 20;
 constexpr int kRowGap = 14;
+constexpr int kTighterWeekdays = 3;  // their row is that much lower than a week
 constexpr int kArrowSize = 32;
 constexpr int kArrowInset = 10;
 
@@ -65,7 +66,7 @@ int SSYear::naturalRowHeight() const {
 
 int SSYear::naturalHeight(int weekRows) const {
     return captionHeight() + kRows * headHeight() + (kRows - 1) * kRowGap + kMargin +
-           (weekRows + kRows) * naturalRowHeight();
+           (weekRows + kRows) * naturalRowHeight() - kRows * kTighterWeekdays;
 }
 
 QSize SSYear::sizeHint() const {
@@ -95,7 +96,7 @@ void SSYear::layOut() {
     int top = captionHeight();
     for (int row = 0; row < kRows; ++row) {
         const int rowsOfCells = weeks[static_cast<std::size_t>(row)] + 1;
-        const int monthHeight = headHeight() + rowsOfCells * rowHeight_;
+        const int monthHeight = headHeight() + rowsOfCells * rowHeight_ - kTighterWeekdays;
         const int room = width() - 2 * kMargin - (kColumns - 1) * kColumnGap;
         for (int column = 0; column < kColumns; ++column) {
             const int left = kMargin + room * column / kColumns + column * kColumnGap;
@@ -111,7 +112,8 @@ QRect SSYear::cellRect(const Month& month, int cell) const {
     const int row = cell / MonthGrid::kColumns + 1;  // the weekdays stand in row 0
     const int left = month.rect.left() + month.rect.width() * column / MonthGrid::kColumns;
     const int right = month.rect.left() + month.rect.width() * (column + 1) / MonthGrid::kColumns;
-    return {left, month.rect.top() + headHeight() + row * rowHeight_, right - left, rowHeight_};
+    const int top = month.rect.top() + headHeight() - kTighterWeekdays + row * rowHeight_;
+    return {left, top, right - left, rowHeight_};
 }
 
 std::optional<year_month_day> SSYear::dateAt(QPoint point) const {
@@ -226,7 +228,8 @@ void SSYear::paintMonth(QPainter& painter, const Month& month, const QRegion& re
     painter.setFont(dayFont(*this));
     painter.setPen(theme.ink2);
     for (int column = 0; column < MonthGrid::kColumns; ++column) {
-        const QRect cell = cellRect(month, column).translated(0, -rowHeight_);
+        const QRect cell =
+            cellRect(month, column).adjusted(0, kTighterWeekdays - rowHeight_, 0, -rowHeight_);
         const QString name = shown(locale().shortWeekdays[month.grid.weekdayOf(column)]);
         painter.drawText(cell, Qt::AlignCenter, name.left(1).toUpper());
     }

@@ -13,6 +13,7 @@ namespace velmora {
 namespace {
 
 constexpr int kIndicatorSize = 16;
+constexpr int kRingRoom = 4;
 
 void drawIndicator(bool round, const QStyleOption& option, QPainter& painter) {
     const Theme& theme = Theme::of(option.palette);
@@ -48,6 +49,13 @@ void drawIndicator(bool round, const QStyleOption& option, QPainter& painter) {
         painter.drawRoundedRect(ring, radius + 2, radius + 2);
     }
     painter.restore();
+}
+
+// `rect` within `option` without the room for the ring of the focus.
+QRect withoutRingRoom(const QStyleOption& option, const QRect& rect) {
+    const QRect leftToRight = QStyle::visualRect(option.direction, option.rect, rect);
+    return QStyle::visualRect(option.direction, option.rect,
+                              leftToRight.adjusted(kRingRoom, 0, 0, 0));
 }
 
 }  // namespace
@@ -104,11 +112,47 @@ QRect DeskStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }
 
+QRect DeskStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
+    const QRect usual = QProxyStyle::subElementRect(element, option, widget);
+    switch (element) {
+        case SE_CheckBoxIndicator:
+        case SE_RadioButtonIndicator: {
+            const int step = option->direction == Qt::RightToLeft ? -kRingRoom : kRingRoom;
+            return usual.translated(step, 0);
+        }
+        case SE_CheckBoxContents:
+        case SE_RadioButtonContents:
+            return withoutRingRoom(*option, usual);
+        case SE_CheckBoxLayoutItem:
+        case SE_RadioButtonLayoutItem:
+            return withoutRingRoom(*option, option->rect);
+        default:
+            return usual;
+    }
+}
+
+void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (button && (element == CE_CheckBox || element == CE_RadioButton)) {
+        QStyleOptionButton inner = *button;
+        inner.rect = withoutRingRoom(*option, option->rect);
+        QProxyStyle::drawControl(element, &inner, painter, widget);
+    } else {
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
 QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ComboBox && option)
         result.setHeight(comboBoxHeight(option->fontMetrics.height()));
+    if (type == CT_CheckBox || type == CT_RadioButton) {
+        result.rwidth() += kRingRoom;
+        result.setHeight(qMax(result.height(), kIndicatorSize + 2 * kRingRoom));
+    }
     return result;
 }
 

@@ -1,0 +1,95 @@
+#include "planner/Scheduling.h"
+
+#include <utility>
+
+#include "planner/EventBooking.h"
+#include "planner/StoredText.h"
+#include "platform/Failure.h"
+#include "platform/Text.h"
+
+namespace velmora {
+
+Scheduling::Scheduling(const SchedulingParts& parts)
+    : parts_(parts), self_(std::make_shared<Scheduling*>(this)) {}
+
+void Scheduling::Start(ScheduleCommand command) {
+    parts_.desk.ShowPlannerPane();
+    std::string answer;
+    if (command == ScheduleCommand::Other)
+        answer =
+            parts_.messages
+                .askText("Schedule Other...", "What would you like to schedule?", "Other Event")
+                .value_or("");
+    waiting_.push_back({command, std::move(answer)});
+    parts_.desk.OpenSchedule();
+}
+
+void Scheduling::OnApplied() {
+    parts_.loop.post([weak = std::weak_ptr<Scheduling*>(self_)] {
+        if (const auto self = weak.lock())
+            (*self)->wake();
+    });
+}
+
+bool Scheduling::textsAreFilled() const {
+    return !trimBlanks(parts_.texts.ScheduleBegin).empty() ||
+           !trimBlanks(parts_.texts.ScheduleEnd).empty();
+}
+
+void Scheduling::wake() {
+    if (parts_.loop.closing())
+        return waiting_.clear();
+    try {
+        while (!waiting_.empty() && textsAreFilled()) {
+            const Waiting latest = std::move(waiting_.back());
+            waiting_.pop_back();
+            run(latest);
+        }
+    } catch (const Failure& failure) {
+        waiting_.clear();
+        parts_.desk.EndProgram(failure.what());
+    }
+}
+
+void Scheduling::run(const Waiting& waiting) {
+    ScheduleTexts& texts = parts_.texts;
+    texts.ScheduleBegin = formatTimeText(texts.ScheduleBegin, "hh:mm AMPM", parts_.formats);
+    texts.ScheduleEnd = formatTimeText(texts.ScheduleEnd, "hh:mm AMPM", parts_.formats);
+
+    const PhonebookRecord record =
+        writeDateReference(parts_.phonebook, parts_.shared.BookFile,
+                           BookedName::ofListLine(parts_.desk.SelectedLine()),
+                           parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+    parts_.desk.SetCurrentEntry(record);
+    addAppointment(beginningOf(waiting) + nameForAppointment(record) + " " +
+                   std::string(record.text(Field::Phone)));
+
+    ignoringErrors([&] { parts_.day.Refresh(); });
+    parts_.planner.UpdateDays();
+    parts_.planner.LoadDayTasks();
+    if (infoOf(waiting.command).emptiesTexts)
+        texts = {};
+}
+
+std::string Scheduling::beginningOf(const Waiting& waiting) const {
+    const char* beginning = infoOf(waiting.command).beginning;
+    return beginning ? std::string(beginning) : std::string(trimBlanks(waiting.answer)) + " with ";
+}
+
+void Scheduling::addAppointment(const std::string& description) {
+    AppointmentStore& store = parts_.appointments;
+    store.SelectAll();
+    store.Refresh();
+    store.MoveFirst();  // fails on an empty table: the very first row comes from the day view
+    store.AddNew();
+    store.Put(Column::TagVariant, storedMoment(parts_.clock.now()));
+    store.Put(Column::Date, parts_.month.Date());
+    store.Put(Column::BeginTime, parts_.texts.ScheduleBegin);
+    store.Put(Column::EndTime, parts_.texts.ScheduleEnd);
+    store.Put(Column::Desc, description);
+    store.Put(Column::StyleSet, "Event");
+    store.Update();
+    store.Refresh();
+}
+
+}  // namespace velmora

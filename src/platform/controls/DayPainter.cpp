@@ -1,0 +1,223 @@
+#include "platform/controls/DayPainter.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+#include <QRegion>
+#include <QTextLayout>
+#include <algorithm>
+
+#include "platform/controls/Painting.h"
+
+namespace velmora {
+namespace {
+
+using namespace std::chrono;
+
+constexpr qreal kRadius = 5;
+constexpr int kEdge = 4;           // the bar at a block's left
+constexpr int kOneLineBelow = 30;  // lower blocks show one line
+constexpr int kTimesFrom = 36;     // blocks of this height show their times
+
+}  // namespace
+
+DayPainter::DayPainter(QPainter& painter, const DayGeometry& geometry, const Look& look)
+    : painter_(painter), geometry_(geometry), look_(look) {}
+
+QFont DayPainter::gutterFont(const QFont& font, bool small) {
+    return sized(font, small ? 8.25 : 9);
+}
+
+QString DayPainter::unbreakable(QString text) {
+    for (qsizetype i = 1; i < text.size(); ++i) {
+        const bool betweenDigits = text[i] == QLatin1Char('-') && text[i - 1].isDigit() &&
+                                   i + 1 < text.size() && text[i + 1].isDigit();
+        if (betweenDigits)
+            text[i] = QChar(0x2011);
+        else if (text[i] == QLatin1Char(' ') && text[i - 1] == QLatin1Char(')'))
+            text[i] = QChar(QChar::Nbsp);
+    }
+    return text;
+}
+
+void DayPainter::paper(const QRegion& region) const {
+    const QRect area = region.boundingRect() & geometry_.paper;
+    const int gutterRight = geometry_.paper.left() + geometry_.gutter;
+    painter_.fillRect(area, look_.theme.surface);
+    const QRect gutter(geometry_.paper.topLeft(),
+                       QSize(geometry_.gutter, geometry_.paper.height()));
+    painter_.fillRect(gutter & area, look_.theme.alt);
+    drawVertical(painter_, gutterRight, area.top(), area.bottom() + 1, look_.theme.line);
+    const minutes last = geometry_.timeAt(area.bottom());
+    for (minutes slot = geometry_.slotAt(area.top()); slot <= last; slot += kSlot) {
+        const int y = geometry_.yOf(slot);
+        const bool hour = slot % hours(1) == minutes(0);
+        if (hour && slot != geometry_.shown.begin)
+            drawHorizontal(painter_, geometry_.paper.left(), geometry_.paper.right() + 1, y,
+                           look_.theme.line);
+        else if (!hour)
+            drawDotted(painter_, gutterRight + 1, geometry_.paper.right() + 1, y, look_.theme.line);
+        if (hour && slot < geometry_.shown.end)
+            hourLabel(slot);
+    }
+}
+
+void DayPainter::hourLabel(minutes hour) const {
+    const auto number = duration_cast<hours>(hour).count();
+    const QString label = QString::number(number % 12 == 0 ? 12 : number % 12) + QLatin1Char(' ') +
+                          (number < 12 ? QStringLiteral("AM") : QStringLiteral("PM"));
+    painter_.setFont(gutterFont(look_.font, look_.small));
+    painter_.setPen(look_.theme.ink2);
+    const QRect room(geometry_.paper.left(), geometry_.yOf(hour) + 3, geometry_.gutter - 8,
+                     painter_.fontMetrics().height());
+    painter_.drawText(room, Qt::AlignRight | Qt::AlignVCenter, label);
+}
+
+// A rounded rectangle with the accent's bar at its left.
+void DayPainter::ground(const QRect& rect, const QColor& fill) const {
+    const QRectF box = onPixels(painter_, rect);
+    fillRounded(painter_, box, kRadius, fill);
+    // The bar ends where the round corner nearly reaches the upper edge.
+    constexpr qreal kFrom = 101.5;
+    constexpr qreal kSweep = 180 - kFrom;
+    const QSizeF circle(2 * kRadius, 2 * kRadius);
+    QPainterPath bar;
+    bar.moveTo(box.left() + kEdge, box.top());
+    bar.arcTo(QRectF(box.topLeft(), circle), kFrom, kSweep);
+    bar.arcTo(QRectF(QPointF(box.left(), box.bottom() - circle.height()), circle), 180, kSweep);
+    bar.lineTo(box.left() + kEdge, box.bottom());
+    bar.closeSubpath();
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.fillPath(bar, look_.theme.accent);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void DayPainter::block(const ShownBlock& block) const {
+    const QRect rect = geometry_.blockRect(block.place);
+    ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
+    if (block.selected)
+        drawRing(painter_, rect, 2, kRadius, look_.theme.accent);
+    const QRect room = rect.adjusted(look_.small ? 9 : 12, 0, look_.small ? -4 : -8, 0);
+    if (room.width() < 4)
+        return;
+    painter_.setPen(look_.text);
+    painter_.setFont(look_.font);
+    if (rect.height() < kOneLineBelow)
+        oneLine(block, room);
+    else
+        lines(block, room);
+}
+
+void DayPainter::oneLine(const ShownBlock& block, const QRect& room) const {
+    QString text = block.text;
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    painter_.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                      painter_.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+}
+
+void DayPainter::lines(const ShownBlock& block, const QRect& room) const {
+    const QFontMetrics metrics = painter_.fontMetrics();
+    const bool times = !look_.small && room.height() >= kTimesFrom && !block.times.isEmpty();
+    const QFont timesFont = sized(look_.font, look_.font.pointSizeF() * 8.6 / 9.75);
+    const int timesHeight = times ? QFontMetrics(timesFont).height() : 0;
+    const int lineHeight = metrics.height() + (look_.small ? 0 : 1);
+    const int most = std::max(1, (room.height() - 4 - timesHeight) / lineHeight);
+    int y = room.top() + (look_.small ? 2 : 3);
+    int count = 0;
+    const QStringList paragraphs = block.text.split(QLatin1Char('\n'));
+    for (qsizetype i = 0; i < paragraphs.size() && count < most; ++i) {
+        QTextLayout layout(paragraphs[i], look_.font);
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (; count < most; ++count) {
+            QTextLine line = layout.createLine();
+            if (!line.isValid())
+                break;
+            line.setLineWidth(room.width());
+            QString text = paragraphs[i].mid(line.textStart(), line.textLength());
+            const bool more = line.textStart() + line.textLength() < paragraphs[i].size();
+            if (count + 1 == most && more)
+                text = metrics.elidedText(paragraphs[i].mid(line.textStart()), Qt::ElideRight,
+                                          room.width());
+            painter_.drawText(QPoint(room.left(), y + metrics.ascent()), text);
+            y += lineHeight;
+        }
+        layout.endLayout();
+    }
+    if (!times)
+        return;
+    painter_.setFont(timesFont);
+    painter_.setPen(look_.theme.ink2);
+    const QFontMetrics timesMetrics(timesFont);
+    painter_.drawText(QPoint(room.left(), y + timesMetrics.ascent()),
+                      timesMetrics.elidedText(block.times, Qt::ElideRight, room.width()));
+}
+
+void DayPainter::bars(const ShownBlock& block) const {
+    if (look_.small)
+        return;
+    const QRect rect = geometry_.blockRect(block.place);
+    const bool strong = block.selected || block.hovered;
+    if (strong)
+        bar(rect, true, true);
+    bar(rect, false, strong);
+}
+
+void DayPainter::bar(const QRect& block, bool atTop, bool strong) const {
+    const int width = std::min(strong ? 32 : 22, block.width() - 8);
+    if (width < 4)
+        return;
+    const int left = block.center().x() - width / 2;
+    if (!strong) {
+        QColor colour = look_.theme.accent;
+        colour.setAlphaF(0.55F);
+        fillRounded(painter_, QRectF(left, block.bottom() - 1, width, 2), 1, colour);
+        return;
+    }
+    const QRectF rect(left, atTop ? block.top() - 3 : block.bottom(), width, 4);
+    fillRounded(painter_, rect.adjusted(-2, -2, 2, 2), 4, look_.theme.surface);
+    fillRounded(painter_, rect, 2, look_.theme.accent);
+}
+
+void DayPainter::range(TimeSpan span, const QString& times) const {
+    block({.place = {.drawn = span, .column = 0, .columns = 1},
+           .text = times,
+           .times = QString(),
+           .selected = true,
+           .hovered = false});
+}
+
+void DayPainter::focusedSlot(minutes slot) const {
+    painter_.setPen(QPen(look_.theme.accent, 1, Qt::DotLine));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(geometry_.slotRect(slot).adjusted(2, 1, -3, -1));
+}
+
+void DayPainter::nowLine(minutes now) const {
+    const int y = geometry_.yOf(now);
+    const int left = geometry_.paper.left() + geometry_.gutter;
+    const int right = geometry_.paper.right() + 1 - geometry_.blockMargin;
+    painter_.fillRect(left, y - 1, right - left, 2, look_.theme.accent);
+    fillRounded(painter_, QRectF(left - 5, y - 5, 10, 10), 5, look_.theme.accent);
+}
+
+QRect DayPainter::gutterTimeRect(const DayGeometry& geometry, minutes time) {
+    const int height = std::max(16, geometry.slotHeight - 6);
+    const int room = geometry.paper.bottom() + 1 - height;
+    const int top = std::clamp(geometry.yOf(time) - height / 2, geometry.paper.top(),
+                               std::max(geometry.paper.top(), room));
+    return {geometry.paper.left(), top, geometry.gutter, height};
+}
+
+void DayPainter::gutterTime(minutes time, const QString& text) const {
+    const QRect rect = gutterTimeRect(geometry_, time);
+    painter_.fillRect(rect, look_.theme.alt);
+    painter_.setFont(sized(look_.font, 9, QFont::DemiBold));
+    painter_.setPen(look_.theme.accent);
+    painter_.drawText(rect.adjusted(0, 0, -3, 0), Qt::AlignRight | Qt::AlignVCenter, text);
+}
+
+}  // namespace velmora

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <chrono>
+#include <optional>
+
+#include "platform/controls/DayGeometry.h"
+#include "platform/qt/Theme.h"
+
+class QPainter;
+class QRegion;
+
+namespace velmora {
+
+// A block as it is shown.
+struct ShownBlock {
+    PlacedBlock place;
+    QString text;   // lines end in LF
+    QString times;  // "9:30 AM - 10:30 AM" with a dash between
+    bool selected = false;
+    bool hovered = false;
+};
+
+// Draws the parts of a day view. Nothing here knows what the parts mean.
+class DayPainter {
+  public:
+    struct Look {
+        const Theme& theme;
+        QFont font;
+        QColor text;
+        bool small = false;  // the read-only copies: no times, no bars
+    };
+
+    DayPainter(QPainter& painter, const DayGeometry& geometry, const Look& look);
+
+    // Gutter, lines and labels of the hours that lie in `region`.
+    void paper(const QRegion& region) const;
+    void block(const ShownBlock& block) const;
+    // The divider bars of a block; they lie over its neighbours, too.
+    void bars(const ShownBlock& block) const;
+    // Slots that are being dragged over.
+    void range(TimeSpan span, const QString& times) const;
+    void focusedSlot(std::chrono::minutes slot) const;
+    void nowLine(std::chrono::minutes now) const;
+    // A time in the gutter, beside the edge that is dragged.
+    void gutterTime(std::chrono::minutes time, const QString& text) const;
+
+    // The area that gutterTime() paints on.
+    [[nodiscard]] static QRect gutterTimeRect(const DayGeometry& geometry,
+                                              std::chrono::minutes time);
+    // How far bars reach beyond their block.
+    static constexpr int kBarOverhang = 6;
+
+    // Text of a block so that no phone number breaks: the hyphen between digits and the blank
+    // behind ")" become ones that do not break.
+    [[nodiscard]] static QString unbreakable(QString text);
+
+    [[nodiscard]] static QFont gutterFont(const QFont& font, bool small);
+
+  private:
+    void hourLabel(std::chrono::minutes hour) const;
+    void ground(const QRect& rect, const QColor& fill) const;
+    void oneLine(const ShownBlock& block, const QRect& room) const;
+    void lines(const ShownBlock& block, const QRect& room) const;
+    void bar(const QRect& block, bool atTop, bool strong) const;
+
+    QPainter& painter_;
+    const DayGeometry& geometry_;
+    const Look& look_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,82 @@
+#include "platform/qt/Icons.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QImage>
+#include <QRegularExpression>
+
+namespace velmora {
+namespace {
+
+// The colours of all points that are not transparent.
+bool paintedOnlyIn(const QImage& image, const QColor& colour) {
+    bool any = false;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor at = image.pixelColor(x, y);
+            if (at.alpha() < 255)
+                continue;
+            any = true;
+            if (at.rgb() != colour.rgb())
+                return false;
+        }
+    return any;
+}
+
+QStringList symbolIds() {
+    QFile file(QStringLiteral(":/icons.svg"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QStringList ids;
+    const QRegularExpression symbol(QStringLiteral("<symbol id=\"([^\"]+)\""));
+    auto matches = symbol.globalMatch(QString::fromUtf8(file.readAll()));
+    while (matches.hasNext())
+        ids << matches.next().captured(1);
+    return ids;
+}
+
+TEST(Icons, DrawsEverySymbolOfTheFile) {
+    const QStringList ids = symbolIds();
+    ASSERT_EQ(58, ids.size());
+    for (const QString& id : ids) {
+        const QIcon icon = symbolIcon(id, Theme::light());
+        ASSERT_FALSE(icon.isNull()) << id.toStdString();
+        EXPECT_TRUE(paintedOnlyIn(icon.pixmap(QSize(24, 24), 2.0).toImage(), Theme::light().ink))
+            << id.toStdString();
+    }
+}
+
+TEST(Icons, TakesTheColourOfItsState) {
+    const Theme& theme = Theme::dark();
+    const QIcon icon =
+        symbolIcon(QStringLiteral("Save"), IconColours{theme.ink, theme.dis, theme.accent});
+    const auto image = [&](QIcon::Mode mode, QIcon::State state) {
+        return icon.pixmap(QSize(20, 20), 2.0, mode, state).toImage();
+    };
+    EXPECT_TRUE(paintedOnlyIn(image(QIcon::Normal, QIcon::Off), theme.ink));
+    EXPECT_TRUE(paintedOnlyIn(image(QIcon::Disabled, QIcon::Off), theme.dis));
+    EXPECT_TRUE(paintedOnlyIn(image(QIcon::Active, QIcon::Off), theme.accent));
+    EXPECT_TRUE(paintedOnlyIn(image(QIcon::Normal, QIcon::On), theme.accent));
+}
+
+TEST(Icons, RendersAtThePixelsOfTheScreen) {
+    const QIcon icon = symbolIcon(QStringLiteral("Save"), Theme::light());
+    for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+        const QPixmap pixmap = icon.pixmap(QSize(20, 20), ratio);
+        EXPECT_EQ(QSize(qRound(20 * ratio), qRound(20 * ratio)), pixmap.size());
+        EXPECT_EQ(ratio, pixmap.devicePixelRatio());
+    }
+    const QPixmap direct =
+        symbolPixmap(QStringLiteral("Image2"), {32, 32}, 1.5, Theme::light().ink2);
+    EXPECT_EQ(QSize(48, 48), direct.size());
+    EXPECT_EQ(1.5, direct.devicePixelRatio());
+}
+
+TEST(Icons, IsNullForAnUnknownSymbol) {
+    EXPECT_TRUE(symbolIcon(QStringLiteral("Nothing"), Theme::light()).isNull());
+    EXPECT_TRUE(symbolPixmap(QStringLiteral("Nothing"), {24, 24}, 1, Qt::black).isNull());
+    EXPECT_FALSE(applicationIcon().isNull());
+}
+
+}  // namespace
+}  // namespace velmora

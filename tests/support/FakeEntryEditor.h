@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "phonebook/EntryEditor.h"
+
+namespace velmora::test {
+
+// Gives prepared values and records what comes back.
+class FakeEntryEditor final : public EntryEditor {
+  public:
+    std::string captionText = "Add Entry";
+    std::string applyText = "&Add Entry";
+    std::string custom1Text = "Custom1:";
+    std::string custom2Text = "Custom2";
+    EntryValues toLoad;
+    std::function<void()> onLoad;   // may throw
+    std::function<void()> onApply;  // may throw
+    Outcome outcome = Outcome::Written;
+
+    std::vector<EntryValues> applied;
+    int closedCount = 0;
+
+    std::string caption() const override { return captionText; }
+    std::string applyCaption() const override { return applyText; }
+    std::string custom1Caption() const override { return custom1Text; }
+    std::string custom2Caption() const override { return custom2Text; }
+
+    EntryValues load() override {
+        if (onLoad)
+            onLoad();
+        return toLoad;
+    }
+
+    Outcome apply(const EntryValues& values) override {
+        applied.push_back(values);
+        if (onApply)
+            onApply();
+        return outcome;
+    }
+
+    void closed() override { ++closedCount; }
+};
+
+}  // namespace velmora::test

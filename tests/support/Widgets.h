@@ -1,0 +1,57 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QWidget>
+
+namespace velmora::test {
+
+// The widget of this object name below `parent`; the test fails when there is none.
+template <typename Widget>
+Widget& named(const QWidget& parent, const char* objectName) {
+    auto* found = parent.findChild<Widget*>(QLatin1String(objectName));
+    if (!found)
+        throw std::runtime_error(std::string("no widget named ") + objectName);
+    return *found;
+}
+
+inline void showActive(QWidget& widget) {
+    widget.show();
+    widget.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+}
+
+// Brings a drag of `data` over the middle of `target`; gives whether it may be dropped there.
+inline bool dragOver(QWidget& target, const QMimeData& data) {
+    QDragEnterEvent enter(target.rect().center(), Qt::CopyAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(&target, &enter);
+    return enter.isAccepted();
+}
+
+inline void dragOut(QWidget& target) {
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&target, &leave);
+}
+
+// Drops `data` on the middle of `target`; gives whether it was taken.
+inline bool dropOn(QWidget& target, const QMimeData& data) {
+    QDropEvent drop(target.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.ignore();
+    QCoreApplication::sendEvent(&target, &drop);
+    return drop.isAccepted();
+}
+
+// The colour of one point of the widget as it is painted.
+inline QColor pixelOf(QWidget& widget, QPoint point) {
+    const QImage image = widget.grab().toImage();
+    return image.pixelColor(point * image.devicePixelRatio());
+}
+
+}  // namespace velmora::test
