@@ -29,7 +29,7 @@ def places_of_controls(binary):
     try:
         places = [middle(program.find(id="Picture1_1"))]
         program.show_pane("Phonebook")
-        places += [middle(program.find(id=id)) for id in (f"Command23_{FULLEST_LETTER}", "White")]
+        places += [middle(program.find(id=id)) for id in (f"Command23_{FULLEST_LETTER}", "PhonebookToolbar_White")]
         program.close()
         return places
     finally:

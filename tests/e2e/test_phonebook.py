@@ -193,7 +193,7 @@ class Changing(PhonebookTest):
 class Deleting(PhonebookTest):
     def delete(self, line):
         self.program.select_line(line)
-        click(self.program.find(id="Delete"))
+        click(self.program.find(id="VLMToolbar_Delete"))
 
     def test_an_entry_is_deleted_after_a_question(self):
         program = self.start_at("B", BARLOW + BAXTER + BUCKLEY)
@@ -272,12 +272,12 @@ class Looking(PhonebookTest):
         program = self.start_at("B", BARLOW, BUCKLEY + record(Last="Adair", First="Lucian"))
         program.wait_lines(["Barlow, Edith"])
         program.select_line("Barlow, Edith")
-        program.click_id("White")
+        program.click_id("PhonebookToolbar_White")
         program.wait_lines(["Buckley, Noor"])
         self.assertEqual("", program.card())
         self.assertTrue(program.shows("Label19"))
         self.assertFalse(program.shows("Label18"))
-        program.click_id("Yellow")
+        program.click_id("PhonebookToolbar_Yellow")
         program.wait_lines(["Barlow, Edith"])
         self.assertTrue(program.shows("Label18"))
 

@@ -81,6 +81,9 @@ def clipboard(text):
         owner.wait()
 
 
+# Roles whose children are left out of a search by object name.
+MANY_CHILDREN = ("list", "menu bar", "table", "tree")
+
 # What can be asked of an element.
 
 def identifier(element):
@@ -122,10 +125,16 @@ def children(element):
             yield child
 
 
-def walk(element):
+def walk(element, closed_roles=()):
+    """The element and all below it, without what is below an element of a closed role."""
     yield element
-    for child in children(element):
-        yield from walk(child)
+    count = element.get_child_count()
+    if count and closed_roles and element.get_role_name() in closed_roles:
+        return
+    for index in range(count):
+        child = element.get_child_at_index(index)
+        if child:
+            yield from walk(child, closed_roles)
 
 
 def box_of(element):
@@ -166,6 +175,7 @@ class Velmora:
             [binary], cwd=pathlib.Path(binary).parent, stdin=subprocess.DEVNULL,
             env={**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "VELMORA_TEST_IDS": "1",
                  **(environment or {})})
+        self.known = {}  # elements of the main window that were found by their object names
         try:
             self.root = wait_until(self._application, "the program on the accessibility bus")
             self.main = wait_until(self._main_window, "the main window")
@@ -211,29 +221,53 @@ class Velmora:
                     and (name is None or element.get_name() == name)
                     and (role is None or element.get_role_name() == role)
                     and (not showing or is_showing(element)))
-        return [element for element in walk(within or self.root) if fits(element)]
+        # Lines and menu items have no object names, and there are many of them.
+        closed = MANY_CHILDREN if id is not None else ()
+        return [element for element in walk(within or self.root, closed) if fits(element)]
 
     def find(self, id=None, name=None, role=None, within=None, showing=True):
         """The first element that fits; waited for."""
+        if id is not None and within is None and role is None and name is None:
+            return wait_until(lambda: self._find_in_main_window(id, showing), f"the element {id}")
         return wait_until(
             lambda: next(iter(self.find_all(id, name, role, within, showing)), None),
             f"an element id={id} name={name} role={role}")
 
-    def shows(self, id, within=None):
-        return bool(self.find_all(id=id, within=within))
+    def _find_in_main_window(self, id, showing):
+        """As find_all(), but an element that was found before is looked at first."""
+        if id in self.known:
+            element = self.known.pop(id)
+            with contextlib.suppress(GLib.Error):
+                if identifier(element) == id and (not showing or is_showing(element)):
+                    self.known[id] = element
+                    return element
+        found = self.find_all(id=id, within=self.main, showing=showing)
+        if not found:
+            return None
+        self.known[id] = found[0]
+        return found[0]
+
+    def shows(self, id):
+        """True when the main window has this element in view now."""
+        return self._find_in_main_window(id, showing=True) is not None
 
     def text(self, id, within=None):
         return text_of(self.find(id=id, within=within, showing=False))
 
+    def dialogs(self, title):
+        """The windows and boxes of this title, without the main window."""
+        return [window for window in self.windows()
+                if identifier(window) != identifier(self.main) and window.get_name() == title]
+
     def dialog(self, title):
         """The window or box of this title; waited for, until it is the active one."""
         def active():
-            return next((window for window in self.windows() if window.get_name() == title
-                         and has_state(window, Atspi.StateType.ACTIVE)), None)
+            return next((window for window in self.dialogs(title)
+                         if has_state(window, Atspi.StateType.ACTIVE)), None)
         return wait_until(active, f"the window {title!r}")
 
     def is_open(self, title):
-        return any(window.get_name() == title for window in self.windows())
+        return bool(self.dialogs(title))
 
     def wait_closed(self, title):
         wait_until(lambda: not self.is_open(title), f"the window {title!r} to close")

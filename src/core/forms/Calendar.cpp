@@ -21,6 +21,7 @@
 #include "core/forms/DialerPage.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
+#include "core/forms/MenuFirst.h"
 #include "core/forms/PhonebookPage.h"
 #include "core/forms/PlannerPage.h"
 #include "core/forms/Rail.h"
@@ -107,6 +108,7 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
 
     nameControls();
     setTabStops();
+    (new MenuFirst(menuBar()))->watchButtons(*this);
     setMinimumSize(kSmallestSize);
     resize(kDefaultSize);
 }
