@@ -19,19 +19,6 @@
 #include "platform/controls/SSYear.h"
 
 namespace velmora {
-namespace {
-
-std::chrono::year_month_day dateOf(Moment moment) {
-    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
-}
-
-std::chrono::minutes timeOf(Moment moment) {
-    const auto sinceMidnight = moment - std::chrono::floor<std::chrono::days>(moment);
-    return std::chrono::floor<std::chrono::minutes>(sinceMidnight);
-}
-
-}  // namespace
-
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
                                          Schedule& schedule,
                                          std::function<void(const std::string&)> endProgram)
@@ -198,7 +185,9 @@ void PlannerRoom::tick() {
 void PlannerRoom::showNow() {
     const Moment now = world_.clock.now();
     const bool todayShown = calendar_.leftColumn().month()->date() == dateOf(now);
-    calendar_.day().setNow(todayShown ? std::optional(timeOf(now)) : std::nullopt);
+    calendar_.day().setNow(
+        todayShown ? std::optional(std::chrono::floor<std::chrono::minutes>(timeOfDay(now)))
+                   : std::nullopt);
 }
 
 }  // namespace velmora

@@ -17,14 +17,6 @@
 #include "platform/controls/SSDay.h"
 
 namespace velmora {
-namespace {
-
-std::chrono::year_month_day dateOf(Moment moment) {
-    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
-}
-
-}  // namespace
-
 Program::Program()
     : calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage)}),
