@@ -98,7 +98,7 @@ TEST(QtLocaleFormats, ALocaleBringsItsNamesItsPatternAndItsWeek) {
     using namespace std::chrono;
     const Moment moment{local_days(year(2001) / 3 / 9)};
     EXPECT_EQ(formatMoment(moment, NamedFormat::LongDate, formats), "Freitag, 9. M\xE4rz 2001");
-    EXPECT_EQ(formatMoment(moment, NamedFormat::MediumDate, formats), "09-M\xE4rz-01");
+    EXPECT_EQ(formatMoment(moment, NamedFormat::MediumDate, formats), "09-M\xE4r-01");
 }
 
 TEST(QtLocaleFormats, AmericansReadTheLongDateWithTwoDigits) {
