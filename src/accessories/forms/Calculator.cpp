@@ -120,12 +120,14 @@ QLayout* Calculator::arrangeKeys() {
 }
 
 void Calculator::present() {
-    if (!isVisible()) {
+    const bool opening = !isVisible();
+    if (opening) {
         machine_.Load();
         Readout->setText(QString::fromStdString(machine_.Readout()));
-        Readout->setFocus(Qt::OtherFocusReason);
     }
     showNormal();
+    if (opening)
+        Readout->focusQuietly();
     raise();
     activateWindow();
 }

@@ -27,6 +27,12 @@ NumberDisplay::NumberDisplay(QWidget* parent) : QLabel(parent) {
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
+void NumberDisplay::focusQuietly() {
+    setFocus(Qt::OtherFocusReason);
+    focus_ = {};
+    update();
+}
+
 QFont NumberDisplay::fontFor(int width) const {
     QFont result = font();
     result.setWeight(QFont::Medium);

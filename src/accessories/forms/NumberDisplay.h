@@ -14,6 +14,9 @@ class NumberDisplay final : public QLabel {
   public:
     explicit NumberDisplay(QWidget* parent);
 
+    // Takes the focus without showing it, as when it comes by the pointer.
+    void focusQuietly();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

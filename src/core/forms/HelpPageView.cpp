@@ -9,6 +9,11 @@ namespace {
 
 constexpr const char* kFolder = "/help/";
 
+// A name in a page counts from the folder that holds them all.
+QUrl whole(const QUrl& name) {
+    return QUrl(QStringLiteral("qrc:/help/")).resolved(name);
+}
+
 bool isOurs(const QUrl& name) {
     return name.scheme() == QLatin1String("qrc") && name.path().startsWith(QLatin1String(kFolder));
 }
@@ -35,23 +40,22 @@ HelpPageView::HelpPageView(QWidget* parent) : QTextBrowser(parent) {
     setOpenExternalLinks(false);
     document()->setDocumentMargin(16);
     document()->setDefaultStyleSheet(pageStyle(Theme::of(*this)));
+    // The signal comes before source() has the new name.
+    connect(this, &QTextBrowser::sourceChanged, this,
+            [this](const QUrl& name) { topic_ = name.fileName().section(QLatin1Char('.'), 0, 0); });
 }
 
 void HelpPageView::open(const QString& topic) {
     setSource(QUrl(QStringLiteral("qrc:/help/%1.html").arg(topic)));
 }
 
-QString HelpPageView::topic() const {
-    return source().fileName().section(QLatin1Char('.'), 0, 0);
-}
-
 QVariant HelpPageView::loadResource(int type, const QUrl& name) {
-    const QUrl whole = source().resolved(name);
-    return isOurs(whole) ? QTextBrowser::loadResource(type, whole) : QVariant();
+    const QUrl url = whole(name);
+    return isOurs(url) ? QTextBrowser::loadResource(type, url) : QVariant();
 }
 
 void HelpPageView::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
-    if (isOurs(source().resolved(name)))
+    if (isOurs(whole(name)))
         QTextBrowser::doSetSource(name, type);
 }
 

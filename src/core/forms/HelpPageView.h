@@ -16,11 +16,14 @@ class HelpPageView final : public QTextBrowser {
     void open(const QString& topic);
 
     // The topic of the page on show; empty before the first.
-    [[nodiscard]] QString topic() const;
+    [[nodiscard]] const QString& topic() const { return topic_; }
 
   protected:
     QVariant loadResource(int type, const QUrl& name) override;
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
+
+  private:
+    QString topic_;
 };
 
 }  // namespace velmora
