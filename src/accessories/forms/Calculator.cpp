@@ -120,14 +120,12 @@ QLayout* Calculator::arrangeKeys() {
 }
 
 void Calculator::present() {
-    const bool opening = !isVisible();
-    if (opening) {
+    if (!isVisible()) {
         machine_.Load();
         Readout->setText(QString::fromStdString(machine_.Readout()));
+        Readout->setFocus();
     }
     showNormal();
-    if (opening)
-        Readout->focusQuietly();
     raise();
     activateWindow();
 }

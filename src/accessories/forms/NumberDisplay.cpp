@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "platform/controls/FocusRing.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -25,12 +26,6 @@ NumberDisplay::NumberDisplay(QWidget* parent) : QLabel(parent) {
     setFixedHeight(kHeight);
     // A long number never widens the window.
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-}
-
-void NumberDisplay::focusQuietly() {
-    setFocus(Qt::OtherFocusReason);
-    focus_ = {};
-    update();
 }
 
 QFont NumberDisplay::fontFor(int width) const {
@@ -55,19 +50,8 @@ void NumberDisplay::paintEvent(QPaintEvent*) {
     painter.setPen(theme.ink);
     painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter,
                      QFontMetrics(fitting).elidedText(text(), Qt::ElideLeft, inside.width()));
-    if (focus_.shown(hasFocus()))
+    if (hasFocus())
         drawFocusRing(painter, rect(), kRadius, theme.accent);
-}
-
-void NumberDisplay::focusInEvent(QFocusEvent* event) {
-    focus_.focusIn(*event);
-    QLabel::focusInEvent(event);
-    update();
-}
-
-void NumberDisplay::focusOutEvent(QFocusEvent* event) {
-    QLabel::focusOutEvent(event);
-    update();
 }
 
 void NumberDisplay::keyPressEvent(QKeyEvent* event) {
