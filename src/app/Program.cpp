@@ -39,6 +39,7 @@ Program::Program()
       docPad_(world_, state_, calendar_, entries_),
       planner_(world_, state_, calendar_, panes_, store_,
                [this](const std::string& text) { endAfter(text); }),
+      accessories_(world_, calendar_),
       startUp_(state_, calendar_, world_.settings, clockLine_, tray_, world_.clock, world_.locale,
                {.watchMenus = [this] { connectStatusHelp(); },
                 .showLetterA = [this] { letters_.LetterClick(0); },
@@ -80,6 +81,10 @@ void Program::bindCommands() {
     commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
+
+    docPad_.bindCommands(commands_);
+    planner_.bindCommands(commands_);
+    accessories_.bindCommands(commands_);
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
     calendar_.menus().setItemsEnabled(bound);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/AccessoriesRoom.h"
 #include "app/CalendarPhonebookPane.h"
 #include "app/DocPadRoom.h"
 #include "app/EntryForms.h"
@@ -69,6 +70,7 @@ class Program {
 
     DocPadRoom docPad_;
     PlannerRoom planner_;
+    AccessoriesRoom accessories_;
 
     StartUp startUp_;
     CloseDown closeDown_;
