@@ -86,6 +86,8 @@ void Program::bindCommands() {
     commands_.bind("Planner", [this] { panes_.show(Pane::Planner); });
     commands_.bind("Phonebook", [this] { panes_.show(Pane::Phonebook); });
     commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
+    docPad_.bindCommands(commands_);
+    planner_.bindCommands(commands_);
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
     calendar_.menus().setItemsEnabled(bound);

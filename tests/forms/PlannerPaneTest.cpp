@@ -58,7 +58,8 @@ class PlannerPaneTest : public testing::Test {
         yearButton.setGeometry(0, 300, 100, 30);
         day.setGeometry(270, 0, 500, 1250);  // high enough for the whole day
         window.resize(800, 1250);
-        sheet->resize(720, 540);
+        pane.resize(724, 548);
+        pane.layout()->activate();
         layDownDatabase(path);
         store.OpenDatabase(path);
         connectPlanner({.day = day,
