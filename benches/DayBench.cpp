@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
 #include "platform/CodePage.h"
@@ -37,13 +38,13 @@ int measure() {
     day.resize(480, 1250);  // all of the day in view
     fill(day);
     day.show();
-    while (!day.isVisible())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    PaintCounter counter(day);
+    counter.awaitFirst();
     const auto [again, first] = medianTimes(
-        kRepetitions, [&] { day.repaint(); },
+        kRepetitions, [&] { counter.repaint(); },
         [&] {
             day.setTextColor(day.textColor());  // forgets what has been drawn
-            day.repaint();
+            counter.repaint();
         });
     Report report;
     const double scale = day.devicePixelRatioF();

@@ -13,6 +13,7 @@
 #include "app/PlannerAdapters.h"
 #include "benches/AppointmentGenerator.h"
 #include "benches/BarePlanner.h"
+#include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
 #include "core/SettingsStore.h"
@@ -36,6 +37,10 @@ constexpr std::size_t kRows = 100'000;
 constexpr int kRepetitions = 15;
 constexpr std::size_t kDaysOfTurn = 200;
 constexpr year_month_day kToday = year(2026) / 3 / 12;
+
+// How the two calendars mark a day with appointments.
+const StyleSet kRedNumber{.foreColor = Rgb{255, 0, 0}, .backColor = {}};
+const StyleSet kRedCell{.foreColor = {}, .backColor = Rgb{255, 0, 0}};
 
 void expect(bool condition, const char* what) {
     if (!condition)
@@ -132,22 +137,23 @@ void measureColouring(const std::string& path, Report& report) {
 }
 
 template <typename Control>
-void measurePainting(const char* name, const std::vector<DayStyle>& styles, QSize size,
-                     Report& report) {
+void measurePainting(const char* name, const std::vector<DayStyle>& styles, const StyleSet& look,
+                     QSize size, Report& report) {
     const LocaleFormats formats;
     Control full(formats, CodePage::western(), kToday);
     Control empty(formats, CodePage::western(), kToday);
     for (Control* control : {&full, &empty}) {
         control->resize(size);
-        control->setStyleSet("Event", {.foreColor = Rgb{255, 0, 0}, .backColor = {}});
+        control->setStyleSet("Event", look);
         control->show();
     }
     for (const DayStyle& each : styles)
         full.setDayStyle(writeDate(each.day), each.style);
-    while (!full.isVisible() || !empty.isVisible())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    PaintCounter fullCounter(full), emptyCounter(empty);
+    fullCounter.awaitFirst();
+    emptyCounter.awaitFirst();
     const auto [paint, paintEmpty] = medianTimes(
-        kRepetitions, [&] { full.repaint(); }, [&] { empty.repaint(); });
+        kRepetitions, [&] { fullCounter.repaint(); }, [&] { emptyCounter.repaint(); });
     const std::string figure = std::string(name) + "-painted";
     report.figure(figure + "-100000", paint.count(), "ms");
     report.figure(figure + "-empty", paintEmpty.count(), "ms");
@@ -163,7 +169,7 @@ void measureStyling(const std::vector<DayStyle>& styles, Report& report) {
     YearAdapter yearAdapter(year);
     for (DateControl* control :
          {static_cast<DateControl*>(&monthAdapter), static_cast<DateControl*>(&yearAdapter)})
-        control->SetStyleSet("Event", {.foreColor = Rgb{255, 0, 0}, .backColor = {}});
+        control->SetStyleSet("Event", kRedNumber);
     std::vector<Milliseconds> times;
     for (int i = 0; i < kRepetitions; ++i)
         times.push_back(timeOf([&] {
@@ -185,8 +191,8 @@ int measure(const std::string& folder) {
     store.OpenDatabase(path);
     const std::vector<DayStyle> styles = store.DayStyles();
     measureStyling(styles, report);
-    measurePainting<SSMonth>("month", styles, {248, 260}, report);
-    measurePainting<SSYear>("year", styles, {722, 546}, report);
+    measurePainting<SSMonth>("month", styles, kRedNumber, {248, 260}, report);
+    measurePainting<SSYear>("year", styles, kRedCell, {722, 546}, report);
     return report.exitCode();
 }
 
