@@ -138,7 +138,7 @@ void measureColouring(const std::string& path, Report& report) {
 
 template <typename Control>
 void measurePainting(const char* name, const std::vector<DayStyle>& styles, const StyleSet& look,
-                     QSize size, Report& report) {
+                     QSize size, double limit, Report& report) {
     const LocaleFormats formats;
     Control full(formats, CodePage::western(), kToday);
     Control empty(formats, CodePage::western(), kToday);
@@ -157,7 +157,7 @@ void measurePainting(const char* name, const std::vector<DayStyle>& styles, cons
     const std::string figure = std::string(name) + "-painted";
     report.figure(figure + "-100000", paint.count(), "ms");
     report.figure(figure + "-empty", paintEmpty.count(), "ms");
-    report.figure(figure + "-100000-to-empty", paint / paintEmpty, "times", 1.2);
+    report.figure(figure + "-100000-to-empty", paint / paintEmpty, "times", limit);
 }
 
 // What one edit costs beyond the database: the styles of all days go to the real calendars.
@@ -191,8 +191,9 @@ int measure(const std::string& folder) {
     store.OpenDatabase(path);
     const std::vector<DayStyle> styles = store.DayStyles();
     measureStyling(styles, report);
-    measurePainting<SSMonth>("month", styles, kRedNumber, {248, 260}, report);
-    measurePainting<SSYear>("year", styles, kRedCell, {722, 546}, report);
+    measurePainting<SSMonth>("month", styles, kRedNumber, {248, 260}, 1.2, report);
+    // All 365 days of the year are red cells then, which an empty year leaves out.
+    measurePainting<SSYear>("year", styles, kRedCell, {722, 546}, 1.5, report);
     return report.exitCode();
 }
 

@@ -53,7 +53,7 @@ def spoken(date):
     return f"{date.day} {months[date.month - 1]} {date.year}"
 
 
-def another_day(of_month=None):
+def another_day():
     """A day of the present month that is neither today nor near the ends of the month."""
     today = datetime.date.today()
     return today.replace(day=15 if today.day != 15 else 16)
