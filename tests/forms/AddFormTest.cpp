@@ -16,7 +16,7 @@
 #include "support/FakeEntryEditor.h"
 #include "support/FakeMessages.h"
 #include "support/FakeStatusLine.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

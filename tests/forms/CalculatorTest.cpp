@@ -8,7 +8,7 @@
 #include <QPushButton>
 
 #include "support/FakeMessages.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

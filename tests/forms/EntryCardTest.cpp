@@ -9,7 +9,7 @@
 
 #include "platform/controls/CardText.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

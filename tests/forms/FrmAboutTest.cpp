@@ -6,7 +6,7 @@
 
 #include "core/ProductVersion.h"
 #include "core/forms/frmAbout.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -12,7 +12,7 @@
 #include "core/HelpTopics.h"
 #include "core/forms/HelpPageView.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

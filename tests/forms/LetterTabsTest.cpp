@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

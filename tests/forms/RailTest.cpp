@@ -8,7 +8,7 @@
 #include "platform/controls/PaneButton.h"
 #include "platform/controls/TrashCan.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {
