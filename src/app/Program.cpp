@@ -86,11 +86,8 @@ void Program::bindCommands() {
     commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
-<<<<<<< HEAD
     accessories_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
-=======
->>>>>>> planner2
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
     calendar_.menus().setItemsEnabled(bound);

@@ -7,8 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "support/FakeMessages.h"
 #include "forms/Widgets.h"
+#include "support/FakeMessages.h"
 
 namespace velmora {
 namespace {

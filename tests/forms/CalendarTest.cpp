@@ -138,7 +138,7 @@ TEST_F(CalendarTest, DocPadIsNarrowInItsColumnAndWideWhenItFillsTheWindow) {
 
 TEST_F(CalendarTest, OnAWideScreenTheSurplusGoesToThePane) {
     calendar.resize(1920, 1080);
-    QTest::qWait(0);
+    QCoreApplication::processEvents();
     EXPECT_LT(calendar.docPadBox().width, 8000);
     EXPECT_EQ(calendar.docPad().width(), 520);
 }
@@ -147,7 +147,7 @@ TEST_F(CalendarTest, NothingIsClippedAtTheSmallestSize) {
     calendar.resize(calendar.minimumSize());
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer}) {
         calendar.raisePaneButton(pane);
-        QTest::qWait(0);
+        QCoreApplication::processEvents();
         for (const auto* button : calendar.findChildren<QAbstractButton*>())
             if (button->isVisible()) {
                 const int text = button->fontMetrics().horizontalAdvance(button->text());

@@ -11,8 +11,8 @@
 
 #include "core/HelpTopics.h"
 #include "core/forms/HelpPageView.h"
-#include "platform/qt/Theme.h"
 #include "forms/Widgets.h"
+#include "platform/qt/Theme.h"
 
 namespace velmora {
 namespace {

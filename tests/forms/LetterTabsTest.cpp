@@ -4,8 +4,8 @@
 
 #include <QSignalSpy>
 
-#include "platform/qt/Theme.h"
 #include "forms/Widgets.h"
+#include "platform/qt/Theme.h"
 
 namespace velmora {
 namespace {

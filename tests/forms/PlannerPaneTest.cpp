@@ -11,6 +11,7 @@
 
 #include "app/PlannerAdapters.h"
 #include "app/PlannerWiring.h"
+#include "forms/Widgets.h"
 #include "planner/forms/YearPane.h"
 #include "platform/controls/CalendarAccessibility.h"
 #include "platform/controls/DragFormats.h"
@@ -19,7 +20,6 @@
 #include "platform/controls/SSYear.h"
 #include "support/FakeStatusLine.h"
 #include "support/PlannerFixture.h"
-#include "forms/Widgets.h"
 
 namespace velmora::test {
 namespace {

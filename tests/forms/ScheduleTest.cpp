@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "forms/Widgets.h"
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
-#include "forms/Widgets.h"
 
 namespace velmora::test {
 namespace {

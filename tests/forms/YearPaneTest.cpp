@@ -5,8 +5,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "platform/controls/SSYear.h"
 #include "forms/Widgets.h"
+#include "platform/controls/SSYear.h"
 
 namespace velmora::test {
 namespace {
