@@ -206,7 +206,8 @@ class Velmora:
     def _close_what_opened_by_itself(self):
         """The events of the day may be shown at the start, above the main window."""
         for window in self.windows():
-            if window.get_name() == self.main.get_name() or window.get_name() == "":
+            asks = window.get_role_name() == "alert"
+            if asks or window.get_name() in (self.main.get_name(), ""):
                 continue
             name = window.get_name()
             click(self.find(role="push button", name="Close", within=window))
