@@ -287,7 +287,7 @@ class Velmora:
         return found[0]
 
     def activate(self):
-        xdo("windowactivate", "--sync", self.main_window_id())
+        xdo("windowactivate", self.main_window_id())
         wait_until(lambda: has_state(self.main, Atspi.StateType.ACTIVE) or self.asks(),
                    "the window to be active")
 
