@@ -13,13 +13,6 @@
 #include "platform/controls/TrashCan.h"
 
 namespace velmora {
-namespace {
-
-constexpr const char* kReplacedText =
-    "A character that Velmora can not store was replaced by \"?\".";
-
-}  // namespace
-
 void CalendarDocPadView::setTitle(const std::string& text) {
     calendar_.setDocPadCaption(text);
     calendar_.docPad().title()->repaint();
@@ -62,7 +55,7 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
 void DocPadRoom::connect() {
     PadEdit* edit = &calendar_.text();
     QObject::connect(edit, &PadEdit::textChanged, &recoveryTimer_, &RecoveryTimer::changed);
-    const auto tellReplaced = [this] { calendar_.status().show(kReplacedText); };
+    const auto tellReplaced = [this] { calendar_.status().show(kCharacterReplaced); };
     QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
     QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
     new DocumentDrag(*calendar_.docPad().titleIcon());

@@ -66,6 +66,8 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
                    world.messages, world.loop, world.clock, world.locale}) {
     connectControls();
     makeSchedulingMenu();
+    QObject::connect(&calendar.day(), &SSDay::characterReplaced, &calendar,
+                     [this] { calendar_.status().show(kCharacterReplaced); });
 }
 
 void PlannerRoom::connectControls() {

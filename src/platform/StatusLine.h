@@ -4,6 +4,10 @@
 
 namespace velmora {
 
+// What the line says when a typed or pasted character has no place in the code page.
+inline constexpr const char* kCharacterReplaced =
+    "A character that Velmora can not store was replaced by \"?\".";
+
 // Panel 2 of the status bar. A text stays until the next one.
 class StatusLine {
   public:
