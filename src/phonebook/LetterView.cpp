@@ -62,6 +62,14 @@ void LetterView::reload() {
     LoadLetter();
 }
 
+void LetterView::refresh() {
+    const std::string line = pane_.selectedLine();
+    pane_.clearList();
+    LoadLetter();
+    if (!line.empty() && !pane_.selectLine(line))
+        pane_.showDetails("");
+}
+
 void LetterView::runPendingMoves() {
     if (const std::int16_t kind = std::exchange(state_.PendingBook, std::int16_t(0));
         kind == kWhitePages || kind == kYellowPages)
