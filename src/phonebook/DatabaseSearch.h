@@ -40,10 +40,11 @@ struct DatabaseSearchParts {
     std::function<void()> flipCheck1;
 };
 
-// Looks through the books for a text while the program stays alive: the event loop runs after each
-// record. Whatever happens there is borne: the form closes, which ends the search; the same form
-// asks for another search, which takes this one's place; the program ends. The search reads both
-// books by their names and leaves the book and the letter in use alone.
+// Looks through the books for a text while the program stays alive: the event loop runs after the
+// first record of a book, then after every few, and at its end. Whatever happens there is borne:
+// the form closes, which ends the search; the same form asks for another search, which takes this
+// one's place; the program ends. The search reads both books by their names and leaves the book and
+// the letter in use alone.
 class DatabaseSearch {
   public:
     DatabaseSearch(const DatabaseSearchParts& parts, SearchView& view)

@@ -44,15 +44,18 @@ void HitWriter::addLines(char bookLetter, RecordView record, FieldSet found,
     if (!entry)
         return;
     const bool company = record.isEmpty(Field::Last);
+    const std::string beginning = lineWithBook(bookLetter, *entry) + "\tMatch: ";
     for (const SearchField& field : kSearchFields) {
         if (!found.has(field.field))
             continue;
-        std::string line = lineWithBook(bookLetter, *entry);
-        line += "\tMatch: ";
-        line += matchText(field, company);
+        const std::string_view match = matchText(field, company);
+        const std::string_view value = withoutNuls(record.raw(field.field));
+        std::string& line = lines.emplace_back();
+        line.reserve(beginning.size() + match.size() + 1 + value.size());
+        line += beginning;
+        line += match;
         line += '=';
-        line += withoutNuls(record.raw(field.field));
-        lines.push_back(std::move(line));
+        line += value;
     }
 }
 

@@ -396,6 +396,7 @@ TEST_F(Form4Test, DrawsTheMatchesBehindTheTabStop) {
     EXPECT_TRUE(inkBetween(line.left(), line.left() + 60));
     EXPECT_FALSE(inkBetween(line.left() + 60, line.left() + 225));
     EXPECT_TRUE(inkBetween(line.left() + 225, line.left() + 290));
+    EXPECT_FALSE(inkBetween(line.right() - 100, line.right()));
 }
 
 }  // namespace

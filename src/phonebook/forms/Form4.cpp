@@ -138,11 +138,11 @@ QWidget* Form4::fieldCard() {
     head->addWidget(Check11);
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(kRowGap);
-    grid->setVerticalSpacing(4);
+    grid->setVerticalSpacing(0);
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const int place = static_cast<int>(i);
         QCheckBox* box = this->*kFieldBoxes[i].box;
-        box->setMinimumHeight(20);
+        box->setMinimumHeight(24);
         grid->addWidget(box, place % kFieldRows, place / kFieldRows);
         grid->setColumnStretch(place / kFieldRows, 1);
     }

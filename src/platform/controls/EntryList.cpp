@@ -70,7 +70,14 @@ class LinePainter final : public QStyledItemDelegate {
             place.setLeft(place.left() + std::max(tabStop_, end));
             text.remove(0, tab + 1);
         }
-        drawElided(painter, place, metrics, text);
+        drawElided(painter, place, metrics, withoutPadding(text));
+    }
+
+    // Blanks at the end never make "..." of a text that is in view.
+    static QString withoutPadding(QString text) {
+        while (text.endsWith(QLatin1Char(' ')))
+            text.chop(1);
+        return text;
     }
 
     static void drawElided(QPainter& painter, const QRect& place, const QFontMetrics& metrics,
