@@ -10,7 +10,8 @@ namespace velmora {
 
 SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
                        const PhonebookStore& store, LetterView& letters,
-                       std::function<void()> flipCheck1)
+                       std::function<void()> flipCheck1,
+                       std::function<void(const std::string& topic)> openHelp)
     : pane_(calendar),
       searchForm_({state, world.settings, store, letters, world.messages, calendar.status(),
                    world.loop, std::move(flipCheck1)},
@@ -18,16 +19,13 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
       associatesForm_(store, pane_, calendar.status(), world.messages, &calendar) {
     QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked,
                      &associatesForm_, [this] { associatesForm_.findOthers(); });
+    QObject::connect(
+        &searchForm_, &Form4::helpWanted, &searchForm_,
+        [openHelp = std::move(openHelp)](const QString& topic) { openHelp(topic.toStdString()); });
 }
 
 void SearchRoom::bindCommands(CommandSet& commands) {
     commands.bind("searchi", [this] { searchForm_.present(); });
-}
-
-void SearchRoom::onHelpWanted(std::function<void(const std::string& topic)> open) {
-    QObject::connect(&searchForm_, &Form4::helpWanted, &searchForm_,
-                     [open = std::move(open)](const QString& topic) { open(topic.toStdString()); });
-    searchForm_.enableHelp();
 }
 
 }  // namespace velmora

@@ -19,14 +19,13 @@ namespace velmora {
 // window.
 class SearchRoom {
   public:
-    // All must outlive the room. `flipCheck1` flips the main window's hidden check box.
+    // All must outlive the room. `flipCheck1` flips the main window's hidden check box; `openHelp`
+    // shows the help page of a topic.
     SearchRoom(World& world, SharedState& state, Calendar& calendar, const PhonebookStore& store,
-               LetterView& letters, std::function<void()> flipCheck1);
+               LetterView& letters, std::function<void()> flipCheck1,
+               std::function<void(const std::string& topic)> openHelp);
 
     void bindCommands(CommandSet& commands);
-
-    // Enables the help button of the search form; `open` shows the page of a topic.
-    void onHelpWanted(std::function<void(const std::string& topic)> open);
 
   private:
     CalendarPhonebookPane pane_;

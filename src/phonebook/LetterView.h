@@ -34,10 +34,6 @@ class LetterView {
     // Loads the letter again and keeps selection and details, as far as the entry is still there.
     void refresh();
 
-    // What a closed dialog asked for with PendingBook and PendingLetter, in this order; to be
-    // called when the hidden check box flips, either way. Letter 0 can not be asked for.
-    void runPendingMoves();
-
   private:
     SharedState& state_;
     const PhonebookStore& store_;

@@ -277,7 +277,7 @@ class Velmora:
     def main_window_id(self):
         """The main window's number on the display."""
         found = wait_until(
-            lambda: xdo("search", "--onlyvisible", "--pid", self.process.pid,
+            lambda: xdo("search", "--all", "--onlyvisible", "--pid", self.process.pid,
                         "--name", f"^{self.main.get_name()}$").split(),
             "the main window on the display")
         return found[0]

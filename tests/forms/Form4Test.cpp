@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "core/PendingWish.h"
+#include "forms/Widgets.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/StatusLight.h"
 #include "support/FakeEventLoop.h"
@@ -18,7 +20,6 @@
 #include "support/FakePhonebookPane.h"
 #include "support/FakeStatusLine.h"
 #include "support/PhonebookFixture.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {
@@ -92,12 +93,15 @@ class Form4Test : public ::testing::Test, protected test::PhonebookFixture {
 
     test::FakePhonebookPane pane;
     LetterView letters{state, store, pane};
+    PendingWish wish{state,
+                     [this](int kind) { letters.SelectBook(static_cast<std::int16_t>(kind)); },
+                     [this](int index) { letters.LetterClick(index); }};
     test::FakeMessages messages;
     test::FakeStatusLine status;
     test::FakeEventLoop loop;
-    Form4 form{{state, settings, store, letters, messages, status, loop,
-                [this] { letters.runPendingMoves(); }},
-               codePage};
+    Form4 form{
+        {state, settings, store, letters, messages, status, loop, [this] { wish.flipped(); }},
+        codePage};
 };
 
 TEST_F(Form4Test, HasItsCaptions) {
@@ -331,7 +335,6 @@ TEST_F(Form4Test, SearchesAnewWhenAskedInItsOwnScan) {
 }
 
 TEST_F(Form4Test, MovesByTheTabKeyInReadingOrderOfTheColumns) {
-    form.enableHelp();
     open();
     QStringList visited;
     for (int i = 0; i < 34; ++i) {
@@ -346,17 +349,19 @@ TEST_F(Form4Test, MovesByTheTabKeyInReadingOrderOfTheColumns) {
     EXPECT_TRUE(text().hasFocus());
 }
 
-TEST_F(Form4Test, OffersNeitherPrintingNorHelpThatIsNotThere) {
+TEST_F(Form4Test, PrintsNothingYet) {
     open();
     EXPECT_FALSE(button("Command4").isEnabled());
     EXPECT_EQ("Velmora can not print yet; that comes later.",
               button("Command4").toolTip().toStdString());
-    EXPECT_FALSE(button("Command5").isEnabled());
-    form.enableHelp();
+}
+
+TEST_F(Form4Test, AsksForItsHelpPage) {
+    open();
     QSignalSpy wanted(&form, &Form4::helpWanted);
     click("Command5");
     ASSERT_EQ(1, wanted.size());
-    EXPECT_EQ("Form4", wanted[0][0].toString().toStdString());
+    EXPECT_EQ("search", wanted[0][0].toString().toStdString());
 }
 
 TEST_F(Form4Test, MarksOnePrimaryButton) {

@@ -5,13 +5,13 @@
 #include <QPushButton>
 #include <functional>
 
+#include "forms/Widgets.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
 #include "support/FakeStatusLine.h"
 #include "support/PhonebookFixture.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

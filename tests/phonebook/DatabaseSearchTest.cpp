@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "core/PendingWish.h"
 #include "support/FakeEventLoop.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
@@ -41,6 +42,9 @@ class DatabaseSearchTest : public ::testing::Test, protected test::PhonebookFixt
 
     test::FakePhonebookPane pane;
     LetterView letters{state, store, pane};
+    PendingWish wish{state,
+                     [this](int kind) { letters.SelectBook(static_cast<std::int16_t>(kind)); },
+                     [this](int index) { letters.LetterClick(index); }};
     test::FakeMessages messages;
     test::FakeStatusLine status;
     test::FakeEventLoop loop;
@@ -49,7 +53,7 @@ class DatabaseSearchTest : public ::testing::Test, protected test::PhonebookFixt
     DatabaseSearch search{{state, settings, store, letters, messages, status, loop,
                            [this] {
                                ++flips;
-                               letters.runPendingMoves();
+                               wish.flipped();
                            }},
                           view};
 };

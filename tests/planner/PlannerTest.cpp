@@ -49,14 +49,16 @@ class PlannerTest : public testing::Test, protected test::PlannerFixture {
 };
 
 TEST_F(PlannerTest, MakesFiveStylesOnEachCalendar) {
-    EXPECT_THAT(SSMonth1.looks,
-                ElementsAre(Pair("Event", StyleSet{kRed, {}}), Pair("Meeting", StyleSet{{}, kYellow}),
-                            Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
-                            Pair("Vacation", StyleSet{{}, kGreen})));
-    EXPECT_THAT(SSYear1.looks,
-                ElementsAre(Pair("Event", StyleSet{{}, kRed}), Pair("Meeting", StyleSet{{}, kYellow}),
-                            Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
-                            Pair("Vacation", StyleSet{{}, kGreen})));
+    EXPECT_THAT(
+        SSMonth1.looks,
+        ElementsAre(Pair("Event", StyleSet{kRed, {}}), Pair("Meeting", StyleSet{{}, kYellow}),
+                    Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
+                    Pair("Vacation", StyleSet{{}, kGreen})));
+    EXPECT_THAT(
+        SSYear1.looks,
+        ElementsAre(Pair("Event", StyleSet{{}, kRed}), Pair("Meeting", StyleSet{{}, kYellow}),
+                    Pair("None", StyleSet{kBlack, {}}), Pair("Other", StyleSet{{}, kCyan}),
+                    Pair("Vacation", StyleSet{{}, kGreen})));
 }
 
 TEST_F(PlannerTest, SetsTheLastTimeFirst) {

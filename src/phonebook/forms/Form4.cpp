@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/HelpTopics.h"
 #include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
@@ -23,7 +24,7 @@ constexpr int kFieldRows = 7;
 constexpr int kHitTabStop = 220;
 constexpr int kLeastHits = 4;  // lines that are in view even in the smallest form
 constexpr QSize kFormSize(720, 606);
-constexpr const char* kHelpTopic = "Form4";
+constexpr const char* kFormName = "Form4";
 constexpr const char* kReplacedText =
     "Characters that the phonebook can not store were replaced by \"?\".";
 
@@ -61,7 +62,7 @@ const std::array<Form4::FieldBox, kFieldCount> Form4::kFieldBoxes{{
 
 Form4::Form4(const DatabaseSearchParts& parts, const CodePage& codePage, QWidget* parent)
     : QDialog(parent), codePage_(codePage), statusLine_(parts.statusLine), search_(parts, *this) {
-    setObjectName(QStringLiteral("Form4"));
+    setObjectName(QLatin1String(kFormName));
     setWindowTitle(QStringLiteral("Search V.L.M. Database"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
@@ -108,13 +109,6 @@ void Form4::makeButtons() {
         button->setAutoDefault(false);
     Command4->setEnabled(false);
     Command4->setToolTip(QStringLiteral("Velmora can not print yet; that comes later."));
-    Command5->setEnabled(false);
-    Command5->setToolTip(QStringLiteral("There are no help pages yet; they come later."));
-}
-
-void Form4::enableHelp() {
-    Command5->setEnabled(true);
-    Command5->setToolTip({});
 }
 
 QLayout* Form4::questionRow() {
@@ -215,8 +209,9 @@ void Form4::connectControls() {
     connect(Command1, &QPushButton::clicked, this, [this] { search_.search(criteria()); });
     connect(Command2, &QPushButton::clicked, this, [this] { search_.clearHits(); });
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
-    connect(Command5, &QPushButton::clicked, this,
-            [this] { emit helpWanted(QLatin1String(kHelpTopic)); });
+    connect(Command5, &QPushButton::clicked, this, [this] {
+        emit helpWanted(QString::fromStdString(std::string(helpTopicOf(kFormName))));
+    });
     connect(List1, &QAbstractItemView::doubleClicked, this, &Form4::goToSelected);
     List1->installEventFilter(this);
     connect(new CodePageGuard(*Text1, codePage_), &CodePageGuard::replaced, this,

@@ -32,9 +32,6 @@ class Form4 final : public QDialog, public SearchView {
     // Shows the form, in front. One that was closed begins anew: empty, with all fields ticked.
     void present();
 
-    // The help button is enabled once somebody answers helpWanted().
-    void enableHelp();
-
     void done(int result) override;
 
     void showLight(SearchLight light) override;
