@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::size_t kRecord = 1595;
 constexpr std::size_t kBlock = std::size_t(1) << 20;
+constexpr std::size_t kWidths[] = {15, 20, 10, 50,  60,  75, 75, 75,  75, 50, 30, 20,  20,
+                                   20, 25, 20, 100, 200, 30, 25, 250, 20, 25, 25, 255, 25};
 constexpr std::size_t kFirst = 0, kFirstWidth = 15;
 constexpr std::size_t kLast = 15, kLastWidth = 20;
 constexpr std::size_t kCompany = 45, kCompanyWidth = 50;
@@ -84,6 +86,23 @@ std::size_t findPerson(const std::string& path, const std::string& last, const s
         return !found;
     });
     return found ? number : 0;
+}
+
+std::size_t countFieldsWith(const std::string& path, const std::string& upperText) {
+    std::size_t count = 0;
+    std::string folded(kRecord, ' ');
+    eachRecord(path, [&](const char* record) {
+        for (std::size_t i = 0; i < kRecord; ++i)
+            folded[i] = upper(record[i]);
+        std::string_view rest = folded;
+        for (const std::size_t width : kWidths) {
+            if (rest.substr(0, width).find(upperText) != std::string_view::npos)
+                ++count;
+            rest.remove_prefix(width);
+        }
+        return true;
+    });
+    return count;
 }
 
 }  // namespace velmora::bench

@@ -6,7 +6,7 @@
 namespace velmora::bench {
 
 // The yardstick of the scans: reads a book in blocks of 1 MiB and compares raw bytes, with nothing
-// around it. Both throw std::runtime_error when the file can not be read.
+// around it. All throw std::runtime_error when the file can not be read.
 
 // How many entries belong to a letter, "A" to "Z".
 [[nodiscard]] std::size_t countUnderLetter(const std::string& path, char letter);
@@ -15,5 +15,8 @@ namespace velmora::bench {
 // A to Z; 0 for none.
 [[nodiscard]] std::size_t findPerson(const std::string& path, const std::string& last,
                                      const std::string& first);
+
+// In how many fields of all records a text stands, compared by their bytes with A to Z upper-cased.
+[[nodiscard]] std::size_t countFieldsWith(const std::string& path, const std::string& upperText);
 
 }  // namespace velmora::bench

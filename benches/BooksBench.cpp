@@ -29,6 +29,7 @@ class CountingPane final : public PhonebookPane {
     void clearList() override { lines = 0; }
     void addLines(std::vector<std::string> added) override { lines += added.size(); }
     [[nodiscard]] std::string selectedLine() const override { return {}; }
+    bool selectLine(const std::string& /*line*/) override { return false; }
     void showDetails(const std::string& /*text*/) override {}
     void showBookLabels(bool /*yellow*/, bool /*white*/) override {}
     void showLetter(int /*index*/) override {}

@@ -24,6 +24,10 @@ std::string CalendarPhonebookPane::selectedLine() const {
     return calendar_.leftColumn().list()->selectedLine();
 }
 
+bool CalendarPhonebookPane::selectLine(const std::string& line) {
+    return calendar_.leftColumn().list()->selectLine(line);
+}
+
 void CalendarPhonebookPane::showDetails(const std::string& text) {
     calendar_.phonebookPage().card()->setText(text);
 }

@@ -13,6 +13,7 @@ class CalendarPhonebookPane final : public PhonebookPane {
     void clearList() override;
     void addLines(std::vector<std::string> lines) override;
     [[nodiscard]] std::string selectedLine() const override;
+    bool selectLine(const std::string& line) override;
     void showDetails(const std::string& text) override;
     void showBookLabels(bool yellow, bool white) override;
     void showLetter(int index) override;

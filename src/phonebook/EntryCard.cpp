@@ -33,22 +33,24 @@ class Card {
     std::string text_;
 };
 
-void addName(Card& card) {
+void addName(Card& card, const CardStyle& style) {
     if (!card.hasAny({Field::Last})) {
         card.add(Field::Company).endLine();
         return;
     }
     card.add(Field::Title).add(" ").add(Field::First).add(" ").add(Field::Last);
-    card.add("    Spouse: ").add(Field::Spouse).endLine();
+    if (style.spouse)
+        card.add("    Spouse: ").add(Field::Spouse);
+    card.endLine();
     card.add(Field::Position).add(" ").add(Field::Company).endLine();
 }
 
-void addAddress(Card& card) {
+void addAddress(Card& card, const CardStyle& style) {
     if (card.hasAny({Field::Address1, Field::Address2}))
         card.add(Field::Address1).add(" , ").add(Field::Address2).endLine();
     if (card.hasAny({Field::Address3, Field::Address4, Field::PostalCode})) {
-        card.add(Field::Address3).add(" ").add(Field::Address4).add(" ");
-        card.add(Field::PostalCode).endLine();
+        card.add(Field::Address3).add(style.withinAddress).add(Field::Address4);
+        card.add(style.withinAddress).add(Field::PostalCode).endLine();
     }
     card.add(Field::Country).endLine();
 }
@@ -66,16 +68,17 @@ void addNumbers(Card& card) {
 
 }  // namespace
 
-std::string entryCard(RecordView record) {
+std::string entryCard(RecordView record, const CardStyle& style) {
     Card card(record);
-    addName(card);
-    addAddress(card);
+    addName(card, style);
+    addAddress(card, style);
     addNumbers(card);
-    card.add(Field::Custom1).add("          ").add(Field::Custom2).endLine();
+    card.add(Field::Custom1).add(style.betweenCustoms).add(Field::Custom2).endLine();
     card.add(Field::Class).endLine();
     card.add(Field::Memo);
     std::string text = card.take();
-    if (const std::size_t ampersand = text.find('&'); ampersand != std::string::npos)
+    if (const std::size_t ampersand = text.find('&');
+        style.plusForAmpersand && ampersand != std::string::npos)
         text[ampersand] = '+';
     return text;
 }

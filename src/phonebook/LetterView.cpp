@@ -62,4 +62,12 @@ void LetterView::reload() {
     LoadLetter();
 }
 
+void LetterView::refresh() {
+    const std::string line = pane_.selectedLine();
+    pane_.clearList();
+    LoadLetter();
+    if (!line.empty() && !pane_.selectLine(line))
+        pane_.showDetails("");
+}
+
 }  // namespace velmora

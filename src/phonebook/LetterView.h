@@ -31,6 +31,9 @@ class LetterView {
     // Empties list and details and loads the letter again.
     void reload();
 
+    // Loads the letter again and keeps selection and details, as far as the entry is still there.
+    void refresh();
+
   private:
     SharedState& state_;
     const PhonebookStore& store_;

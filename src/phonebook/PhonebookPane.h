@@ -20,6 +20,9 @@ class PhonebookPane {
     // The text of the selected line; empty when none is selected.
     [[nodiscard]] virtual std::string selectedLine() const = 0;
 
+    // Selects the first line of exactly this text; false, and none selected, when there is none.
+    virtual bool selectLine(const std::string& line) = 0;
+
     // The details of the selected entry, lines ended by CR LF; empty for none. Plain text.
     virtual void showDetails(const std::string& text) = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,6 +22,11 @@ class FakePhonebookPane final : public PhonebookPane {
         calls.emplace_back("addLines");
     }
     [[nodiscard]] std::string selectedLine() const override { return selected; }
+    bool selectLine(const std::string& line) override {
+        const bool found = std::find(lines.begin(), lines.end(), line) != lines.end();
+        selected = found ? line : std::string();
+        return found;
+    }
     void showDetails(const std::string& text) override {
         details = text;
         calls.push_back("showDetails " + text);

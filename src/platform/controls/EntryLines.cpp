@@ -13,15 +13,17 @@ EntryLines::EntryLines(const CodePage& codePage, Order order, QObject* parent)
     : QAbstractListModel(parent), codePage_(codePage), order_(std::move(order)) {}
 
 void EntryLines::set(std::vector<std::string> lines) {
-    std::stable_sort(lines.begin(), lines.end(), order_);
+    if (order_)
+        std::stable_sort(lines.begin(), lines.end(), order_);
     beginResetModel();
     lines_ = std::move(lines);
     endResetModel();
 }
 
 int EntryLines::add(std::vector<std::string> lines, int watchedRow) {
-    std::stable_sort(lines.begin(), lines.end(), order_);
-    if (watchedRow >= 0) {
+    if (order_)
+        std::stable_sort(lines.begin(), lines.end(), order_);
+    if (order_ && watchedRow >= 0) {
         const std::string& watched = lines_[static_cast<std::size_t>(watchedRow)];
         watchedRow += static_cast<int>(
             std::lower_bound(lines.begin(), lines.end(), watched, order_) - lines.begin());
@@ -29,7 +31,8 @@ int EntryLines::add(std::vector<std::string> lines, int watchedRow) {
     beginResetModel();
     const auto middle = static_cast<std::ptrdiff_t>(lines_.size());
     std::move(lines.begin(), lines.end(), std::back_inserter(lines_));
-    std::inplace_merge(lines_.begin(), lines_.begin() + middle, lines_.end(), order_);
+    if (order_)
+        std::inplace_merge(lines_.begin(), lines_.begin() + middle, lines_.end(), order_);
     endResetModel();
     return watchedRow;
 }

@@ -17,7 +17,7 @@ class EntryLines final : public QAbstractListModel {
 
   public:
     // True when the first line stands before the second. Equal lines keep the order in which they
-    // were added.
+    // were added; without an order all lines do.
     using Order = std::function<bool(std::string_view, std::string_view)>;
 
     // `codePage` must outlive the model.

@@ -20,6 +20,8 @@ constexpr int kRowRadius = 4;
 constexpr int kDragOffset = 12;
 constexpr int kDragHeight = 26;
 constexpr qreal kDragOpacity = 0.9;
+constexpr int kTabGap = 12;  // least space before the text behind a tab
+constexpr int kNoTabStop = -1;
 
 // 8 more than the height of a line of text, which is 2 more than that of the font.
 int rowHeight(const QFontMetrics& metrics) {
@@ -33,7 +35,8 @@ bool isJump(int key) {
 
 class LinePainter final : public QStyledItemDelegate {
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit LinePainter(int tabStop, QObject* parent)
+        : QStyledItemDelegate(parent), tabStop_(tabStop) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
         return {0, rowHeight(option.fontMetrics)};
@@ -53,20 +56,45 @@ class LinePainter final : public QStyledItemDelegate {
         }
         painter->setFont(option.font);
         painter->setPen(textColour(theme, option.palette, enabled, selected));
-        const QRect place = option.rect.adjusted(kTextInset, 0, -kTextInset, 0);
-        const QString text =
-            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width());
-        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
+        drawText(*painter, option.rect.adjusted(kTextInset, 0, -kTextInset, 0), option.fontMetrics,
+                 index.data().toString());
         painter->restore();
     }
 
   private:
+    void drawText(QPainter& painter, QRect place, const QFontMetrics& metrics, QString text) const {
+        if (const qsizetype tab = text.indexOf(QLatin1Char('\t')); tabStop_ >= 0 && tab >= 0) {
+            const QString before = text.left(tab);
+            drawElided(painter, place, metrics, before);
+            const int end = metrics.horizontalAdvance(before) + kTabGap;
+            place.setLeft(place.left() + std::max(tabStop_, end));
+            text.remove(0, tab + 1);
+        }
+        drawElided(painter, place, metrics, withoutPadding(text));
+    }
+
+    // Blanks at the end never make "..." of a text that is in view.
+    static QString withoutPadding(QString text) {
+        while (text.endsWith(QLatin1Char(' ')))
+            text.chop(1);
+        return text;
+    }
+
+    static void drawElided(QPainter& painter, const QRect& place, const QFontMetrics& metrics,
+                           const QString& text) {
+        if (place.width() > 0)
+            painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                             metrics.elidedText(text, Qt::ElideRight, place.width()));
+    }
+
     static QColor textColour(const Theme& theme, const QPalette& palette, bool enabled,
                              bool selected) {
         if (selected)
             return enabled ? theme.onaccent : theme.ink2;
         return enabled ? palette.color(QPalette::Active, QPalette::Text) : theme.dis;
     }
+
+    int tabStop_;
 };
 
 }  // namespace
@@ -74,7 +102,7 @@ class LinePainter final : public QStyledItemDelegate {
 EntryList::EntryList(const CodePage& codePage, EntryLines::Order order, QWidget* parent)
     : QListView(parent), lines_(new EntryLines(codePage, std::move(order), this)) {
     setModel(lines_);
-    setItemDelegate(new LinePainter(this));
+    setItemDelegate(new LinePainter(kNoTabStop, this));
     setUniformItemSizes(true);
     setFrameShape(QFrame::NoFrame);
     setViewportMargins(kMargin, kMargin, kMargin, kMargin);
@@ -94,6 +122,11 @@ EntryList::EntryList(const CodePage& codePage, QWidget* parent)
               return codePage.compareIgnoringCase(a, b) < 0;
           },
           parent) {}
+
+void EntryList::setTabStop(int pixels) {
+    delete itemDelegate();
+    setItemDelegate(new LinePainter(pixels, this));
+}
 
 void EntryList::setLines(std::vector<std::string> lines) {
     const bool selected = hasSelection();

@@ -12,16 +12,19 @@
 namespace velmora {
 
 // The list of entries: one line of code-page text each, at most one selected. It keeps its lines in
-// order by itself, and its selected line can be dragged.
+// order by itself, and its selected line can be dragged unless setDragEnabled(false) is called.
 class EntryList final : public QListView {
     Q_OBJECT
 
   public:
-    // `codePage` must outlive the list.
+    // `codePage` must outlive the list. Without an order lines stay as they are added.
     EntryList(const CodePage& codePage, EntryLines::Order order, QWidget* parent = nullptr);
 
     // In order of the upper-cased bytes of `codePage`.
     explicit EntryList(const CodePage& codePage, QWidget* parent = nullptr);
+
+    // Where the text behind a tab begins, in pixels from the text before it.
+    void setTabStop(int pixels);
 
     // Replaces all lines; none is selected then, and the list shows its top.
     void setLines(std::vector<std::string> lines);

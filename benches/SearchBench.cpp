@@ -1,0 +1,137 @@
+// Times the search of a large book in all fields, with the turns of the real event loop, and
+// compares it with a bare loop over the same file. bench_search FOLDER: the book is
+// written into that folder.
+
+#include <QApplication>
+#include <QWidget>
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+#include "benches/BareLoop.h"
+#include "benches/BookGenerator.h"
+#include "benches/Report.h"
+#include "benches/Samples.h"
+#include "phonebook/DatabaseSearch.h"
+#include "platform/NativePaths.h"
+#include "platform/PosixFiles.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtMessages.h"
+#include "support/FakePhonebookPane.h"
+#include "support/FakeSearchView.h"
+#include "support/FakeStatusLine.h"
+#include "support/MemorySettings.h"
+
+namespace velmora::bench {
+namespace {
+
+constexpr int kRepetitions = 15;
+constexpr std::size_t kEntries = 30'000;
+
+// The event loop of the program; keeps the longest time between two turns.
+class TimedLoop final : public EventLoop {
+  public:
+    void yield() override {
+        const auto now = std::chrono::steady_clock::now();
+        longestGap = std::max(longestGap, Milliseconds(now - lastTurn_));
+        loop_.yield();
+        lastTurn_ = std::chrono::steady_clock::now();
+    }
+    void waitFor(std::chrono::milliseconds duration) override { loop_.waitFor(duration); }
+    void freeze(std::chrono::milliseconds duration) override { loop_.freeze(duration); }
+    void post(std::function<void()> work) override { loop_.post(std::move(work)); }
+    [[nodiscard]] bool closing() const override { return loop_.closing(); }
+
+    void begin() { lastTurn_ = std::chrono::steady_clock::now(); }
+
+    Milliseconds longestGap{0};
+
+  private:
+    QtEventLoop loop_;
+    std::chrono::steady_clock::time_point lastTurn_ = std::chrono::steady_clock::now();
+};
+
+// A search of a book of its own.
+class Search {
+  public:
+    explicit Search(const std::string& folder)
+        : path(folder + "/DATAY.QEL"), locations_(folder, settings_, files_, codePage_) {
+        writeBook(path, {kEntries, kEntries / 10});
+    }
+
+    std::size_t hitsOf(const std::string& text, EventLoop& loop) {
+        const std::function<void()> noFlip = [] {};
+        DatabaseSearchParts parts{state_,    settings_, store_, letters_,
+                                  messages_, status_,   loop,   noFlip};
+        DatabaseSearch search(parts, view_);
+        search.search({text, FieldSet::all(), false});
+        return view_.hits.size();
+    }
+
+    const std::string path;
+
+  private:
+    const CodePage& codePage_ = CodePage::western();
+    test::MemorySettings medium_;
+    SettingsStore settings_{medium_};
+    PosixFiles files_{NativePaths(codePage_)};
+    DataLocations locations_;
+    PhonebookStore store_{files_, locations_, codePage_};
+    SharedState state_;
+    test::FakePhonebookPane pane_;
+    LetterView letters_{state_, store_, pane_};
+    QtMessages messages_{codePage_};
+    test::FakeStatusLine status_;
+    test::FakeSearchView view_;
+};
+
+// The bare loop counts where the search writes lines, so a text that is found everywhere has no
+// limit.
+enum class Limit { Yes, No };
+
+void compare(Search& search, const std::string& name, const std::string& upperText, Limit limit,
+             Report& report) {
+    QtEventLoop loop;
+    std::size_t hits = 0, bareHits = 0;
+    const auto [time, bareTime] = medianTimes(
+        kRepetitions, [&] { hits = search.hitsOf(upperText, loop); },
+        [&] { bareHits = countFieldsWith(search.path, upperText); });
+    if (hits == 0 || hits != bareHits)
+        throw std::runtime_error("the hits are wrong");
+    report.figure(name + "-30000", time.count(), "ms");
+    report.figure(name + "-30000-bare", bareTime.count(), "ms");
+    if (limit == Limit::Yes)
+        report.figure(name + "-to-bare", time / bareTime, "times", 1.5);
+    else
+        report.figure(name + "-to-bare", time / bareTime, "times");
+
+    TimedLoop timed;
+    timed.begin();
+    (void)search.hitsOf(upperText, timed);
+    report.figure(name + "-longest-gap", timed.longestGap.count(), "ms", 50);
+}
+
+}  // namespace
+}  // namespace velmora::bench
+
+int main(int argc, char** argv) try {
+    const QApplication application(argc, argv);
+    if (argc != 2) {
+        std::cerr << "Usage: bench_search FOLDER\n";
+        return 2;
+    }
+    QWidget window;
+    window.show();
+    using namespace velmora::bench;
+    Report report;
+    Search search(argv[1]);
+    compare(search, "search-rare", "ZULETZT", Limit::Yes, report);
+    compare(search, "search-common", "NORTHGATE", Limit::Yes, report);
+    compare(search, "search-letter", "E", Limit::No, report);
+    return report.exitCode();
+} catch (const std::exception& error) {
+    std::cerr << "bench_search: " << error.what() << '\n';
+    return 1;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/CalendarPhonebookPane.h"
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/SharedState.h"
+#include "core/forms/Calendar.h"
+#include "phonebook/LetterView.h"
+#include "phonebook/PhonebookStore.h"
+#include "phonebook/forms/Form4.h"
+#include "phonebook/forms/Other.h"
+
+namespace velmora {
+
+// Builds the search of the books and the list of associates, and connects them with the main
+// window.
+class SearchRoom {
+  public:
+    // All must outlive the room. `flipCheck1` flips the main window's hidden check box; `openHelp`
+    // shows the help page of a topic.
+    SearchRoom(World& world, SharedState& state, Calendar& calendar, const PhonebookStore& store,
+               LetterView& letters, std::function<void()> flipCheck1,
+               std::function<void(const std::string& topic)> openHelp);
+
+    void bindCommands(CommandSet& commands);
+
+  private:
+    CalendarPhonebookPane pane_;
+    Form4 searchForm_;
+    Other associatesForm_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,88 @@
+#include "phonebook/forms/Other.h"
+
+#include <QFrame>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "phonebook/HitLine.h"
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryCard.h"
+#include "platform/controls/EntryList.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kRowGap = 12;
+constexpr QSize kFormSize(560, 460);
+
+}  // namespace
+
+Other::Other(const PhonebookStore& store, const PhonebookPane& pane, StatusLine& statusLine,
+             Messages& messages, QWidget* parent)
+    : QDialog(parent),
+      associates_(store, pane, statusLine, messages, *this),
+      List1(new EntryList(store.codePage(), nullptr, this)),
+      Label1(new EntryCard(store.codePage(), this)),
+      Command1(new QPushButton(QStringLiteral("&Close"), this)) {
+    setObjectName(QStringLiteral("Other"));
+    setWindowTitle(QStringLiteral("Other Associates..."));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setAccessibleName(QStringLiteral("Other associates"));
+    List1->setDragEnabled(false);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+    layOut();
+    setTabOrder(List1, Label1);
+    setTabOrder(Label1, Command1);
+    connect(List1, &EntryList::lineClicked, this, [this] {
+        const std::string line = List1->selectedLine();
+        Label1->setWhitePages(line.empty() || line.front() != kYellowLetter);
+        associates_.showEntry(line);
+    });
+    connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Other::layOut() {
+    auto* frame = new QFrame(this);
+    frame->setProperty("role", QStringLiteral("raised"));
+    auto* inside = new QVBoxLayout(frame);
+    inside->setContentsMargins(1, 1, 1, 1);
+    inside->addWidget(List1);
+
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    body->setSpacing(kRowGap);
+    body->addWidget(frame, 2);
+    body->addWidget(Label1, 3);
+
+    auto* strip = new DialogFooter(this);
+    strip->addRight(Command1);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->setSpacing(0);
+    whole->addLayout(body, 1);
+    whole->addWidget(strip);
+    resize(kFormSize.expandedTo(minimumSizeHint()));
+}
+
+void Other::setLines(std::vector<std::string> lines) {
+    List1->setLines(std::move(lines));
+}
+
+void Other::showDetails(const std::string& text) {
+    Label1->setText(text);
+}
+
+void Other::present() {
+    show();
+    raise();
+    activateWindow();
+    Command1->setFocus();
+}
+
+}  // namespace velmora
