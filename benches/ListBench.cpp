@@ -2,7 +2,6 @@
 // entries, on top of reading them.
 
 #include <QApplication>
-#include <QEvent>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -10,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
 #include "platform/CodePage.h"
@@ -33,40 +33,24 @@ std::vector<std::string> lines() {
     return result;
 }
 
-// Counts how often a widget is painted.
-class PaintCounter final : public QObject {
-  public:
-    int paints = 0;
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 int measure() {
     EntryList list(CodePage::western());
     list.resize(248, 400);
     list.show();
-    PaintCounter counter;
-    list.viewport()->installEventFilter(&counter);
-    while (counter.paints == 0)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    PaintCounter counter(*list.viewport());
+    counter.awaitFirst();
     const std::vector<std::string> all = lines();
     std::vector<Milliseconds> times;
     for (int i = 0; i < kRepetitions; ++i) {
         list.clearLines();
         list.repaint();
         std::vector<std::string> added = all;
-        const int before = counter.paints;
         times.push_back(timeOf([&] {
             list.addLines(std::move(added));
-            list.viewport()->repaint();
+            counter.repaint();
         }));
-        if (counter.paints == before || list.lines().size() != kLines)
-            throw std::runtime_error("the list was not painted");
+        if (list.lines().size() != kLines)
+            throw std::runtime_error("the list is wrong");
     }
     Report report;
     report.figure("list-of-3000-painted", median(times).count(), "ms", 30);

@@ -1,5 +1,8 @@
-// Compares the start of Velmora, up to its first painted window, with that of a bare window.
-// bench_start VELMORA BARE_WINDOW: both end when they have been painted.
+// Compares the start of Velmora, up to its first painted window, with that of a bare window, and
+// with its own start on a planner of 100,000 appointments. The calendars are coloured and the day
+// is loaded before the window is painted, so nothing of the start comes later.
+// bench_start VELMORA BARE_WINDOW FULL_VELMORA: all end when they have been painted; FULL_VELMORA
+// is the program in a folder with such a planner.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -57,14 +60,16 @@ struct Medians {
     }
 };
 
-int measure(const std::string& velmora, const std::string& bareWindow) {
+int measure(const std::string& velmora, const std::string& bareWindow, const std::string& full) {
     ::setenv("VELMORA_QUIT_AFTER_FIRST_PAINT", "1", 1);
-    Medians ours, bare;
+    Medians ours, bare, ourFull;
     run(velmora);
     run(bareWindow);
+    run(full);
     for (int i = 0; i < kRepetitions; ++i) {
         ours.add(run(velmora));
         bare.add(run(bareWindow));
+        ourFull.add(run(full));
     }
     const Milliseconds wall = median(ours.wall), bareWall = median(bare.wall);
     const Milliseconds processor = median(ours.processor), bareProcessor = median(bare.processor);
@@ -75,6 +80,9 @@ int measure(const std::string& velmora, const std::string& bareWindow) {
     report.figure("start-processor", processor.count(), "ms");
     report.figure("start-processor-bare", bareProcessor.count(), "ms");
     report.figure("start-processor-to-bare", processor / bareProcessor, "times", 2);
+    const Milliseconds wallFull = median(ourFull.wall);
+    report.figure("start-wall-100000-appointments", wallFull.count(), "ms");
+    report.figure("start-wall-100000-appointments-to-none", wallFull / wall, "times", 2);
     return report.exitCode();
 }
 
@@ -82,11 +90,11 @@ int measure(const std::string& velmora, const std::string& bareWindow) {
 }  // namespace velmora::bench
 
 int main(int argc, char** argv) try {
-    if (argc != 3) {
-        std::cerr << "Usage: bench_start VELMORA BARE_WINDOW\n";
+    if (argc != 4) {
+        std::cerr << "Usage: bench_start VELMORA BARE_WINDOW FULL_VELMORA\n";
         return 2;
     }
-    return velmora::bench::measure(argv[1], argv[2]);
+    return velmora::bench::measure(argv[1], argv[2], argv[3]);
 } catch (const std::exception& error) {
     std::cerr << "bench_start: " << error.what() << '\n';
     return 1;

@@ -54,7 +54,6 @@ std::string MonthAdapter::Date() const {
 }
 
 void MonthAdapter::SetDate(const std::string& date) {
-    day_.commitEditor();
     month_.setDate(date);
 }
 

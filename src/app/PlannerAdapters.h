@@ -29,11 +29,10 @@ class DayAdapter final : public DayControl {
     SSDay& day_;
 };
 
-// The month as the planner sees it. What is being typed into the day view is stored before the
-// date moves, so that it gets the date it was typed on.
+// The month as the planner sees it.
 class MonthAdapter final : public MonthControl {
   public:
-    MonthAdapter(SSMonth& month, SSDay& day) : month_(month), day_(day) {}
+    explicit MonthAdapter(SSMonth& month) : month_(month) {}
 
     [[nodiscard]] std::string Date() const override;
     void SetDate(const std::string& date) override;
@@ -45,7 +44,6 @@ class MonthAdapter final : public MonthControl {
 
   private:
     SSMonth& month_;
-    SSDay& day_;
 };
 
 // The year as the planner sees it.

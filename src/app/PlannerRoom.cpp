@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "app/PlannerWiring.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
@@ -19,19 +20,6 @@
 #include "platform/controls/SSYear.h"
 
 namespace velmora {
-namespace {
-
-std::chrono::year_month_day dateOf(Moment moment) {
-    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
-}
-
-std::chrono::minutes timeOf(Moment moment) {
-    const auto sinceMidnight = moment - std::chrono::floor<std::chrono::days>(moment);
-    return std::chrono::floor<std::chrono::minutes>(sinceMidnight);
-}
-
-}  // namespace
-
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
                                          Schedule& schedule,
                                          std::function<void(const std::string&)> endProgram)
@@ -62,7 +50,7 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       SSYear1(new SSYear(world.locale, world.codePage, dateOf(world.clock.now()))),
       Picture6(SSYear1, calendar.desk()),
       day_(calendar.day()),
-      month_(*calendar.leftColumn().month(), calendar.day()),
+      month_(*calendar.leftColumn().month()),
       year_(*SSYear1),
       scheduleTimes_(scheduleTexts_, world.messages, world.clock),
       scheduleForm_(scheduleTimes_, &calendar),
@@ -76,65 +64,27 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
       scheduling_({state, phonebook, store_, planner_, day_, month_, desk_, scheduleTexts_,
                    world.messages, world.loop, world.clock, world.locale}) {
-    connectDay();
-    connectCalendars();
-    connectDrops();
+    connectControls();
     makeSchedulingMenu();
-    QObject::connect(&scheduleForm_, &Schedule::applied, &calendar_,
-                     [this] { scheduling_.OnApplied(); });
 }
 
-void PlannerRoom::connectDay() {
-    SSDay* day = &calendar_.day();
-    QObject::connect(day, &SSDay::beforeEdit, &calendar_,
-                     [this] { planner_.AlignMonthWithDayOnShow(); });
-    QObject::connect(day, &SSDay::OnTaskEditBegin, &calendar_,
-                     [this](int index, bool exists) { planner_.OnTaskEditBegin(index, exists); });
-    QObject::connect(day, &SSDay::OnTaskEditEnd, &calendar_,
-                     [this](int index, bool keepRefresh, bool save) {
-                         planner_.OnTaskEditEnd(index, keepRefresh, save);
-                     });
-    QObject::connect(day, &SSDay::OnTaskRemove, &calendar_, [this] { planner_.OnTaskRemove(); });
-    QObject::connect(day, &SSDay::pointerMoved, &calendar_,
-                     [this] { planner_.OnDayPointerMoved(); });
-}
-
-void PlannerRoom::connectCalendars() {
-    SSMonth* month = calendar_.leftColumn().month();
-    QObject::connect(month, &SSMonth::selectionChanged, &calendar_,
-                     [this](const std::string& date) {
-                         planner_.OnMonthSelection(date);
-                         showNow();
-                     });
-    QObject::connect(month, &SSMonth::focusEntered, &calendar_,
-                     [this] { planner_.OnMonthGotFocus(); });
-    QObject::connect(month, &SSMonth::focusLeft, &calendar_,
-                     [this] { planner_.OnMonthLostFocus(); });
-    QObject::connect(SSYear1, &SSYear::selectionChanged, &calendar_,
-                     [this](const std::string& date) { planner_.OnYearSelection(date); });
-    QObject::connect(SSYear1, &SSYear::doubleClicked, &calendar_,
-                     [this] { planner_.OnYearDoubleClick(); });
-    QObject::connect(SSYear1, &SSYear::captionClicked, &calendar_,
-                     [this] { planner_.OnYearCaptionClick(); });
-    QObject::connect(calendar_.leftColumn().yearButton(), &QPushButton::clicked, &calendar_,
-                     [this] {
-                         commitEditors();
-                         planner_.OpenYear();
-                     });
-}
-
-void PlannerRoom::connectDrops() {
-    SSMonth* month = calendar_.leftColumn().month();
-    QObject::connect(
-        month, &SSMonth::dropped, &calendar_, [this](const QPoint& point, const QByteArray& entry) {
-            commitEditors();
-            const bool selected = !entry.isNull() && entry.toStdString() == desk_.SelectedLine();
-            if (planner_.OnMonthDrop(point.x(), point.y(), selected))
-                popUpSchedulingMenu();
-        });
+void PlannerRoom::connectControls() {
+    LeftColumn& column = calendar_.leftColumn();
+    connectPlanner({.day = calendar_.day(),
+                    .month = *column.month(),
+                    .year = *SSYear1,
+                    .yearButton = *column.yearButton(),
+                    .selectedLine = [this] { return desk_.SelectedLine(); },
+                    .popUpSchedulingMenu = [this] { popUpSchedulingMenu(); }},
+                   planner_);
+    QObject::connect(column.month(), &SSMonth::selectionChanged, &calendar_, [this] { showNow(); });
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
         QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped, &calendar_,
                          [this] { popUpSchedulingMenu(); });
+    QObject::connect(&scheduleForm_, &Schedule::applied, &calendar_, [this] {
+        commitEditors();  // the new appointment loads the day anew
+        scheduling_.OnApplied();
+    });
 }
 
 void PlannerRoom::makeSchedulingMenu() {
@@ -157,10 +107,7 @@ void PlannerRoom::popUpSchedulingMenu() {
 }
 
 void PlannerRoom::bindCommands(CommandSet& commands) {
-    commands.bind("totoday", [this] {
-        commitEditors();
-        planner_.GoToToday();
-    });
+    commands.bind("totoday", [this] { planner_.GoToToday(); });
 }
 
 void PlannerRoom::openDatabase() {
@@ -198,7 +145,9 @@ void PlannerRoom::tick() {
 void PlannerRoom::showNow() {
     const Moment now = world_.clock.now();
     const bool todayShown = calendar_.leftColumn().month()->date() == dateOf(now);
-    calendar_.day().setNow(todayShown ? std::optional(timeOf(now)) : std::nullopt);
+    calendar_.day().setNow(
+        todayShown ? std::optional(std::chrono::floor<std::chrono::minutes>(timeOfDay(now)))
+                   : std::nullopt);
 }
 
 }  // namespace velmora

@@ -76,9 +76,7 @@ class PlannerRoom {
     void tick();
 
   private:
-    void connectDay();
-    void connectCalendars();
-    void connectDrops();
+    void connectControls();
     void makeSchedulingMenu();
     void popUpSchedulingMenu();
     void showNow();

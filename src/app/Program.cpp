@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "core/forms/CommandMenus.h"
+#include "core/forms/DialerPage.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/PhonebookPage.h"
@@ -12,19 +13,13 @@
 #include "core/forms/StatusBar.h"
 #include "core/forms/ToolStrip.h"
 #include "platform/controls/EntryList.h"
+#include "platform/controls/Keypad.h"
 #include "platform/controls/LetterTabs.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
+#include "telephony/NumberDisplay.h"
 
 namespace velmora {
-namespace {
-
-std::chrono::year_month_day dateOf(Moment moment) {
-    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(moment));
-}
-
-}  // namespace
-
 Program::Program()
     : calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage)}),
@@ -47,6 +42,8 @@ Program::Program()
       docPad_(world_, state_, calendar_, entries_),
       planner_(world_, state_, calendar_, panes_, store_,
                [this](const std::string& text) { endAfter(text); }),
+      fonts_(world_, calendar_),
+      accessories_(world_, calendar_),
       startUp_(state_, calendar_, world_.settings, clockLine_, tray_, world_.clock, world_.locale,
                {.watchMenus = [this] { connectStatusHelp(); },
                 .showLetterA = [this] { letters_.LetterClick(0); },
@@ -61,6 +58,7 @@ Program::Program()
     bindCommands();
     connectWindow();
     connectPhonebook();
+    connectDialer();
 }
 
 void Program::start() {
@@ -86,6 +84,10 @@ void Program::bindCommands() {
     commands_.bind("Planner", [this] { panes_.show(Pane::Planner); });
     commands_.bind("Phonebook", [this] { panes_.show(Pane::Phonebook); });
     commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
+    docPad_.bindCommands(commands_);
+    planner_.bindCommands(commands_);
+    accessories_.bindCommands(commands_);
+    fonts_.bindCommands(commands_);
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
     calendar_.menus().setItemsEnabled(bound);
@@ -135,6 +137,24 @@ void Program::connectPhonebook() {
                      [this] { letters_.ListClick(); });
     QObject::connect(calendar_.phonebookPage().moveButton(), &QPushButton::clicked, &calendar_,
                      [this] { entries_.moveEntry(); });
+}
+
+void Program::connectDialer() {
+    DialerPage& page = calendar_.dialerPage();
+    QObject::connect(page.keypad(), &Keypad::pressed, &calendar_, [this](char key) {
+        calendar_.setLastNumber(withKey(calendar_.number(), key));
+    });
+    QObject::connect(page.backButton(), &QPushButton::clicked, &calendar_,
+                     [this] { calendar_.setLastNumber(withoutLast(calendar_.number())); });
+    QObject::connect(page.clearButton(), &QPushButton::clicked, &calendar_,
+                     [this] { calendar_.setLastNumber(""); });
+    PhonebookPage& phonebook = calendar_.phonebookPage();
+    for (QPushButton* button :
+         {page.sendButton(), page.hangUpButton(), page.externalButton(), phonebook.mailButton(),
+          phonebook.webButton(), phonebook.fileButton()})
+        QObject::connect(button, &QPushButton::clicked, &calendar_, [this] {
+            calendar_.status().show("This version of Velmora does not do this yet.");
+        });
 }
 
 void Program::connectStatusHelp() {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/AccessoriesRoom.h"
 #include "app/CalendarPhonebookPane.h"
 #include "app/DocPadRoom.h"
 #include "app/EntryForms.h"
+#include "app/FontRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/World.h"
 #include "core/ClockLine.h"
@@ -42,6 +44,7 @@ class Program {
     void bindCommands();
     void connectWindow();
     void connectPhonebook();
+    void connectDialer();
     void connectStatusHelp();
     void run(std::string_view command);
     void tellOfDamagedSettings();
@@ -69,6 +72,8 @@ class Program {
 
     DocPadRoom docPad_;
     PlannerRoom planner_;
+    FontRoom fonts_;
+    AccessoriesRoom accessories_;
 
     StartUp startUp_;
     CloseDown closeDown_;

@@ -62,13 +62,4 @@ void LetterView::reload() {
     LoadLetter();
 }
 
-void LetterView::runPendingMoves() {
-    if (const std::int16_t kind = std::exchange(state_.PendingBook, std::int16_t(0));
-        kind == kWhitePages || kind == kYellowPages)
-        SelectBook(kind);
-    if (const std::int16_t letter = std::exchange(state_.PendingLetter, std::int16_t(0));
-        letter != 0)
-        LetterClick(letter);
-}
-
 }  // namespace velmora

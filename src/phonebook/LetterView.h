@@ -31,10 +31,6 @@ class LetterView {
     // Empties list and details and loads the letter again.
     void reload();
 
-    // What a closed dialog asked for with PendingBook and PendingLetter, in this order; to be
-    // called when the hidden check box flips, either way. Letter 0 can not be asked for.
-    void runPendingMoves();
-
   private:
     SharedState& state_;
     const PhonebookStore& store_;

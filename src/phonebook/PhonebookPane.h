@@ -13,7 +13,8 @@ class PhonebookPane {
 
     virtual void clearList() = 0;
 
-    // Lines to be added to the list, in file order. The list sorts itself by ListOrder.
+    // Lines to be added to the list, in file order. The list sorts itself: by upper-cased bytes,
+    // whatever the locale; lines that are then equal keep the order in which they came.
     virtual void addLines(std::vector<std::string> lines) = 0;
 
     // The text of the selected line; empty when none is selected.

@@ -219,7 +219,7 @@ AppointmentConnection& AppointmentStore::connection() {
 }
 
 std::chrono::year AppointmentStore::presentYear() const {
-    return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(clock_.now())).year();
+    return dateOf(clock_.now()).year();
 }
 
 void AppointmentStore::run() {

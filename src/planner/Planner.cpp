@@ -33,10 +33,6 @@ constexpr NamedLook kLooks[] = {
     {kNoStyle, {kBlack, {}}, {kBlack, {}}},
 };
 
-year_month_day dayOf(Moment moment) {
-    return year_month_day(std::chrono::floor<std::chrono::days>(moment));
-}
-
 }  // namespace
 
 Planner::Planner(AppointmentStore& store, const PlannerControls& controls, StatusLine& status,
@@ -75,8 +71,8 @@ void Planner::UpdateDays() {
 }
 
 std::chrono::year Planner::pivotYear() const {
-    const auto present = dayOf(clock_.now()).year();
-    return readDate(month_.Date(), present).value_or(dayOf(clock_.now())).year();
+    const auto present = dateOf(clock_.now()).year();
+    return readDate(month_.Date(), present).value_or(dateOf(clock_.now())).year();
 }
 
 void Planner::LoadDayTasks() {
@@ -183,7 +179,7 @@ void Planner::OnDayPointerMoved() {
 
 void Planner::OnMonthSelection(const std::string& date) {
     ignoringErrors([&] {
-        if (const auto day = readDate(month_.Date(), dayOf(clock_.now()).year()))
+        if (const auto day = readDate(month_.Date(), dateOf(clock_.now()).year()))
             desk_.SetLongDate(formatMoment(Moment{std::chrono::local_days(*day)},
                                            NamedFormat::LongDate, formats_));
     });
@@ -218,7 +214,7 @@ bool Planner::OnMonthDrop(int x, int y, bool selectedEntryDropped) {
 }
 
 void Planner::GoToToday() {
-    ignoringErrors([&] { month_.SetDate(writeDate(dayOf(clock_.now()))); });
+    ignoringErrors([&] { month_.SetDate(writeDate(dateOf(clock_.now()))); });
 }
 
 void Planner::OpenYear() {

@@ -9,7 +9,7 @@ ScheduleTimes::ScheduleTimes(ScheduleTexts& texts, Messages& messages, const Clo
 
 void ScheduleTimes::Open() {
     const Moment now = clock_.now();
-    const std::chrono::hh_mm_ss time(now - std::chrono::floor<std::chrono::days>(now));
+    const std::chrono::hh_mm_ss time(timeOfDay(now));
     const int hour = static_cast<int>(time.hours().count());
     const int minute = static_cast<int>(time.minutes().count());
     setValue(Part::BeginHour, hour);

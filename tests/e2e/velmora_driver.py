@@ -203,10 +203,14 @@ class Velmora:
     def windows(self):
         return [window for window in children(self.root) if is_showing(window)]
 
+    def asks(self):
+        """A message box is open, and the main window waits for its answer."""
+        return any(window.get_role_name() == "alert" for window in self.windows())
+
     def _close_what_opened_by_itself(self):
         """The events of the day may be shown at the start, above the main window."""
         for window in self.windows():
-            if window.get_name() == self.main.get_name() or window.get_name() == "":
+            if window.get_role_name() == "alert" or window.get_name() in (self.main.get_name(), ""):
                 continue
             name = window.get_name()
             click(self.find(role="push button", name="Close", within=window))
@@ -277,14 +281,15 @@ class Velmora:
     def main_window_id(self):
         """The main window's number on the display."""
         found = wait_until(
-            lambda: xdo("search", "--onlyvisible", "--pid", self.process.pid,
+            lambda: xdo("search", "--all", "--onlyvisible", "--pid", self.process.pid,
                         "--name", f"^{self.main.get_name()}$").split(),
             "the main window on the display")
         return found[0]
 
     def activate(self):
-        xdo("windowactivate", "--sync", self.main_window_id())
-        wait_until(lambda: has_state(self.main, Atspi.StateType.ACTIVE), "the window to be active")
+        xdo("windowactivate", self.main_window_id())
+        wait_until(lambda: has_state(self.main, Atspi.StateType.ACTIVE) or self.asks(),
+                   "the window to be active")
 
     def click_id(self, id, within=None, times=1, button=1):
         click(self.find(id=id, within=within), times, button)

@@ -12,11 +12,11 @@
 #include <QStyleOptionButton>
 #include <memory>
 
+#include "forms/Widgets.h"
 #include "platform/Failure.h"
 #include "support/FakeEntryEditor.h"
 #include "support/FakeMessages.h"
 #include "support/FakeStatusLine.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -10,7 +10,7 @@
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

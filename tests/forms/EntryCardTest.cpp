@@ -7,9 +7,9 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "forms/Widgets.h"
 #include "platform/controls/CardText.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -7,9 +7,9 @@
 #include <QSignalSpy>
 #include <memory>
 
+#include "forms/Widgets.h"
 #include "platform/controls/DragFormats.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <QSignalSpy>
 
-#include "support/Widgets.h"
+#include "forms/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <QSignalSpy>
 
+#include "forms/Widgets.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

@@ -4,11 +4,11 @@
 #include <QMimeData>
 #include <QSignalSpy>
 
+#include "forms/Widgets.h"
 #include "platform/controls/DragFormats.h"
 #include "platform/controls/PaneButton.h"
 #include "platform/controls/TrashCan.h"
 #include "platform/qt/Theme.h"
-#include "support/Widgets.h"
 
 namespace velmora {
 namespace {

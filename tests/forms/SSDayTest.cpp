@@ -4,16 +4,19 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QImage>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
+#include <cmath>
 #include <string>
 #include <vector>
 
 #include "platform/Failure.h"
 #include "platform/controls/CalendarAccessibility.h"
+#include "platform/qt/Theme.h"
 
 namespace velmora {
 namespace {
@@ -602,6 +605,36 @@ TEST_F(SSDayTest, ShowsItsBlocksToAssistiveTools) {
 TEST(DayPainter, LetsNoPhoneNumberBreak) {
     EXPECT_EQ(DayPainter::unbreakable(QStringLiteral("(312) 555-0142 - a-b ) x")),
               QString::fromUtf8("(312)\u00a0555\u20110142 - a-b )\u00a0x"));
+}
+
+// --- Fractional scales ---
+
+TEST_F(SSDayTest, BlocksAreSharpAtEveryScaleWhenDrawnAndWhenCopied) {
+    for (int i = 0; i < 6; ++i)
+        add(("0" + std::to_string(i + 1) + ":05 AM").c_str(), "06:55 PM", "", "tag");
+    for (const qreal scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        SCOPED_TRACE(scale);
+        const auto paint = [&] {
+            QImage image((QSizeF(day.size()) * scale).toSize(), QImage::Format_RGB32);
+            image.setDevicePixelRatio(scale);
+            image.fill(Qt::white);
+            day.render(&image);
+            return image;
+        };
+        const QImage image = paint();
+        EXPECT_EQ(image, paint());
+        const QColor tint = Theme::of(day).tint;
+        for (int i = 0; i < 6; ++i) {
+            const QRectF block = day.blockRect(i);
+            const int x = static_cast<int>((block.right() - 12) * scale);
+            const int top = static_cast<int>(std::round(block.top() * scale));
+            const int bottom = static_cast<int>(std::round(block.bottom() * scale));
+            EXPECT_EQ(image.pixelColor(x, top), tint);
+            EXPECT_EQ(image.pixelColor(x, bottom - 1), tint);
+            EXPECT_NE(image.pixelColor(x, top - 1), tint);
+            EXPECT_NE(image.pixelColor(x, bottom), tint);
+        }
+    }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/PendingWish.h"
 #include "platform/Failure.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
@@ -54,8 +55,10 @@ class EntryCommandsTest : public testing::Test, protected test::PhonebookFixture
     FakeEntryForm form;
     EntryWriter writer{store, messages};
     LetterView view{state, store, pane};
+    PendingWish wish{state, [this](int kind) { view.SelectBook(static_cast<std::int16_t>(kind)); },
+                     [this](int index) { view.LetterClick(index); }};
     EntryEditorParts parts{
-        state, settings, store, writer, view, messages, [this] { view.runPendingMoves(); }};
+        state, settings, store, writer, view, messages, [this] { wish.flipped(); }};
     EntryCommands commands{parts, pane, statusLine, form};
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/PendingWish.h"
 #include "platform/Failure.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
@@ -45,10 +46,12 @@ class EntryEditorsTest : public testing::Test, protected test::PhonebookFixture 
     test::FakePhonebookPane pane;
     EntryWriter writer{store, messages};
     LetterView view{state, store, pane};
+    PendingWish wish{state, [this](int kind) { view.SelectBook(static_cast<std::int16_t>(kind)); },
+                     [this](int index) { view.LetterClick(index); }};
     int flips = 0;
     EntryEditorParts parts{state, settings, store, writer, view, messages, [this] {
                                ++flips;
-                               view.runPendingMoves();
+                               wish.flipped();
                            }};
 };
 

@@ -129,28 +129,6 @@ TEST_F(LetterViewTest, SwitchingTheBookKeepsTheLetterAndEmptiesTheDetails) {
     EXPECT_EQ(pane.book, 1);
 }
 
-TEST_F(LetterViewTest, PendingMovesGoToBookAndLetterAndAreForgotten) {
-    white() = bytesOf(personRecord("Baker", "Bob"));
-    state.PendingBook = 2;
-    state.PendingLetter = 1;
-    view.runPendingMoves();
-    EXPECT_EQ(state.BookFile, "\\DATAW.QEL");
-    EXPECT_EQ(pane.lines, Lines{"Baker, Bob"});
-    EXPECT_EQ(state.PendingBook, 0);
-    EXPECT_EQ(state.PendingLetter, 0);
-    (void)pane.takeCalls();
-    view.runPendingMoves();
-    EXPECT_EQ(pane.takeCalls(), Lines{});
-}
-
-TEST_F(LetterViewTest, ThePendingBookOfTheStartAndLetterZeroMoveNothing) {
-    state.PendingBook = -1;
-    state.PendingLetter = 0;
-    view.runPendingMoves();
-    EXPECT_EQ(state.PendingBook, 0);
-    EXPECT_EQ(pane.takeCalls(), Lines{});
-}
-
 TEST_F(LetterViewTest, ABookThatCanNotBeReadIsAFailureWithAnEmptyList) {
     yellow() = bytesOf(personRecord("Adams", "Ann"));
     view.LetterClick(0);

@@ -268,18 +268,43 @@ void Calendar::setLastNumber(const std::string& text) {
     dialerPage_->number()->setText(toQt(text, codePage_));
 }
 
+QWidget* Calendar::textOf(FontTarget target) const {
+    switch (target) {
+        case FontTarget::DocPad:
+            return parts_.text;
+        case FontTarget::DayView:
+            return parts_.day;
+        case FontTarget::EntryList:
+            break;
+    }
+    return leftColumn_->list();
+}
+
+QFont Calendar::fontOf(FontTarget target) const {
+    return textOf(target)->font();
+}
+
+int Calendar::colourOf(FontTarget target) const {
+    const auto set = colours_.find(target);
+    return set == colours_.end() ? -1 : set->second;
+}
+
+std::string Calendar::number() const {
+    return fromQt(dialerPage_->number()->text(), codePage_);
+}
+
 void Calendar::setFont(FontTarget target, const FontChoice& choice) {
-    QWidget* widget = target == FontTarget::DocPad    ? static_cast<QWidget*>(parts_.text)
-                      : target == FontTarget::DayView ? static_cast<QWidget*>(parts_.day)
-                                                      : leftColumn_->list();
+    QWidget* widget = textOf(target);
     QFont font = widget->font();
     if (choice.face)
         font.setFamilies({toQt(*choice.face, codePage_)});
     if (choice.size && *choice.size > 0)
         font.setPointSizeF(*choice.size);
     widget->setFont(font);
-    if (choice.colour)
+    if (choice.colour) {
+        colours_[target] = *choice.colour;
         setTextColour(target, storedColour(*choice.colour));
+    }
 }
 
 void Calendar::setTextColour(FontTarget target, const QColor& colour) {

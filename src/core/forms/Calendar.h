@@ -70,6 +70,13 @@ class Calendar final : public QMainWindow, public MainForm {
     // True while the day view is on show.
     [[nodiscard]] bool dayViewShown() const;
 
+    // The font of a text, and its colour as red + 256 * green + 65536 * blue; -1 is the theme's.
+    [[nodiscard]] QFont fontOf(FontTarget target) const;
+    [[nodiscard]] int colourOf(FontTarget target) const;
+
+    // The number on the dialer's display.
+    [[nodiscard]] std::string number() const;
+
     void setControlState(PaneControl control, ControlState state) override;
     void raisePaneButton(Pane pane) override;
     void setTwentyFourHourTick(bool ticked) override;
@@ -108,6 +115,7 @@ class Calendar final : public QMainWindow, public MainForm {
   private:
     [[nodiscard]] QWidget* makeToolbarRow();
     [[nodiscard]] QWidget* makeDesk();
+    [[nodiscard]] QWidget* textOf(FontTarget target) const;
     void setTextColour(FontTarget target, const QColor& colour);
     void setTabStops();
     void nameControls();
@@ -131,6 +139,7 @@ class Calendar final : public QMainWindow, public MainForm {
     QTimer* Timer1;     // the clock, 500 ms
     std::map<PaneControl, QWidget*> controls_;
     std::function<bool()> mayClose_;
+    std::map<FontTarget, int> colours_;  // as set last
     bool painted_ = false;
 };
 

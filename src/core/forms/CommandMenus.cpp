@@ -6,16 +6,9 @@
 #include <QMenuBar>
 
 #include "platform/qt/MenuTap.h"
+#include "platform/qt/QtText.h"
 
 namespace velmora {
-namespace {
-
-QString latin(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
-
 CommandMenus::CommandMenus(QMenuBar* bar) : QObject(bar) {
     for (const MenuRow& row : menuTree()) {
         if (row.level == 0 && isHead(row)) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kNarrowest = 320;
 constexpr int kWidestInColumn = 520;
-constexpr int kHeaderHeight = 40;
+constexpr int kTitleHeight = 40;
 
 QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* parent) {
     auto* button = new QToolButton(parent);
@@ -62,7 +62,7 @@ DocPadColumn::DocPadColumn(QPlainTextEdit* text, QWidget* parent)
     header->addWidget(Toolbar3);
     header->addWidget(Toolbar5);
     auto* headerBox = new QWidget(this);
-    headerBox->setFixedHeight(kHeaderHeight);
+    headerBox->setFixedHeight(kTitleHeight);
     headerBox->setLayout(header);
 
     auto* layout = new QVBoxLayout(this);

@@ -18,7 +18,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kWidth = 248;
+constexpr int kColumnWidth = 248;
 constexpr int kMonthHeight = 240;
 constexpr int kHeaderHeight = 40;
 
@@ -47,7 +47,7 @@ LeftColumn::LeftColumn(const CodePage& codePage, const LocaleFormats& locale,
       Label19(makeBookLabel("Label19", "White Pages", this)),
       bookKeys_(new ToolStrip(QStringLiteral("PhonebookToolbar"), phonebookToolbar(), this)),
       List1(new EntryList(codePage, this)) {
-    setFixedWidth(kWidth);
+    setFixedWidth(kColumnWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(12);

@@ -11,7 +11,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kWidth = 88;
+constexpr int kRailWidth = 88;
 
 struct PaneLook {
     Pane pane;
@@ -32,7 +32,7 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     setObjectName(QStringLiteral("Rail"));
     setProperty("role", "rail");
     setAttribute(Qt::WA_StyledBackground);
-    setFixedWidth(kWidth);
+    setFixedWidth(kRailWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 10, 5, 10);
     layout->setSpacing(6);

@@ -6,16 +6,13 @@
 #include <QToolButton>
 
 #include "platform/qt/Icons.h"
+#include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
 constexpr int kKeySize = 32;
 constexpr int kIconSize = 20;
-
-QString latin(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QFrame* makeSeparator(QWidget* parent) {
     auto* separator = new QFrame(parent);

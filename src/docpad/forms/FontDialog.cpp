@@ -36,7 +36,7 @@ QLabel* makeLabel(const QString& caption, QWidget* buddy) {
     return label;
 }
 
-QPushButton* makeButton(const char* name, const QString& caption, QWidget* parent) {
+QPushButton* makeFooterButton(const char* name, const QString& caption, QWidget* parent) {
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
@@ -51,11 +51,11 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
       codePage_(codePage),
       families_(new QListWidget(this)),
       size_(new QDoubleSpinBox(this)),
-      colourButton_(makeButton("colour", tr("C&olor..."), this)),
-      ownColourButton_(makeButton("ownColour", tr("&Default Color"), this)),
+      colourButton_(makeFooterButton("colour", tr("C&olor..."), this)),
+      ownColourButton_(makeFooterButton("ownColour", tr("&Default Color"), this)),
       sample_(new QLabel(tr("AaBbYyZz 0123456789"), this)),
-      ok_(makeButton("ok", tr("Ok"), this)),
-      cancel_(makeButton("cancel", tr("Cancel"), this)) {
+      ok_(makeFooterButton("ok", tr("Ok"), this)),
+      cancel_(makeFooterButton("cancel", tr("Cancel"), this)) {
     setObjectName(QStringLiteral("FontDialog"));
     setWindowTitle(tr("Font"));
     families_->setObjectName(QStringLiteral("families"));

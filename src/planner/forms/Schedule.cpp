@@ -54,7 +54,6 @@ Schedule::Schedule(ScheduleTimes& times, QWidget* parent)
     Command2->setProperty("role", "primary");
     Command2->setDefault(true);
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setAutoDefault(false);
 
     auto* questions = new QVBoxLayout;
     questions->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

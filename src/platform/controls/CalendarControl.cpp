@@ -55,6 +55,8 @@ void CalendarControl::setDate(std::string_view text) {
 }
 
 void CalendarControl::setDate(year_month_day date) {
+    if (model_.contains(date))
+        emit beforeSelection();
     updateDate(model_.date());
     model_.setDate(date);
     showChosen();

@@ -53,6 +53,9 @@ class CalendarControl : public QWidget, public AccessibleParts {
     [[nodiscard]] virtual QRect dateRect(std::chrono::year_month_day date) const = 0;
 
   signals:
+    // A date is about to be chosen, and Date() still gives the former one: the last moment to store
+    // what belongs to it. However the date is chosen, this comes first.
+    void beforeSelection();
     // A date was chosen: by setDate(), pointer or keys.
     void selectionChanged(const std::string& dateText);
     void focusEntered();

@@ -140,8 +140,11 @@ void PadEdit::replaceSelection(std::string_view bytes) {
 void PadEdit::setInk(const std::optional<QColor>& colour) {
     ink_ = colour;
     // A style sheet of the application wins over the palette, so the colour goes the same way.
+    // Setting one takes the font away that the box was given.
+    const QFont given = font();
     setStyleSheet(colour ? QStringLiteral("QPlainTextEdit { color: %1 }").arg(colour->name())
                          : QString());
+    setFont(given);
 }
 
 void PadEdit::setWideMargins(bool wide) {

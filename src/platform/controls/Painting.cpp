@@ -1,9 +1,9 @@
 #include "platform/controls/Painting.h"
 
-#include <QPaintDevice>
 #include <QPainter>
 #include <QPen>
 #include <QPolygonF>
+#include <QTransform>
 #include <cmath>
 
 namespace velmora {
@@ -23,9 +23,9 @@ class Smooth {
     QPainter& painter_;
 };
 
-qreal onPixel(const QPainter& painter, qreal value) {
-    const qreal ratio = painter.device()->devicePixelRatio();
-    return std::round(value * ratio) / ratio;
+// Rounds a coordinate to whole pixels of the device, where `scale` and `offset` lead.
+qreal onPixel(qreal value, qreal scale, qreal offset) {
+    return (std::round(value * scale + offset) - offset) / scale;
 }
 
 }  // namespace
@@ -41,8 +41,13 @@ QFont sized(QFont font, qreal points, QFont::Weight weight) {
 }
 
 QRectF onPixels(const QPainter& painter, const QRectF& rect) {
-    return {QPointF(onPixel(painter, rect.left()), onPixel(painter, rect.top())),
-            QPointF(onPixel(painter, rect.right()), onPixel(painter, rect.bottom()))};
+    // Not the device's ratio alone: a widget may begin between two pixels.
+    const QTransform& to = painter.deviceTransform();
+    const auto corner = [&to](const QPointF& point) {
+        return QPointF(onPixel(point.x(), to.m11(), to.dx()),
+                       onPixel(point.y(), to.m22(), to.dy()));
+    };
+    return {corner(rect.topLeft()), corner(rect.bottomRight())};
 }
 
 void drawHorizontal(QPainter& painter, qreal left, qreal right, qreal y, const QColor& colour) {
@@ -58,7 +63,7 @@ void drawDotted(QPainter& painter, qreal left, qreal right, qreal y, const QColo
     pen.setCapStyle(Qt::FlatCap);
     pen.setDashPattern({1, 1});
     painter.setPen(pen);
-    const qreal middle = onPixel(painter, y) + 0.5;
+    const qreal middle = onPixels(painter, QRectF(left, y, 0, 0)).top() + 0.5;
     painter.drawLine(QPointF(left, middle), QPointF(right, middle));
 }
 

@@ -227,9 +227,9 @@ QString SSDay::shownTime(minutes time) const {
     return shortTime(writeTime(time));
 }
 
-QRect SSDay::reachOf(const PlacedBlock& place) const {
+QRect SSDay::reachOf(const DayGeometry& geometry, const PlacedBlock& place) {
     const int overhang = DayPainter::kBarOverhang;
-    return geometryNow().blockRect(place).adjusted(-1, -overhang, 1, overhang);
+    return geometry.blockRect(place).adjusted(-1, -overhang, 1, overhang);
 }
 
 QRect SSDay::blockRect(int index) const {

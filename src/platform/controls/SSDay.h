@@ -166,6 +166,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     // A block drawn before, good as long as it would look the same.
     struct Drawn {
         QPixmap pixmap;
+        QPointF fraction;  // of a pixel, at which the block begins in it
         ShownBlock shown;
     };
     struct Hit {
@@ -186,7 +187,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     [[nodiscard]] QString shownTimes(const DayTask& task) const;
     [[nodiscard]] QString shownTime(std::chrono::minutes time) const;
     // Where a block paints, its bars included.
-    [[nodiscard]] QRect reachOf(const PlacedBlock& place) const;
+    [[nodiscard]] static QRect reachOf(const DayGeometry& geometry, const PlacedBlock& place);
     [[nodiscard]] PlacedBlock draggedPlace() const;
     [[nodiscard]] const Block* firstByTime() const;
     void placeScrollBar();
@@ -198,8 +199,9 @@ class SSDay final : public QWidget, public AccessibleParts {
     [[nodiscard]] DayPainter::Look look() const;
     void paintFrame(QPainter& painter) const;
     void paintPaper(QPainter& painter, const QRect& area) const;
-    void paintBlocks(QPainter& painter, const DayPainter& paint, const QRect& area) const;
-    void paintBlock(QPainter& painter, const DayPainter& paint, DayTasks::Id id,
+    void paintBlocks(QPainter& painter, const DayPainter& paint, const DayGeometry& geometry,
+                     const QRect& area) const;
+    void paintBlock(QPainter& painter, const DayPainter& paint, const QRect& rect, DayTasks::Id id,
                     const ShownBlock& block) const;
     void paintOverlays(const DayPainter& paint) const;
 

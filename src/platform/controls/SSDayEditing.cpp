@@ -162,7 +162,7 @@ void SSDay::dragTo(QPoint point) {
         return;
     const auto touched = [this] {
         const DayGeometry geometry = geometryNow();
-        update(reachOf(draggedPlace()));
+        update(reachOf(geometry, draggedPlace()));
         for (const minutes edge : {drag_->now.begin, drag_->now.end})
             update(DayPainter::gutterTimeRect(geometry, edge));
     };

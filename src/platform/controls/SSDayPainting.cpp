@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
-#include <cmath>
 
 #include "platform/controls/Painting.h"
 #include "platform/controls/SSDay.h"
@@ -22,7 +21,7 @@ constexpr qreal kFrameRadius = 8;
 
 void SSDay::updateBlock(int index) {
     if (index >= 0 && index < static_cast<int>(blocks().size()))
-        update(reachOf(blocks_[static_cast<std::size_t>(index)].shown.place));
+        update(reachOf(geometryNow(), blocks_[static_cast<std::size_t>(index)].shown.place));
 }
 
 void SSDay::updateSlot() {
@@ -97,17 +96,18 @@ void SSDay::paintPaper(QPainter& painter, const QRect& area) const {
     const DayPainter::Look look = this->look();
     const DayPainter paint(painter, geometry, look);
     paint.paper(area);
-    paintBlocks(painter, paint, area);
+    paintBlocks(painter, paint, geometry, area);
     paintOverlays(paint);
 }
 
-void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const QRect& area) const {
+void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const DayGeometry& geometry,
+                        const QRect& area) const {
     const int dragged = drag_ && drag_->begun ? tasks_.indexOf(drag_->id) : -1;
     const int selected = SelectedIndex();
     std::vector<ShownBlock> strong;
     for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
         const Block& known = blocks_[static_cast<std::size_t>(i)];
-        if (!area.intersects(reachOf(i == dragged ? draggedPlace() : known.shown.place)))
+        if (!area.intersects(reachOf(geometry, i == dragged ? draggedPlace() : known.shown.place)))
             continue;
         ShownBlock block = known.shown;
         block.selected = i == selected;
@@ -116,9 +116,9 @@ void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const QRect&
             block.place = draggedPlace();
             block.times =
                 shownTime(drag_->now.begin) + DayPainter::dash() + shownTime(drag_->now.end);
-            paint.block(block, geometryNow().blockRect(block.place));
+            paint.block(block, geometry.blockRect(block.place));
         } else {
-            paintBlock(painter, paint, known.id, block);
+            paintBlock(painter, paint, geometry.blockRect(block.place), known.id, block);
         }
         if ((block.selected || block.hovered) && !edit_ && !readOnly_)
             strong.push_back(block);
@@ -128,30 +128,35 @@ void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const QRect&
 }
 
 // Blocks are drawn once and then copied: shaping their texts is most of the work of a full day.
-void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, DayTasks::Id id,
-                       const ShownBlock& block) const {
-    const QRect rect = geometryNow().blockRect(block.place);
-    const qreal ratio = painter.device()->devicePixelRatio();
-    const bool wholePixels = std::floor(ratio) == ratio;
-    if (!wholePixels) {
+// A copy lands on whole pixels, so at a scale like 1.5 it is good only where a block begins at the
+// same fraction of a pixel as the one that was drawn.
+void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, const QRect& rect,
+                       DayTasks::Id id, const ShownBlock& block) const {
+    const QTransform toDevice = painter.deviceTransform();
+    if (toDevice.type() > QTransform::TxScale || toDevice.m11() != toDevice.m22()) {
         paint.block(block, rect);
         return;
     }
+    const qreal scale = toDevice.m11();
+    const QRectF onDevice = toDevice.mapRect(QRectF(rect));
+    const QRect pixels = onDevice.toAlignedRect();
+    const QPointF fraction = onDevice.topLeft() - pixels.topLeft();
     Drawn& drawn = drawn_[id];
-    const bool fits = drawn.pixmap.size() == rect.size() * ratio &&
+    const bool fits = drawn.pixmap.size() == pixels.size() && drawn.fraction == fraction &&
                       drawn.shown.selected == block.selected &&
                       drawn.shown.hovered == block.hovered && drawn.shown.text == block.text &&
                       drawn.shown.times == block.times;
     if (!fits) {
-        drawn = {QPixmap(rect.size() * ratio), block};
-        drawn.pixmap.setDevicePixelRatio(ratio);
+        drawn = {QPixmap(pixels.size()), fraction, block};
+        drawn.pixmap.setDevicePixelRatio(scale);
         drawn.pixmap.fill(Qt::transparent);
         QPainter onPixmap(&drawn.pixmap);
+        onPixmap.translate(fraction / scale);
         const DayGeometry geometry = geometryNow();
         const DayPainter::Look look = this->look();
         DayPainter(onPixmap, geometry, look).block(block, QRect(QPoint(0, 0), rect.size()));
     }
-    painter.drawPixmap(rect.topLeft(), drawn.pixmap);
+    painter.drawPixmap(toDevice.inverted().map(QPointF(pixels.topLeft())), drawn.pixmap);
 }
 
 void SSDay::paintOverlays(const DayPainter& paint) const {

@@ -63,6 +63,16 @@ void StepperArrows::mousePressEvent(QMouseEvent* event) {
 }
 
 void StepperArrows::mouseReleaseEvent(QMouseEvent*) {
+    letGo();
+}
+
+// Whoever closes the form while an arrow is held down never tells of the release.
+void StepperArrows::hideEvent(QHideEvent* event) {
+    letGo();
+    QAbstractSlider::hideEvent(event);
+}
+
+void StepperArrows::letGo() {
     repeat_.stop();
     direction_ = 0;
     update();

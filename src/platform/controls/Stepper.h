@@ -30,9 +30,11 @@ class StepperArrows final : public QAbstractSlider {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void step();
+    void letGo();
 
     KeyboardFocus focus_;
     QBasicTimer repeat_;

@@ -1,0 +1,71 @@
+#include "app/AccessoriesRoom.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QKeyEvent>
+
+#include "core/HelpTopics.h"
+
+namespace velmora {
+namespace {
+
+std::string helpIndexText() {
+    QFile file(QStringLiteral(":/help/index.txt"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+bool isHelpKey(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
+}
+
+}  // namespace
+
+AccessoriesRoom::AccessoriesRoom(World& world, Calendar& calendar)
+    : world_(world),
+      calendar_(calendar),
+      calculator_(
+          world.messages, [this](const std::string& text) { endAfter(text); }, &calendar),
+      about_(&calendar),
+      helpIndex_(world.codePage.fromUtf8(helpIndexText()), world.codePage),
+      helpWindow_(helpIndex_, world.codePage) {
+    // Outside programs can not be started yet.
+    about_.setLinksEnabled(false);
+    qApp->installEventFilter(this);
+}
+
+void AccessoriesRoom::bindCommands(CommandSet& commands) {
+    commands.bind("calcmnu", [this] { calculator_.present(); });
+    commands.bind("helpme", [this] { helpAt(kFirstHelpTopic); });
+    commands.bind("abtmnu", [this] { about_.present(); });
+}
+
+void AccessoriesRoom::helpAt(std::string_view topic) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal)
+        return helpWindow_.showTopic(topic);
+    auto* window = modal->findChild<HelpWindow*>();
+    if (!window)
+        window = new HelpWindow(helpIndex_, world_.codePage, modal);
+    window->showTopic(topic);
+}
+
+// The main window has F1 in its menu; here the dialogs get it.
+bool AccessoriesRoom::eventFilter(QObject* watched, QEvent* event) {
+    auto* widget = isHelpKey(*event) ? qobject_cast<QWidget*>(watched) : nullptr;
+    const auto* dialog = widget ? qobject_cast<QDialog*>(widget->window()) : nullptr;
+    if (!dialog)
+        return QObject::eventFilter(watched, event);
+    helpAt(helpTopicOf(dialog->objectName().toStdString()));
+    return true;
+}
+
+void AccessoriesRoom::endAfter(const std::string& utf8Text) {
+    world_.messages.standardError(utf8Text);
+    calendar_.close();
+}
+
+}  // namespace velmora

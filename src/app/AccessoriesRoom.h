@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <string_view>
+
+#include "accessories/forms/Calculator.h"
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/HelpIndex.h"
+#include "core/forms/Calendar.h"
+#include "core/forms/HelpWindow.h"
+#include "core/forms/frmAbout.h"
+
+namespace velmora {
+
+// Builds the calculator, the help and the about box, and connects them with the main window. F1 in
+// a dialog opens the help at the page about it.
+class AccessoriesRoom final : public QObject {
+  public:
+    // All must outlive the room.
+    AccessoriesRoom(World& world, Calendar& calendar);
+
+    void bindCommands(CommandSet& commands);
+
+    // Opens the help at the page of a topic. While a dialog holds the other windows up, the help
+    // belongs to it and closes with it.
+    void helpAt(std::string_view topic);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void endAfter(const std::string& utf8Text);
+
+    World& world_;
+    Calendar& calendar_;
+    Calculator calculator_;
+    frmAbout about_;
+    HelpIndex helpIndex_;
+    HelpWindow helpWindow_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,39 @@
+#include "app/FontRoom.h"
+
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+
+ControlFont CalendarFont::font() const {
+    const QFont font = calendar_.fontOf(target_);
+    return {.name = fromQt(font.family(), codePage_),
+            .size = font.pointSizeF(),
+            .colour = calendar_.colourOf(target_)};
+}
+
+void CalendarFont::setFont(const ControlFont& font) {
+    calendar_.setFont(target_, {.face = font.name, .size = font.size, .colour = font.colour});
+}
+
+FontRoom::FontRoom(World& world, Calendar& calendar)
+    : calendar_(calendar),
+      question_(world.codePage),
+      dayFont_(calendar, FontTarget::DayView, world.codePage),
+      listFont_(calendar, FontTarget::EntryList, world.codePage),
+      // The day view's colour is read at start but never stored.
+      dayCommand_("PlanFont", FontCommand::Keeps::NameAndSize, dayFont_, question_, world.settings),
+      listCommand_("ListFont", FontCommand::Keeps::NameSizeAndColour, listFont_, question_,
+                   world.settings) {}
+
+void FontRoom::bindCommands(CommandSet& commands) {
+    commands.bind("chsfntcal", [this] { dayCommand_.change(); });
+    commands.bind("chsfntvlm", [this] { listCommand_.change(); });
+    commands.bind("FontP", [this] {
+        if (calendar_.dayViewShown())
+            dayCommand_.change();
+        else
+            listCommand_.change();
+    });
+}
+
+}  // namespace velmora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/forms/Calendar.h"
+#include "docpad/ControlFont.h"
+#include "docpad/FontCommand.h"
+#include "docpad/forms/FontDialog.h"
+
+namespace velmora {
+
+// The font of the day view or of the entry list, as the font commands see it.
+class CalendarFont final : public FontHolder {
+  public:
+    CalendarFont(Calendar& calendar, FontTarget target, const CodePage& codePage)
+        : calendar_(calendar), target_(target), codePage_(codePage) {}
+
+    [[nodiscard]] ControlFont font() const override;
+    void setFont(const ControlFont& font) override;
+
+  private:
+    Calendar& calendar_;
+    FontTarget target_;
+    const CodePage& codePage_;
+};
+
+// The commands that choose the fonts of the planner and of the entry list.
+class FontRoom {
+  public:
+    // Both must outlive the room.
+    FontRoom(World& world, Calendar& calendar);
+
+    void bindCommands(CommandSet& commands);
+
+  private:
+    Calendar& calendar_;
+    QtFontQuestion question_;
+    CalendarFont dayFont_;
+    CalendarFont listFont_;
+    FontCommand dayCommand_;
+    FontCommand listCommand_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,39 @@
+#include "core/HelpTopics.h"
+
+#include <array>
+
+namespace velmora {
+namespace {
+
+struct WindowTopic {
+    std::string_view window;
+    std::string_view topic;
+};
+
+constexpr std::array<WindowTopic, 8> kWindows{{
+    {"AddForm", "add-entry"},
+    {"Form4", "search"},
+    {"Other", "associates"},
+    {"Schedule", "scheduling"},
+    {"TextSearch", "docpad-search"},
+    {"FontDialog", "fonts"},
+    {"Calculator", "calculator"},
+    {"HelpWindow", "help"},
+}};
+
+constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};
+
+}  // namespace
+
+std::string_view helpTopicOf(std::string_view windowName) {
+    for (const WindowTopic& row : kWindows)
+        if (row.window == windowName)
+            return row.topic;
+    return kFirstHelpTopic;
+}
+
+std::string_view helpTopicOf(Pane pane) {
+    return kPanes[static_cast<std::size_t>(pane)];
+}
+
+}  // namespace velmora

@@ -1,0 +1,31 @@
+#include "core/HelpTopics.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+TEST(HelpTopics, EachWindowHasItsPage) {
+    EXPECT_EQ("add-entry", helpTopicOf("AddForm"));
+    EXPECT_EQ("search", helpTopicOf("Form4"));
+    EXPECT_EQ("associates", helpTopicOf("Other"));
+    EXPECT_EQ("scheduling", helpTopicOf("Schedule"));
+    EXPECT_EQ("docpad-search", helpTopicOf("TextSearch"));
+    EXPECT_EQ("fonts", helpTopicOf("FontDialog"));
+    EXPECT_EQ("calculator", helpTopicOf("Calculator"));
+    EXPECT_EQ("help", helpTopicOf("HelpWindow"));
+}
+
+TEST(HelpTopics, OtherWindowsHaveTheFirstPage) {
+    EXPECT_EQ("welcome", helpTopicOf("MessageBox"));
+    EXPECT_EQ("welcome", helpTopicOf(""));
+}
+
+TEST(HelpTopics, EachPaneHasItsPage) {
+    EXPECT_EQ("planner", helpTopicOf(Pane::Planner));
+    EXPECT_EQ("phonebook", helpTopicOf(Pane::Phonebook));
+    EXPECT_EQ("dialer", helpTopicOf(Pane::Dialer));
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,249 @@
+#include "core/forms/Calendar.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <set>
+
+#include "core/CommandTable.h"
+#include "core/forms/CommandMenus.h"
+#include "core/forms/DialerPage.h"
+#include "core/forms/DocPadColumn.h"
+#include "core/forms/LeftColumn.h"
+#include "core/forms/PhonebookPage.h"
+#include "core/forms/PlannerPage.h"
+#include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
+#include "core/forms/ToolStrip.h"
+#include "platform/controls/EntryCard.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/Keypad.h"
+#include "platform/controls/LetterTabs.h"
+#include "platform/controls/PadEdit.h"
+#include "platform/controls/PaneButton.h"
+#include "platform/controls/SSDay.h"
+#include "platform/controls/SSMonth.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+class CalendarTest : public testing::Test {
+  protected:
+    CalendarTest() {
+        calendar.resize(1180, 760);
+        calendar.show();
+        calendar.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&calendar));
+    }
+
+    LocaleFormats locale;
+    Calendar calendar{CodePage::western(),
+                      locale,
+                      std::chrono::year(2026) / 3 / 12,
+                      {new SSDay(CodePage::western()), new PadEdit(CodePage::western())}};
+};
+
+TEST_F(CalendarTest, BeginsWithThePlannerAndADisabledList) {
+    EXPECT_EQ(calendar.windowTitle(), "Velmora");
+    EXPECT_TRUE(calendar.dayViewShown());
+    EXPECT_FALSE(calendar.leftColumn().list()->isEnabled());
+    EXPECT_TRUE(calendar.leftColumn().month()->isVisible());
+    EXPECT_FALSE(calendar.leftColumn().yellowLabel()->isVisible());
+    EXPECT_FALSE(calendar.leftColumn().whiteLabel()->isVisible());
+    EXPECT_TRUE(calendar.rail().paneButton(Pane::Planner)->raised());
+    EXPECT_EQ(calendar.docPadCaption(), "DocPad");
+    auto* hidden = calendar.findChild<QCheckBox*>("Check1");
+    ASSERT_NE(hidden, nullptr);
+    EXPECT_FALSE(hidden->isVisible());
+    EXPECT_EQ(hidden->text(), "Don't Delete -- Required");
+}
+
+TEST_F(CalendarTest, LabelsAndButtonsHaveTheirCaptions) {
+    EXPECT_EQ(calendar.leftColumn().yellowLabel()->text(), "Yellow Pages");
+    EXPECT_EQ(calendar.leftColumn().whiteLabel()->text(), "White Pages");
+    EXPECT_EQ(calendar.leftColumn().yearButton()->text(), "Yea&r");
+    EXPECT_EQ(calendar.phonebookPage().mailButton()->text(), "&E-Mail");
+    EXPECT_EQ(calendar.phonebookPage().webButton()->text(), "&Web");
+    EXPECT_EQ(calendar.phonebookPage().fileButton()->text(), "Open &File");
+    EXPECT_EQ(calendar.dialerPage().sendButton()->text(), "&Send");
+    EXPECT_EQ(calendar.dialerPage().hangUpButton()->text(), "&Hang Up");
+    EXPECT_EQ(calendar.dialerPage().backButton()->text(), "&Back");
+    EXPECT_EQ(calendar.dialerPage().clearButton()->text(), "&Clear All");
+    EXPECT_EQ(calendar.dialerPage().externalButton()->text(), "&External Dialer");
+    EXPECT_EQ(calendar.docPad().growButton()->toolTip(), "Maximize DocPad");
+    EXPECT_EQ(calendar.docPad().shrinkButton()->toolTip(), "Minimize DocPad");
+}
+
+TEST_F(CalendarTest, TheMenuBarIsTheTreeOfCommands) {
+    for (const MenuRow& row : menuTree()) {
+        if (isSeparator(row) || isHead(row))
+            continue;
+        QAction* item = calendar.menus().item(row.name);
+        ASSERT_NE(item, nullptr) << row.name;
+        EXPECT_EQ(item->text(), latin(row.caption));
+        EXPECT_EQ(item->isCheckable(), row.checkable);
+    }
+    QStringList bar;
+    for (const QAction* head : calendar.menuBar()->actions())
+        bar << head->text();
+    EXPECT_EQ(bar, (QStringList{"&File", "&Edit", "F&ont", "&Planner", "P&honebook", "&Dialer",
+                                "&Calculator", "&Alarm", "&Task List", "&Help"}));
+}
+
+TEST_F(CalendarTest, AMenuItemAndItsKeyReportTheSameCommand) {
+    std::vector<std::string> chosen;
+    QObject::connect(&calendar.menus(), &CommandMenus::chosen,
+                     [&](const MenuRow& row) { chosen.emplace_back(row.name); });
+    QObject::connect(&calendar.mainKeys(), &ToolStrip::chosen,
+                     [&](const ToolRow& row) { chosen.emplace_back(row.command); });
+    calendar.menus().item("savmnu")->trigger();
+    QTest::mouseClick(calendar.mainKeys().button("Save"), Qt::LeftButton);
+    EXPECT_EQ(chosen, (std::vector<std::string>{"savmnu", "savmnu"}));
+}
+
+TEST_F(CalendarTest, TheCommandAloneDecidesAboutTheTick) {
+    calendar.menus().item("twentyfourhr")->trigger();
+    EXPECT_FALSE(calendar.twentyFourHourTick());
+    calendar.setTwentyFourHourTick(true);
+    calendar.menus().item("twentyfourhr")->trigger();
+    EXPECT_TRUE(calendar.twentyFourHourTick());
+}
+
+TEST_F(CalendarTest, AFlipOfTheHiddenBoxIsHeardBeforeItReturns) {
+    int flips = 0;
+    QObject::connect(&calendar, &Calendar::check1Flipped, [&] { ++flips; });
+    calendar.flipCheck1();
+    EXPECT_EQ(flips, 1);
+    calendar.flipCheck1();
+    EXPECT_EQ(flips, 2);
+}
+
+TEST_F(CalendarTest, DocPadIsNarrowInItsColumnAndWideWhenItFillsTheWindow) {
+    EXPECT_LT(calendar.docPadBox().width, 8000);
+    calendar.fillWithDocPad();
+    EXPECT_GE(calendar.docPadBox().width, 9600);
+    EXPECT_TRUE(calendar.text().hasFocus());
+    EXPECT_FALSE(calendar.leftColumn().isVisible());
+    calendar.putDocPadBack({});
+    EXPECT_LT(calendar.docPadBox().width, 8000);
+    EXPECT_TRUE(calendar.leftColumn().isVisible());
+}
+
+TEST_F(CalendarTest, OnAWideScreenTheSurplusGoesToThePane) {
+    calendar.resize(1920, 1080);
+    QCoreApplication::processEvents();
+    EXPECT_LT(calendar.docPadBox().width, 8000);
+    EXPECT_EQ(calendar.docPad().width(), 520);
+}
+
+TEST_F(CalendarTest, NothingIsClippedAtTheSmallestSize) {
+    calendar.resize(calendar.minimumSize());
+    for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer}) {
+        calendar.raisePaneButton(pane);
+        QCoreApplication::processEvents();
+        for (const auto* button : calendar.findChildren<QAbstractButton*>())
+            if (button->isVisible()) {
+                const int text = button->fontMetrics().horizontalAdvance(button->text());
+                EXPECT_GE(button->width(), text) << button->objectName().toStdString();
+                const QRect place(button->mapTo(&calendar, QPoint(0, 0)), button->size());
+                EXPECT_TRUE(calendar.rect().contains(place)) << button->objectName().toStdString();
+            }
+    }
+}
+
+TEST_F(CalendarTest, EveryControlThatTakesTheFocusHasANameToBeSpoken) {
+    for (const auto* widget : calendar.findChildren<QWidget*>()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const QString name =
+            button && !button->text().isEmpty() ? button->text() : widget->accessibleName();
+        const bool isCard = widget == calendar.phonebookPage().card();  // named by its text
+        EXPECT_TRUE(isCard || !name.isEmpty())
+            << widget->objectName().toStdString() << " " << widget->metaObject()->className();
+    }
+}
+
+TEST_F(CalendarTest, TheTabKeyVisitsTheControlsInReadingOrder) {
+    calendar.setControlState(PaneControl::List1, ControlState::Enabled);
+    calendar.raisePaneButton(Pane::Phonebook);
+    calendar.leftColumn().month()->setFocus();
+    QStringList visited;
+    std::set<QWidget*> seen;
+    while (seen.insert(QApplication::focusWidget()).second && seen.size() < 200) {
+        visited << QApplication::focusWidget()->objectName();
+        const bool text = QApplication::focusWidget() == &calendar.text();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab,
+                        text ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    const QStringList order{"SSMonth1",
+                            "Command1",
+                            "PhonebookToolbar_Yellow",
+                            "PhonebookToolbar_White",
+                            "List1",
+                            "VLMToolbar_New",
+                            "Label17",
+                            "Command3",
+                            "Command4",
+                            "TButtonMove",
+                            "Text4",
+                            "Toolbar3",
+                            "MainToolbar_Save",
+                            "MainToolbar_Exit",
+                            "Picture1_0",
+                            "Picture1_2"};
+    qsizetype last = -1;
+    for (const QString& name : order) {
+        const qsizetype at = visited.indexOf(name);
+        EXPECT_GT(at, last) << name.toStdString() << " in " << visited.join(" ").toStdString();
+        last = at;
+    }
+}
+
+TEST_F(CalendarTest, AFontIsAppliedPieceByPiece) {
+    calendar.setFont(FontTarget::DocPad, {.face = "Liberation Mono", .size = {}, .colour = 255});
+    EXPECT_EQ(calendar.text().font().families(), QStringList("Liberation Mono"));
+    EXPECT_EQ(calendar.text().ink(), QColor(255, 0, 0));
+    const double size = calendar.leftColumn().list()->font().pointSizeF();
+    calendar.setFont(FontTarget::EntryList, {.face = {}, .size = 12.0, .colour = 0x00FF00});
+    EXPECT_NE(size, 12.0);
+    EXPECT_EQ(calendar.leftColumn().list()->font().pointSizeF(), 12.0);
+    EXPECT_EQ(calendar.leftColumn().list()->palette().color(QPalette::Active, QPalette::Text),
+              QColor(0, 255, 0));
+    calendar.setFont(FontTarget::DayView, {.face = {}, .size = {}, .colour = 0xFF0000});
+    EXPECT_EQ(calendar.day().textColor(), QColor(0, 0, 255));
+    calendar.setFont(FontTarget::DocPad, {.face = {}, .size = 0.0, .colour = -1});
+    EXPECT_EQ(calendar.text().ink(), std::nullopt);
+}
+
+TEST_F(CalendarTest, TheStatusTextStaysUntilTheNextOne) {
+    calendar.status().show("Click a letter.");
+    QTest::mouseMove(&calendar, QPoint(600, 400));
+    EXPECT_EQ(calendar.status().text(), "Click a letter.");
+    calendar.status().show("");
+    EXPECT_EQ(calendar.status().text(), "");
+}
+
+TEST_F(CalendarTest, ARefusedCloseKeepsTheWindow) {
+    bool may = false;
+    int closings = 0;
+    calendar.onCloseRequest([&] { return may; });
+    QObject::connect(&calendar, &Calendar::closing, [&] { ++closings; });
+    calendar.close();
+    EXPECT_TRUE(calendar.isVisible());
+    EXPECT_EQ(closings, 0);
+    may = true;
+    calendar.close();
+    EXPECT_FALSE(calendar.isVisible());
+    EXPECT_EQ(closings, 1);
+}
+
+}  // namespace
+}  // namespace velmora
