@@ -12,6 +12,7 @@ nothing passed.
 """
 
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -75,7 +76,8 @@ def cases_of(program):
     """All cases of a GoogleTest program by name, or None when it can not be asked."""
     try:
         done = subprocess.run([program, "--gtest_list_tests"], capture_output=True, text=True,
-                              timeout=60, check=True)
+                              timeout=60, check=True,
+                              env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
     except (OSError, subprocess.SubprocessError):
         return None
     suite, cases = "", []

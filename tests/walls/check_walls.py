@@ -125,12 +125,6 @@ def wall_violations(root):
             why = include_violation(source, folder, quoted, name)
             if why:
                 yield f"src/{relative}:{line}: includes {name}: {why}"
-    # What all tests share is used by the tests of logic too.
-    for path in sorted((root / "tests" / "support").glob("*")):
-        if path.suffix in SOURCES:
-            for line, _, name in includes(path.read_text(encoding="utf-8")):
-                if QT_HEADER.match(name):
-                    yield f"tests/support/{path.name}:{line}: includes {name}: no Qt here"
 
 
 def word_violations(root):

@@ -87,9 +87,6 @@ class Walls(TreeTest):
         self.write("src/core/A.cpp", "int a;\n\n  #  include   <QString>\n")
         self.assertEqual(["src/core/A.cpp:3: includes QString: no Qt here"], violations(self.root))
 
-    def test_what_the_tests_share_does_not_include_qt(self):
-        self.assertEqual(1, len(self.including("tests/support/FakeClock.h", "<QTimer>")))
-
 
 class Words(TreeTest):
     def test_each_forbidden_word_is_found(self):
