@@ -44,6 +44,9 @@ Program::Program()
                [this](const std::string& text) { endAfter(text); }),
       fonts_(world_, calendar_),
       accessories_(world_, calendar_),
+      search_(
+          world_, state_, calendar_, store_, letters_, [this] { calendar_.flipCheck1(); },
+          [this](const std::string& topic) { accessories_.helpAt(topic); }),
       startUp_(state_, calendar_, world_.settings, clockLine_, tray_, world_.clock, world_.locale,
                {.watchMenus = [this] { connectStatusHelp(); },
                 .showLetterA = [this] { letters_.LetterClick(0); },
@@ -87,6 +90,7 @@ void Program::bindCommands() {
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
     accessories_.bindCommands(commands_);
+    search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };

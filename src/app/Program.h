@@ -6,6 +6,7 @@
 #include "app/EntryForms.h"
 #include "app/FontRoom.h"
 #include "app/PlannerRoom.h"
+#include "app/SearchRoom.h"
 #include "app/World.h"
 #include "core/ClockLine.h"
 #include "core/CloseDown.h"
@@ -74,6 +75,7 @@ class Program {
     PlannerRoom planner_;
     FontRoom fonts_;
     AccessoriesRoom accessories_;
+    SearchRoom search_;
 
     StartUp startUp_;
     CloseDown closeDown_;
