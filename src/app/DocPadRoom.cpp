@@ -24,8 +24,7 @@ bool DroppedLine::available() const {
 }
 
 DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries)
-    : world_(world),
-      calendar_(calendar),
+    : calendar_(calendar),
       text_(calendar.text()),
       view_(calendar),
       dialog_(world.messages),

@@ -70,7 +70,6 @@ class DocPadRoom {
   private:
     void connect();
 
-    World& world_;
     Calendar& calendar_;
     PadEditText text_;
     CalendarDocPadView view_;
