@@ -12,20 +12,39 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
                        const PhonebookStore& store, LetterView& letters,
                        std::function<void()> flipCheck1,
                        std::function<void(const std::string& topic)> openHelp)
-    : pane_(calendar),
-      searchForm_({state, world.settings, store, letters, world.messages, calendar.status(),
-                   world.loop, std::move(flipCheck1)},
-                  world.codePage, &calendar),
-      associatesForm_(store, pane_, calendar.status(), world.messages, &calendar) {
-    QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked,
-                     &associatesForm_, [this] { associatesForm_.findOthers(); });
-    QObject::connect(
-        &searchForm_, &Form4::helpWanted, &searchForm_,
-        [openHelp = std::move(openHelp)](const QString& topic) { openHelp(topic.toStdString()); });
+    : world_(world),
+      state_(state),
+      calendar_(calendar),
+      store_(store),
+      letters_(letters),
+      flipCheck1_(std::move(flipCheck1)),
+      openHelp_(std::move(openHelp)),
+      pane_(calendar) {
+    QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked, &calendar,
+                     [this] { associatesForm().findOthers(); });
 }
 
 void SearchRoom::bindCommands(CommandSet& commands) {
-    commands.bind("searchi", [this] { searchForm_.present(); });
+    commands.bind("searchi", [this] { searchForm().present(); });
+}
+
+Form4& SearchRoom::searchForm() {
+    if (!searchForm_) {
+        searchForm_ = std::make_unique<Form4>(
+            DatabaseSearchParts{state_, world_.settings, store_, letters_, world_.messages,
+                                calendar_.status(), world_.loop, flipCheck1_},
+            world_.codePage, &calendar_);
+        QObject::connect(searchForm_.get(), &Form4::helpWanted, searchForm_.get(),
+                         [this](const QString& topic) { openHelp_(topic.toStdString()); });
+    }
+    return *searchForm_;
+}
+
+Other& SearchRoom::associatesForm() {
+    if (!associatesForm_)
+        associatesForm_ =
+            std::make_unique<Other>(store_, pane_, calendar_.status(), world_.messages, &calendar_);
+    return *associatesForm_;
 }
 
 }  // namespace velmora

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/CalendarPhonebookPane.h"
@@ -28,9 +29,20 @@ class SearchRoom {
     void bindCommands(CommandSet& commands);
 
   private:
+    // The forms are made when they are first asked for.
+    [[nodiscard]] Form4& searchForm();
+    [[nodiscard]] Other& associatesForm();
+
+    World& world_;
+    SharedState& state_;
+    Calendar& calendar_;
+    const PhonebookStore& store_;
+    LetterView& letters_;
+    std::function<void()> flipCheck1_;
+    std::function<void(const std::string& topic)> openHelp_;
     CalendarPhonebookPane pane_;
-    Form4 searchForm_;
-    Other associatesForm_;
+    std::unique_ptr<Form4> searchForm_;
+    std::unique_ptr<Other> associatesForm_;
 };
 
 }  // namespace velmora

@@ -31,10 +31,11 @@ int runVelmora(int argc, char** argv) {
     TestIds testIds;
     if (TestIds::wanted())
         application.installEventFilter(&testIds);
-    applyTheme(application);
+    applyLook();
     registerCalendarAccessibility();
     try {
         Program program;
+        applyStyleSheet(application);
         application.setOrderlyEnd([&program] { program.close(); });
         quitAfterFirstPaintIfWanted(program);
         program.start();

@@ -70,8 +70,6 @@ QWidget* LeftColumn::makeMonthCard() {
     layout->setContentsMargins(8, 9, 8, 6);
     layout->addWidget(SSMonth1, 0, 0);
     layout->addWidget(Command1, 0, 0, Qt::AlignTop | Qt::AlignRight);
-    Command1->ensurePolished();
-    SSMonth1->setCaptionReserve(Command1->sizeHint().width() + 6);
     return card;
 }
 
@@ -110,6 +108,11 @@ QWidget* LeftColumn::makeListCard() {
     layout->addWidget(header);
     layout->addWidget(List1, 1);
     return card;
+}
+
+void LeftColumn::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    SSMonth1->setCaptionReserve(Command1->sizeHint().width() + 6);
 }
 
 void LeftColumn::showBook(bool whitePages) {

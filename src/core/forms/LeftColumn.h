@@ -32,6 +32,9 @@ class LeftColumn final : public QWidget {
     // Rings the key of the open book.
     void showBook(bool whitePages);
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     [[nodiscard]] QWidget* makeMonthCard();
     [[nodiscard]] QWidget* makeListCard();

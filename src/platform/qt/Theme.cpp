@@ -182,7 +182,7 @@ QString Theme::fill(QString styleSheet) const {
     return styleSheet;
 }
 
-void applyTheme(QApplication& application) {
+void applyLook() {
     const Theme& theme = wantedTheme();
     QApplication::setStyle(new DeskStyle);
     QFont font;
@@ -191,7 +191,16 @@ void applyTheme(QApplication& application) {
     font.setPointSizeF(9.75);
     QApplication::setFont(font);
     QApplication::setPalette(theme.toPalette());
+}
+
+void applyStyleSheet(QApplication& application) {
+    const Theme& theme = Theme::of(QApplication::palette());
     application.setStyleSheet(theme.fill(resourceText(QStringLiteral(":/look.qss"))));
+}
+
+void applyTheme(QApplication& application) {
+    applyLook();
+    applyStyleSheet(application);
 }
 
 }  // namespace velmora

@@ -57,8 +57,16 @@ struct Theme {
     [[nodiscard]] QString fill(QString styleSheet) const;
 };
 
-// Gives the application its style, font, palette and style sheet; the theme is chosen by the
-// platform's own palette.
+// Gives the application its style, font and palette; the theme is chosen by the platform's own
+// palette, or by VELMORA_THEME=light or dark in the environment.
+void applyLook();
+
+// Gives the application its style sheet, in the colours of its palette. A window that is built
+// before is styled once; one that is built after is styled anew each time a part of it moves into
+// another.
+void applyStyleSheet(QApplication& application);
+
+// Both at once.
 void applyTheme(QApplication& application);
 
 }  // namespace velmora
