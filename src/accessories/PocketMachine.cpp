@@ -18,7 +18,7 @@ constexpr const char* kPercent = "%";
 double valueOf(const std::variant<std::string, double>& operand) {
     if (const auto* number = std::get_if<double>(&operand))
         return *number;
-    const std::string& text = std::get<std::string>(operand);
+    const auto& text = std::get<std::string>(operand);
     const double number = readNumber(text);
     // What is typed may have more digits than any number; that reads as 0.
     const std::string whole = text.substr(0, text.find_first_of(".E"));

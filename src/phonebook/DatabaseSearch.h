@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/SettingsStore.h"
@@ -47,8 +48,8 @@ struct DatabaseSearchParts {
 // the letter in use alone.
 class DatabaseSearch {
   public:
-    DatabaseSearch(const DatabaseSearchParts& parts, SearchView& view)
-        : parts_(parts), view_(view) {}
+    DatabaseSearch(DatabaseSearchParts parts, SearchView& view)
+        : parts_(std::move(parts)), view_(view) {}
 
     // The form has been opened.
     void opened();

@@ -1,5 +1,6 @@
 #include "phonebook/EntryCard.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -20,10 +21,8 @@ class Card {
     void endLine() { text_ += kLineEnd; }
 
     [[nodiscard]] bool hasAny(std::initializer_list<Field> fields) const {
-        for (const Field field : fields)
-            if (!record_.isEmpty(field))
-                return true;
-        return false;
+        return std::any_of(fields.begin(), fields.end(),
+                           [this](Field field) { return !record_.isEmpty(field); });
     }
 
     [[nodiscard]] std::string take() { return std::move(text_); }

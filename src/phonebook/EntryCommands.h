@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "phonebook/EntryEditors.h"
 #include "phonebook/EntryFormOpener.h"
@@ -15,9 +16,9 @@ namespace velmora {
 class EntryCommands {
   public:
     // All must outlive the commands.
-    EntryCommands(const EntryEditorParts& parts, PhonebookPane& pane, StatusLine& statusLine,
+    EntryCommands(EntryEditorParts parts, PhonebookPane& pane, StatusLine& statusLine,
                   EntryFormOpener& opener)
-        : parts_(parts), pane_(pane), statusLine_(statusLine), opener_(opener) {}
+        : parts_(std::move(parts)), pane_(pane), statusLine_(statusLine), opener_(opener) {}
 
     // Opens the form for a new entry.
     void newEntry();

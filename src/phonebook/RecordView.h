@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -43,17 +44,12 @@ class RecordView {
 
     // True for a field of blanks and NULs only.
     [[nodiscard]] bool isEmpty(Field field) const {
-        for (const char byte : raw(field))
-            if (byte != ' ' && byte != '\0')
-                return false;
-        return true;
+        return std::ranges::all_of(raw(field),
+                                   [](char byte) { return byte == ' ' || byte == '\0'; });
     }
 
     [[nodiscard]] bool isAllNul(Field field) const {
-        for (const char byte : raw(field))
-            if (byte != '\0')
-                return false;
-        return true;
+        return std::ranges::all_of(raw(field), [](char byte) { return byte == '\0'; });
     }
 
   private:

@@ -49,7 +49,7 @@ Places placesIn(const AccessTable& table) {
             table.fields.begin(), table.fields.end(),
             [&](const AccessField& field) { return sameName(field.name, kColumnNames[i]); });
         if (found == table.fields.end())
-            throw Failure("The table \"appoint\" of the Access database has no column \"" +
+            throw Failure(R"(The table "appoint" of the Access database has no column ")" +
                           std::string(kColumnNames[i]) + "\".");
         places[i] = static_cast<std::size_t>(found - table.fields.begin());
     }
@@ -93,9 +93,9 @@ AppointmentValue converted(Column column, AccessType type, const AppointmentValu
 std::string nameForOriginal(const std::string& path) {
     const std::filesystem::path original(path);
     for (int number = 1;; ++number) {
-        const std::string name = original.stem().string() + ".access-original" +
-                                 (number == 1 ? "" : "-" + std::to_string(number)) +
-                                 original.extension().string();
+        std::string name = original.stem().string() + ".access-original" +
+                           (number == 1 ? "" : "-" + std::to_string(number)) +
+                           original.extension().string();
         if (!identityOf((original.parent_path() / name).string()))
             return name;
     }
@@ -115,7 +115,7 @@ std::string AccessConversion::convert(const std::string& path) {
     try {
         clear();  // what a conversion that was broken off may have left
         copyRows(path, beside);
-        const std::string name = nameForOriginal(path);
+        std::string name = nameForOriginal(path);
         keepUnderSecondName(path, (std::filesystem::path(path).parent_path() / name).string());
         renameOver(beside, path);
         return name;

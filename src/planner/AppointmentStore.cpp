@@ -126,7 +126,8 @@ bool AppointmentStore::FindFirst(std::string_view criterion) {
     if (!found)
         return false;
     toCodePage(*found);
-    rows_.assign(1, std::move(*found));
+    rows_.clear();
+    rows_.push_back(std::move(*found));
     position_ = 0;
     fromFirst_ = false;
     moreBehind_ = true;

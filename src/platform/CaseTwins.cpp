@@ -69,6 +69,7 @@ std::vector<std::string> CaseTwins::twins(const std::string& nativePath) const {
                std::tie(a.changed.tv_sec, a.changed.tv_nsec, a.asSpelt);
     });
     std::vector<std::string> result;
+    result.reserve(found.size());
     for (Twin& twin : found)
         result.push_back(std::move(twin.path));
     return result;

@@ -20,7 +20,7 @@ fs::path userFolder(const char* variable, const char* fallback) {
     fs::path base = named ? named : "";
     if (!base.is_absolute())
         base = fs::path(home ? home : "/") / fallback;
-    const fs::path folder = base / "velmora";
+    fs::path folder = base / "velmora";
     std::error_code error;
     fs::create_directories(folder, error);
     if (!fs::is_directory(folder))

@@ -85,7 +85,7 @@ class Calendar final : public QMainWindow, public MainForm {
     [[nodiscard]] std::string clockText() const override;
     void setDateLine(const std::string& text) override;
     void setLastNumber(const std::string& text) override;
-    void setFont(FontTarget target, const FontChoice& font) override;
+    void setFont(FontTarget target, const FontChoice& choice) override;
     void setCaption(const std::string& text) override;
     void setDocPadCaption(const std::string& text) override;
     [[nodiscard]] std::string docPadCaption() const override;

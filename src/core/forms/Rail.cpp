@@ -66,7 +66,7 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     raiseButton(Pane::Planner);
 }
 
-void Rail::raiseButton(Pane pane) {
+void Rail::raiseButton(Pane pane) const {
     for (const PaneLook& look : kPanes)
         paneButton(look.pane)->setRaised(look.pane == pane);
 }

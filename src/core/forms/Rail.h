@@ -24,7 +24,7 @@ class Rail final : public QWidget {
     }
     [[nodiscard]] TrashCan* trash() const { return Image2; }
 
-    void raiseButton(Pane pane);
+    void raiseButton(Pane pane) const;
 
   signals:
     void paneChosen(velmora::Pane pane);
