@@ -20,7 +20,7 @@ void PadEditFont::setFont(const ControlFont& font) {
     changed.setFamilies({toQt(font.name, codePage_)});
     changed.setPointSizeF(font.size);
     edit_.setFont(changed);
-    const unsigned colour = static_cast<unsigned>(font.colour);
+    const auto colour = static_cast<unsigned>(font.colour);
     if (font.colour < 0)
         edit_.setInk(std::nullopt);
     else

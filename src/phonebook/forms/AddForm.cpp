@@ -425,7 +425,7 @@ QLineEdit* AddForm::boxOf(Field field) const {
 
 void AddForm::showValues(const EntryValues& values) {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
-        const Field field = static_cast<Field>(i);
+        const auto field = static_cast<Field>(i);
         const std::string& value = values[field];
         if (QLineEdit* box = boxOf(field)) {
             box->setText(toQt(value, codePage_));
@@ -440,7 +440,7 @@ void AddForm::showValues(const EntryValues& values) {
 EntryValues AddForm::values() const {
     EntryValues result;
     for (std::size_t i = 0; i < kFieldCount; ++i) {
-        const Field field = static_cast<Field>(i);
+        const auto field = static_cast<Field>(i);
         const QLineEdit* box = boxOf(field);
         result[field] = box ? fromQt(box->text(), codePage_)
                             : withCrLf(fromQt(Text11->toPlainText(), codePage_));

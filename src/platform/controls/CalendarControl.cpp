@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <utility>
+
 #include "platform/controls/Painting.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Theme.h"
@@ -43,9 +45,9 @@ std::optional<DateStep> stepOf(const QKeyEvent& event) {
 
 }  // namespace
 
-CalendarControl::CalendarControl(CalendarModel model, const LocaleFormats& locale,
+CalendarControl::CalendarControl(CalendarModel model, LocaleFormats locale,
                                  const CodePage& codePage, QWidget* parent)
-    : QWidget(parent), model_(std::move(model)), locale_(locale), codePage_(codePage) {
+    : QWidget(parent), model_(std::move(model)), locale_(std::move(locale)), codePage_(codePage) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
 }

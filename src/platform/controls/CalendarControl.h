@@ -62,7 +62,7 @@ class CalendarControl : public QWidget, public AccessibleParts {
     void focusLeft();
 
   protected:
-    CalendarControl(CalendarModel model, const LocaleFormats& locale, const CodePage& codePage,
+    CalendarControl(CalendarModel model, LocaleFormats locale, const CodePage& codePage,
                     QWidget* parent);
 
     // The area of an arrow; `direction` is -1 or 1.

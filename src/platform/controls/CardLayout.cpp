@@ -56,8 +56,11 @@ int breakLines(QTextLayout& layout, qreal width, qreal lineHeight) {
     return count;
 }
 
+// Wider than any line, and within what the layout can count.
+constexpr qreal kEndlessWidth = 1 << 23;
+
 qreal naturalWidth(QTextLayout& layout) {
-    breakLines(layout, std::numeric_limits<int>::max() / 256, 0);
+    breakLines(layout, kEndlessWidth, 0);
     return layout.lineCount() > 0 ? layout.lineAt(0).naturalTextWidth() : 0;
 }
 

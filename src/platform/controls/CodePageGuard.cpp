@@ -109,7 +109,7 @@ bool CodePageGuard::replaceIn(QTextDocument& document) {
 }
 
 // What the user put in ends at the caret; the document may report more than that as changed.
-void CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) {
+void CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) const {
     QTextDocument& document = *edit.document();
     const int caret = edit.textCursor().position();
     int end = std::min(changedAt_ + added_, lengthOf(document));

@@ -37,7 +37,7 @@ class CodePageGuard final : public QObject {
     void breaksToBlanks(QLineEdit& edit);
     void keepText(QPlainTextEdit& edit, int mostBytes);
     bool replaceIn(QTextDocument& document);
-    void cutBefore(QPlainTextEdit& edit, int mostBytes);
+    void cutBefore(QPlainTextEdit& edit, int mostBytes) const;
 
     const CodePage& codePage_;
     int changedAt_ = 0;  // where the last change of the document put text, and how much

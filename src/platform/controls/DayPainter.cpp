@@ -173,7 +173,8 @@ void DayPainter::barAtRest(const QRect& block) const {
         return;
     QColor colour = look_.theme.accent;
     colour.setAlphaF(0.55F);
-    fillRounded(painter_, QRectF(block.center().x() - width / 2, block.bottom() - 1, width, 2), 1,
+    fillRounded(painter_,
+                QRectF(QRect(block.center().x() - width / 2, block.bottom() - 1, width, 2)), 1,
                 colour);
 }
 
@@ -181,8 +182,8 @@ void DayPainter::strongBar(const QRect& block, bool atTop) const {
     const int width = std::min(32, block.width() - 8);
     if (width < 4)
         return;
-    const QRectF rect(block.center().x() - width / 2, atTop ? block.top() - 3 : block.bottom(),
-                      width, 4);
+    const QRectF rect(
+        QRect(block.center().x() - width / 2, atTop ? block.top() - 3 : block.bottom(), width, 4));
     fillRounded(painter_, rect.adjusted(-2, -2, 2, 2), 4, look_.theme.surface);
     fillRounded(painter_, rect, 2, look_.theme.accent);
 }

@@ -52,7 +52,8 @@ PadBytes::PadBytes(const CodePage& codePage) : codePage_(codePage), byteOf_(6553
 
 std::string PadBytes::all(const QTextDocument& document) const {
     std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(document.characterCount() + document.blockCount()));
+    bytes.reserve(static_cast<std::size_t>(document.characterCount()) +
+                  static_cast<std::size_t>(document.blockCount()));
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         if (block.position() > 0)
             bytes += endBefore(block);

@@ -172,6 +172,8 @@ void PadEdit::insertNewLine() {
 void PadEdit::keyPressEvent(QKeyEvent* event) {
     if (leaves(*event)) {
         const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
+        // The base class itself keeps the focus, as Tab types a tab there.
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractScrollArea::focusNextPrevChild(!back);
         return;
     }

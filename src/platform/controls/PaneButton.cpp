@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <utility>
+
 #include "platform/controls/DragFormats.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/Theme.h"
@@ -46,8 +48,8 @@ class Caption final : public QLabel {
 
 }  // namespace
 
-PaneButton::PaneButton(const QString& symbol, const QString& caption, QWidget* parent)
-    : PaintedButton(parent), symbol_(symbol), caption_(new Caption(caption, this)) {
+PaneButton::PaneButton(QString symbol, const QString& caption, QWidget* parent)
+    : PaintedButton(parent), symbol_(std::move(symbol)), caption_(new Caption(caption, this)) {
     setText(caption);
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -15,7 +15,7 @@ class PaneButton final : public PaintedButton {
 
   public:
     // `symbol` is the id of the icon.
-    PaneButton(const QString& symbol, const QString& caption, QWidget* parent = nullptr);
+    PaneButton(QString symbol, const QString& caption, QWidget* parent = nullptr);
 
     // The caption is a label of its own; give it its object name here.
     [[nodiscard]] QLabel* caption() const { return caption_; }

@@ -157,6 +157,7 @@ void SSDay::layOut() const {
     if (drawn_.size() > 2 * static_cast<std::size_t>(tasks_.Count()))
         drawn_.clear();  // most of them of blocks that are gone
     std::vector<TimeSpan> spans;
+    spans.reserve(static_cast<std::size_t>(tasks_.Count()));
     for (int i = 0; i < tasks_.Count(); ++i)
         spans.push_back(column_.spanOf(tasks_.Item(i)));
     const std::vector<PlacedBlock> places = placeSideBySide(spans, shortestDrawn());

@@ -100,8 +100,8 @@ void SSYear::layOut() {
         const int room = width() - 2 * kMargin - (kColumns - 1) * kColumnGap;
         for (int column = 0; column < kColumns; ++column) {
             const int left = kMargin + room * column / kColumns + column * kColumnGap;
-            months_[static_cast<std::size_t>(row * kColumns + column)].rect =
-                QRect(left, top, room / kColumns, monthHeight);
+            months_[static_cast<std::size_t>(row) * kColumns + static_cast<std::size_t>(column)]
+                .rect = QRect(left, top, room / kColumns, monthHeight);
         }
         top += monthHeight + kRowGap;
     }

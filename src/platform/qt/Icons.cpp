@@ -47,7 +47,7 @@ bool isSymbol(const QString& id) {
 QByteArray coloured(const QString& id, const QColor& colour) {
     QByteArray body = symbols().value(id.toUtf8());
     body.replace("currentColor", colour.name().toUtf8());
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\">" + body + "</svg>";
+    return R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24">)" + body + "</svg>";
 }
 
 // `size` is in device pixels; the symbol is square and lies in the middle.
@@ -66,7 +66,7 @@ QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
     QPainter painter(&pixmap);
     QSvgRenderer(coloured(id, colour))
         .render(&painter,
-                QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side));
+                QRectF(QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side)));
     painter.end();
     QPixmapCache::insert(key, pixmap);
     return pixmap;

@@ -22,8 +22,8 @@ year_month_day inMonth(year_month month, day wanted) {
 }  // namespace
 
 CalendarModel::CalendarModel(year_month_day first, year_month_day last, year_month_day today,
-                             CodePage codePage)
-    : first_(first), last_(last), today_(today), date_(today), codePage_(std::move(codePage)) {}
+                             const CodePage& codePage)
+    : first_(first), last_(last), today_(today), date_(today), codePage_(codePage) {}
 
 std::string CalendarModel::dateText() const {
     return writeDate(date_);

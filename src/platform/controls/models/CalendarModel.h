@@ -49,7 +49,7 @@ class CalendarModel {
   public:
     // The date starts as `today`. `first` and `last` are the dates that can be chosen.
     CalendarModel(std::chrono::year_month_day first, std::chrono::year_month_day last,
-                  std::chrono::year_month_day today, CodePage codePage);
+                  std::chrono::year_month_day today, const CodePage& codePage);
 
     [[nodiscard]] std::chrono::year_month_day date() const { return date_; }
     // "MM/dd/yyyy"
