@@ -17,7 +17,8 @@ inline constexpr int kInches = 5;
 //
 // A job is what lies between the first output and `EndDoc` or `KillDoc`; nothing reaches the
 // printer before `EndDoc`. Font, colour, scale, orientation and the current printer outlive a job;
-// the end of a job takes bold and italic off and puts the position back to (0, 0).
+// the end of a job takes bold and italic off and puts the position back to (0, 0). Operations that
+// are not said to throw never do.
 class PrintSurface {
   public:
     virtual ~PrintSurface() = default;
@@ -25,7 +26,7 @@ class PrintSurface {
     // 5, inches; each job sets it first.
     virtual void SetScaleMode(int mode) = 0;
 
-    // Holds for the job in hand, from its first page on, and for those to come.
+    // Holds for the jobs that begin from now on; one in hand keeps what it began with.
     [[nodiscard]] virtual PageOrientation Orientation() const = 0;
     virtual void SetOrientation(PageOrientation orientation) = 0;
 
@@ -66,8 +67,8 @@ class PrintSurface {
     // a page is full.
     [[nodiscard]] virtual int Page() const = 0;
 
-    // Sends the job; prints nothing when there was no output. Throws Failure when the job can not
-    // be printed; it is gone all the same.
+    // Sends the job; prints nothing when there was no output. Empty pages at the end are left out.
+    // Throws Failure when the job can not be printed; it is gone all the same.
     virtual void EndDoc() = 0;
     // Throws the job away: nothing of it reaches the printer.
     virtual void KillDoc() = 0;
@@ -75,7 +76,8 @@ class PrintSurface {
     // The printers by name, as the system lists them. "Print to PDF" is always among them.
     [[nodiscard]] virtual std::vector<std::string> PrinterNames() const = 0;
     [[nodiscard]] virtual std::string CurrentPrinter() const = 0;
-    // False when there is no printer of that name; the current one stays.
+    // Holds for the jobs that begin from now on. False when there is no printer of that name; the
+    // current one stays.
     virtual bool SetCurrentPrinter(const std::string& name) = 0;
 };
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/PrintJob.h"
+
+// What a recorded job stands on: something that measures, and something that prints.
+namespace velmora {
+
+// The printer that is always there and writes a file.
+inline constexpr const char* kPrintToPdf = "Print to PDF";
+
+struct PrintableArea {
+    double width = 0;  // inches
+    double height = 0;
+};
+
+// Measures at the resolution of printers. Never throws: without a printer it measures all the same.
+class PrintMetrics {
+  public:
+    virtual ~PrintMetrics() = default;
+
+    // Ascent and descent, in inches; the same for every line in this font, more than 0.
+    [[nodiscard]] virtual double lineHeight(const PrintFont& font) const = 0;
+
+    // Of one line without control characters, in inches.
+    [[nodiscard]] virtual double textWidth(const PrintFont& font, std::string_view line) const = 0;
+
+    // What the printer can print on of a sheet. For an unknown one that of a Letter sheet with
+    // margins of a quarter inch.
+    [[nodiscard]] virtual PrintableArea printableArea(const std::string& printer,
+                                                      PageOrientation orientation) const = 0;
+};
+
+// The printers of this machine.
+class PrintOutput {
+  public:
+    virtual ~PrintOutput() = default;
+
+    // By name, as the system lists them, and `kPrintToPdf` behind them.
+    [[nodiscard]] virtual std::vector<std::string> printerNames() const = 0;
+
+    // The one that the system prints on by default; `kPrintToPdf` where it names none.
+    [[nodiscard]] virtual std::string defaultPrinter() const = 0;
+
+    // Sends a job. Throws Failure when its printer is not there any more or does not take it;
+    // nothing is printed elsewhere instead.
+    virtual void print(const PrintJob& job) = 0;
+};
+
+}  // namespace velmora
