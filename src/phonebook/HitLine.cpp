@@ -14,6 +14,10 @@ constexpr std::array<std::string_view, 10> kNamelessLines{
     "W:", "Y:", "W: ", "Y: ", "W:  ", "Y:  ", "W:\t", "Y:\t", "W: \t", "Y: \t"};
 
 bool isNameless(std::string_view line) {
+    constexpr std::size_t kLongest = 4;
+    const bool longer = line.size() > kLongest && line.front() != ' ' && line[kLongest] != ' ';
+    if (longer)
+        return false;  // as nearly all lines are, of which the blanks at the end need no look
     const std::size_t shown = trimBlanks(line).size();
     return shown == 3 || shown == 2 ||
            std::find(kNamelessLines.begin(), kNamelessLines.end(), line) != kNamelessLines.end();
@@ -44,7 +48,8 @@ void HitWriter::addLines(char bookLetter, RecordView record, FieldSet found,
     if (!entry)
         return;
     const bool company = record.isEmpty(Field::Last);
-    const std::string beginning = lineWithBook(bookLetter, *entry) + "\tMatch: ";
+    std::string beginning = lineWithBook(bookLetter, *entry);
+    beginning += "\tMatch: ";
     for (const SearchField& field : kSearchFields) {
         if (!found.has(field.field))
             continue;
