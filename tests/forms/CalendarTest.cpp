@@ -21,6 +21,7 @@
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
 #include "core/forms/ToolStrip.h"
+#include "forms/CalendarFixture.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/Keypad.h"
@@ -34,21 +35,7 @@
 namespace velmora {
 namespace {
 
-class CalendarTest : public testing::Test {
-  protected:
-    CalendarTest() {
-        calendar.resize(1180, 760);
-        calendar.show();
-        calendar.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&calendar));
-    }
-
-    LocaleFormats locale;
-    Calendar calendar{CodePage::western(),
-                      locale,
-                      std::chrono::year(2026) / 3 / 12,
-                      {new SSDay(CodePage::western()), new PadEdit(CodePage::western())}};
-};
+class CalendarTest : public test::CalendarFixture {};
 
 TEST_F(CalendarTest, BeginsWithThePlannerAndADisabledList) {
     EXPECT_EQ(calendar.windowTitle(), "Velmora");
