@@ -245,11 +245,11 @@ QRect SSDay::slotRect(minutes slot) const {
     return geometry.slotRect(slot) & geometry.paper;
 }
 
-const SSDay::Block* SSDay::firstByTime() const {
+std::optional<minutes> SSDay::firstBegin() const {
     const auto first = std::min_element(
         blocks().begin(), blocks().end(),
         [](const Block& a, const Block& b) { return a.span.begin < b.span.begin; });
-    return first == blocks_.end() ? nullptr : &*first;
+    return first == blocks_.end() ? std::nullopt : std::optional(first->span.begin);
 }
 
 QSize SSDay::sizeHint() const {
@@ -272,8 +272,12 @@ void SSDay::placeScrollBar() {
 // --- Scrolling ---
 
 void SSDay::scrollToStart() {
-    const Block* first = firstByTime();
-    const minutes time = first != nullptr ? first->span.begin - kSlot : kUsualStart;
+    scrollToTask(firstBegin());
+}
+
+void SSDay::scrollToTask(std::optional<minutes> begin) {
+    (void)blocks();
+    const minutes time = begin ? *begin - kSlot : kUsualStart;
     DayGeometry geometry = geometryNow();
     geometry.scroll = 0;
     scroll_->setValue(geometry.yOf(time - time % kSlot) - geometry.paper.top());

@@ -88,6 +88,12 @@ class SSDay final : public QWidget, public AccessibleParts {
     // shows for the first time.
     void scrollToStart();
 
+    // The same, as if the first block began at `begin`; without one as if there were no blocks.
+    void scrollToTask(std::optional<std::chrono::minutes> begin);
+
+    // When the first block by time begins; nothing without blocks.
+    [[nodiscard]] std::optional<std::chrono::minutes> firstBegin() const;
+
     // Places for tests and drops: empty while out of sight.
     [[nodiscard]] QRect blockRect(int index) const;
     [[nodiscard]] QRect slotRect(std::chrono::minutes slot) const;
@@ -189,7 +195,6 @@ class SSDay final : public QWidget, public AccessibleParts {
     // Where a block paints, its bars included.
     [[nodiscard]] static QRect reachOf(const DayGeometry& geometry, const PlacedBlock& place);
     [[nodiscard]] PlacedBlock draggedPlace() const;
-    [[nodiscard]] const Block* firstByTime() const;
     void placeScrollBar();
     void updateBlock(int index);
     void updateSlot();
