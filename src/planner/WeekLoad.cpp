@@ -1,0 +1,60 @@
+#include "planner/WeekLoad.h"
+
+#include <chrono>
+#include <utility>
+
+#include "platform/DateText.h"
+#include "platform/Failure.h"
+
+namespace velmora {
+namespace {
+
+void loadDay(AppointmentStore& store, WeekView& view, int day) {
+    ignoringErrors([&] { store.Refresh(); });
+    for (int index = 0; !store.Eof(); ++index) {
+        ignoringErrors([&] {
+            const AppointmentRow& row = store.CurrentRow();
+            view.AddTask(day, row.text(Column::BeginTime), row.text(Column::EndTime),
+                         row.text(Column::Desc));
+            view.SetTaskTag(day, index, row.text(Column::TagVariant));
+        });
+        ignoringErrors([&] { store.MoveNext(); });
+    }
+}
+
+}  // namespace
+
+WeekLoad::WeekLoad(const DataLocations& locations, AppointmentStore::ToSystemPath toSystemPath,
+                   const CodePage& codePage, const MonthControl& month, const Clock& clock,
+                   const LocaleFormats& formats)
+    : locations_(locations),
+      toSystemPath_(std::move(toSystemPath)),
+      codePage_(codePage),
+      month_(month),
+      clock_(clock),
+      formats_(formats) {}
+
+void WeekLoad::Load(WeekView& view) const {
+    using std::chrono::days;
+    using std::chrono::local_days;
+    AppointmentStore store(codePage_, clock_, toSystemPath_);
+    ignoringErrors([&] { store.OpenDatabase(locations_.PlannerDatabasePath()); });
+    const auto today = dateOf(clock_.now());
+    const auto selected = readDate(month_.Date(), today.year()).value_or(today);
+    const Moment midnight{local_days(selected)};
+    ignoringErrors([&] {
+        view.SetTitle("Week at Glance From " +
+                      formatMoment(midnight, NamedFormat::LongDate, formats_));
+    });
+    ignoringErrors([&] { view.RemoveAllTasks(); });
+    for (int day = 1; day <= kWeekDays; ++day) {
+        const Moment date = midnight + days(day);
+        ignoringErrors(
+            [&] { store.SelectByDate(formatMoment(date, "mm/dd/yy", formats_), selected.year()); });
+        loadDay(store, view, day);
+        ignoringErrors(
+            [&] { view.SetDayCaption(day, formatMoment(date, "dddd, mmmm d, yyyy", formats_)); });
+    }
+}
+
+}  // namespace velmora
