@@ -1,0 +1,137 @@
+#include "planner/forms/WeekataGlance.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <optional>
+
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/SSDay.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kGap = 8;
+constexpr QSize kFormSize(1180, 626);
+
+// Where no program may place its windows.
+bool systemPlacesWindows() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+}  // namespace
+
+WeekataGlance::WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWidget* parent)
+    : QDialog(parent),
+      load_(load),
+      codePage_(codePage),
+      Command1(new QPushButton(QStringLiteral("&Close"), this)) {
+    setObjectName(QStringLiteral("WeekataGlance"));
+    setWindowTitle(QStringLiteral("Week at a Glance"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::WindowMinMaxButtonsHint);
+    const QFont captionFont(QStringLiteral("Arial"), 8, QFont::Normal);
+    for (int day = 1; day <= kWeekDays; ++day) {
+        auto* column = new SSDay(codePage, this);
+        column->setObjectName(QStringLiteral("SSDay%1").arg(day));
+        column->setReadOnly(true);
+        column->setCaptionFont(captionFont);
+        days_[static_cast<std::size_t>(day - 1)] = column;
+    }
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+    layOut();
+    connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void WeekataGlance::layOut() {
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    body->setSpacing(kGap);
+    for (SSDay* day : days_)
+        body->addWidget(day, 1);
+    auto* strip = new DialogFooter(this);
+    strip->addRight(Command1);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->setSpacing(0);
+    whole->addLayout(body, 1);
+    whole->addWidget(strip);
+    resize(kFormSize);
+}
+
+void WeekataGlance::present() {
+    const bool opening = !isVisible();
+    if (opening || isActiveWindow())
+        load();
+    show();
+    if (opening)
+        scrollToFirstTask();
+    raise();
+    activateWindow();
+    Command1->setFocus();
+}
+
+void WeekataGlance::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible())
+        load();
+}
+
+void WeekataGlance::load() {
+    centre();
+    load_.Load(*this);
+}
+
+void WeekataGlance::centre() {
+    const QRect room = screen()->availableGeometry();
+    if (!isVisible())
+        resize(size().boundedTo(room.size()));
+    if (!systemPlacesWindows() && !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        move(room.center() - QRect(QPoint(0, 0), frameGeometry().size()).center());
+}
+
+// All six days begin at the same time, so that they can be compared.
+void WeekataGlance::scrollToFirstTask() {
+    std::optional<std::chrono::minutes> first;
+    for (const SSDay* day : days_)
+        if (const auto begin = day->firstBegin(); begin && (!first || *begin < *first))
+            first = begin;
+    for (SSDay* day : days_)
+        day->scrollToTask(first);
+}
+
+SSDay& WeekataGlance::view(int day) {
+    return *days_.at(static_cast<std::size_t>(day - 1));
+}
+
+void WeekataGlance::SetTitle(const std::string& text) {
+    setWindowTitle(toQt(text, codePage_));
+}
+
+void WeekataGlance::RemoveAllTasks() {
+    for (SSDay* day : days_)
+        day->Tasks().RemoveAll();
+}
+
+void WeekataGlance::AddTask(int day, const std::string& beginTime, const std::string& endTime,
+                            const std::string& text) {
+    view(day).Tasks().Add(beginTime, endTime, text);
+}
+
+void WeekataGlance::SetTaskTag(int day, int index, const std::string& tag) {
+    view(day).Tasks().setTagVariant(index, tag);
+}
+
+void WeekataGlance::SetDayCaption(int day, const std::string& text) {
+    view(day).setCaption(text);
+    view(day).setAccessibleName(toQt(text, codePage_));
+}
+
+}  // namespace velmora
