@@ -21,12 +21,13 @@
 
 namespace velmora {
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
-                                         Schedule& schedule,
+                                         Schedule& schedule, WeekWindow& week,
                                          std::function<void(const std::string&)> endProgram)
     : calendar_(calendar),
       yearPane_(yearPane),
       panes_(panes),
       schedule_(schedule),
+      week_(week),
       endProgram_(std::move(endProgram)) {}
 
 void CalendarPlannerDesk::ShowYearPane() {
@@ -54,7 +55,8 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       year_(*SSYear1),
       scheduleTimes_(scheduleTexts_, world.messages, world.clock),
       scheduleForm_(scheduleTimes_, &calendar),
-      desk_(calendar, Picture6, panes, scheduleForm_, std::move(endProgram)),
+      week_(world, month_, calendar),
+      desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
       opener_(accessReader_, world.messages, world.codePage,
               [&world](const std::string& path) { return world.files.nativePath(path); }),
       store_(world.codePage, world.clock,
@@ -110,6 +112,7 @@ void PlannerRoom::popUpSchedulingMenu() {
 
 void PlannerRoom::bindCommands(CommandSet& commands) {
     commands.bind("totoday", [this] { planner_.GoToToday(); });
+    commands.bind("weekat", [this] { week_.present(); });
 }
 
 void PlannerRoom::openDatabase() {

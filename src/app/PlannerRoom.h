@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/PlannerAdapters.h"
+#include "app/WeekWindow.h"
 #include "app/World.h"
 #include "core/CommandSet.h"
 #include "core/PaneSwitch.h"
@@ -32,12 +33,13 @@ class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
   public:
     // All must outlive the desk. `endProgram` shows a failure and closes the program.
     CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
-                        Schedule& schedule, std::function<void(const std::string&)> endProgram);
+                        Schedule& schedule, WeekWindow& week,
+                        std::function<void(const std::string&)> endProgram);
 
     void SetLongDate(const std::string& text) override { calendar_.setDateLine(text); }
     void ShowYearPane() override;
     void HideYearPane() override;
-    void CloseWeekAtAGlance() override {}  // there is no such form yet
+    void CloseWeekAtAGlance() override { week_.close(); }
 
     void ShowPlannerPane() override { panes_.show(Pane::Planner); }
     void OpenSchedule() override { schedule_.present(); }
@@ -50,6 +52,7 @@ class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
     YearPane& yearPane_;
     PaneSwitch& panes_;
     Schedule& schedule_;
+    WeekWindow& week_;
     std::function<void(const std::string&)> endProgram_;
 };
 
@@ -92,6 +95,7 @@ class PlannerRoom {
     ScheduleTexts scheduleTexts_;
     ScheduleTimes scheduleTimes_;
     Schedule scheduleForm_;
+    WeekWindow week_;
     CalendarPlannerDesk desk_;
 
     access::ChildAccessReader accessReader_;

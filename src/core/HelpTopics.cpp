@@ -10,7 +10,7 @@ struct WindowTopic {
     std::string_view topic;
 };
 
-constexpr std::array<WindowTopic, 8> kWindows{{
+constexpr std::array<WindowTopic, 9> kWindows{{
     {"AddForm", "add-entry"},
     {"Form4", "search"},
     {"Other", "associates"},
@@ -18,6 +18,7 @@ constexpr std::array<WindowTopic, 8> kWindows{{
     {"TextSearch", "docpad-search"},
     {"FontDialog", "fonts"},
     {"Calculator", "calculator"},
+    {"WeekataGlance", "week"},
     {"HelpWindow", "help"},
 }};
 
