@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/SettingsMedium.h"
 
@@ -18,11 +19,19 @@ class SettingsStore {
     // The stored value, or the empty text. Never fails.
     [[nodiscard]] std::string Read(std::string_view key) const { return medium_.read(key); }
 
+    // All settings whose key begins with `prefix`, in any case, ordered by key. Throws Failure.
+    [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const {
+        return medium_.readAll(prefix);
+    }
+
     // Replaces any earlier value. Throws Failure.
     void Save(std::string_view key, std::string_view value) { medium_.save(key, value); }
 
     // Errors of any kind are swallowed.
     void Delete(std::string_view key);
+
+    // As Delete(), but throws Failure; for a batch that must be whole.
+    void remove(std::string_view key) { medium_.remove(key); }
 
     // Runs `changes`; all of them are kept, or none if it throws.
     void batch(const std::function<void()>& changes) { medium_.batch(changes); }

@@ -55,6 +55,33 @@ TEST_F(SqliteSettingsTest, ABackslashInAKeyMeansNothing) {
     EXPECT_EQ(settings.read("Tasks\\NumTasks"), "2");
 }
 
+TEST_F(SqliteSettingsTest, ReadsAllKeysThatBeginAlikeByKey) {
+    SqliteSettings settings(path);
+    for (const char* key : {"Monthly\\1\\2M", "Monthly\\1\\1M", "MONTHLY\\1\\NumTasks",
+                            "Monthly\\11\\1M", "Monthly\\", "Monthly]", "Monthlz"})
+        settings.save(key, std::string("of ") + key + '\0');
+    const std::vector<Setting> found = settings.readAll("monthly\\1\\");
+    ASSERT_EQ(found.size(), 3U);
+    EXPECT_EQ(found[0].key, "Monthly\\1\\1M");
+    EXPECT_EQ(found[0].value, "of Monthly\\1\\1M\0"s);
+    EXPECT_EQ(found[1].key, "Monthly\\1\\2M");
+    EXPECT_EQ(found[2].key, "MONTHLY\\1\\NumTasks");
+    EXPECT_TRUE(settings.readAll("Weekly").empty());
+    EXPECT_EQ(settings.readAll("MonthlZ").size(), 1U);
+    EXPECT_EQ(settings.readAll("").size(), 7U);
+}
+
+TEST_F(SqliteSettingsTest, ReadingLeavesTheOtherCopyFreeToWrite) {
+    SqliteSettings first(path);
+    SqliteSettings second(path);
+    first.save("Tasks\\1", "a");
+    first.save("Weekly", "b");
+    EXPECT_EQ(first.read("Tasks\\1"), "a");
+    EXPECT_EQ(first.readAll("Tasks").size(), 1U);
+    second.batch([&] { second.save("Tasks\\1", "new"); });
+    EXPECT_EQ(first.read("Tasks\\1"), "new");
+}
+
 TEST_F(SqliteSettingsTest, ABatchThatThrowsKeepsNothing) {
     SqliteSettings settings(path);
     settings.save("A", "old");

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
@@ -15,6 +16,16 @@ class MemorySettings final : public SettingsMedium {
     [[nodiscard]] std::string read(std::string_view key) const override {
         const auto found = values.find(CodePage::western().upper(key));
         return found == values.end() ? std::string() : found->second;
+    }
+    [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override {
+        if (unreadable)
+            throw Failure("The settings can not be read.");
+        const std::string wanted = CodePage::western().upper(prefix);
+        std::vector<Setting> found;
+        for (auto at = values.lower_bound(wanted);
+             at != values.end() && at->first.compare(0, wanted.size(), wanted) == 0; ++at)
+            found.push_back({at->first, at->second});
+        return found;
     }
     void save(std::string_view key, std::string_view value) override {
         failIfAsked();
@@ -39,6 +50,9 @@ class MemorySettings final : public SettingsMedium {
 
     // Every write throws while this is set.
     bool failing = false;
+
+    // readAll() throws while this is set.
+    bool unreadable = false;
 
   private:
     void failIfAsked() const {

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/Failure.h"
@@ -23,7 +24,37 @@ std::string freeName(const std::string& path) {
     return name;
 }
 
+// Lets go of the lock that a statement holds while it stands on a row.
+class Reading {
+  public:
+    explicit Reading(sqlite::Statement& statement) : statement_(statement) {}
+    ~Reading() { statement_.reset(); }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+  private:
+    sqlite::Statement& statement_;
+};
+
+char lowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// As the keys' collation compares.
+bool beginsWith(std::string_view key, std::string_view prefix) {
+    return key.size() >= prefix.size() &&
+           std::equal(prefix.begin(), prefix.end(), key.begin(),
+                      [](char a, char b) { return lowerAscii(a) == lowerAscii(b); });
+}
+
 }  // namespace
+
+SqliteSettings::Statements::Statements(sqlite::Database& database)
+    : read(database.prepare("SELECT value FROM settings WHERE key = ?1")),
+      readAll(database.prepare("SELECT key, value FROM settings WHERE key >= ?1 ORDER BY key")),
+      save(database.prepare("INSERT INTO settings VALUES(?1, ?2) "
+                            "ON CONFLICT(key) DO UPDATE SET value = ?2")),
+      remove(database.prepare("DELETE FROM settings WHERE key = ?1")) {}
 
 SqliteSettings::SqliteSettings(const std::string& path) {
     try {
@@ -32,6 +63,7 @@ SqliteSettings::SqliteSettings(const std::string& path) {
         const int code = database_ ? database_->errorCode() : SQLITE_OK;
         if (code != SQLITE_NOTADB && code != SQLITE_CORRUPT)
             throw;
+        statements_.reset();
         database_.reset();
         putAside_ = freeName(path);
         std::error_code error;
@@ -46,30 +78,35 @@ SqliteSettings::SqliteSettings(const std::string& path) {
 void SqliteSettings::open(const std::string& path) {
     database_.emplace(path, sqlite::Access::ReadWriteOrCreate);
     database_->execute(kSchema);
+    statements_.emplace(*database_);
 }
 
 std::string SqliteSettings::read(std::string_view key) const {
     std::string value;
     ignoringErrors([&] {
-        auto query = database_->prepare("SELECT value FROM settings WHERE key = ?1");
-        if (query.bindText(1, key).step())
-            value = query.blob(0);
+        const Reading reading(statements_->read);
+        if (statements_->read.bindText(1, key).step())
+            value = statements_->read.blob(0);
     });
     return value;
 }
 
+std::vector<Setting> SqliteSettings::readAll(std::string_view prefix) const {
+    std::vector<Setting> found;
+    sqlite::Statement& query = statements_->readAll;
+    const Reading reading(query);
+    query.bindText(1, prefix);
+    while (query.step() && beginsWith(query.text(0), prefix))
+        found.push_back({std::string(query.text(0)), std::string(query.blob(1))});
+    return found;
+}
+
 void SqliteSettings::save(std::string_view key, std::string_view value) {
-    database_
-        ->prepare(
-            "INSERT INTO settings VALUES(?1, ?2) "
-            "ON CONFLICT(key) DO UPDATE SET value = ?2")
-        .bindText(1, key)
-        .bindBlob(2, value)
-        .run();
+    statements_->save.bindText(1, key).bindBlob(2, value).run();
 }
 
 void SqliteSettings::remove(std::string_view key) {
-    database_->prepare("DELETE FROM settings WHERE key = ?1").bindText(1, key).run();
+    statements_->remove.bindText(1, key).run();
 }
 
 void SqliteSettings::batch(const std::function<void()>& changes) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/SettingsMedium.h"
 #include "platform/sqlite/Database.h"
@@ -20,14 +21,26 @@ class SqliteSettings final : public SettingsMedium {
     [[nodiscard]] const std::optional<std::string>& putAside() const { return putAside_; }
 
     [[nodiscard]] std::string read(std::string_view key) const override;
+    [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override;
     void save(std::string_view key, std::string_view value) override;
     void remove(std::string_view key) override;
     void batch(const std::function<void()>& changes) override;
 
   private:
+    // Prepared once and kept: lists of thousands are read and written key by key.
+    struct Statements {
+        explicit Statements(sqlite::Database& database);
+
+        sqlite::Statement read;
+        sqlite::Statement readAll;
+        sqlite::Statement save;
+        sqlite::Statement remove;
+    };
+
     void open(const std::string& path);
 
     mutable std::optional<sqlite::Database> database_;
+    mutable std::optional<Statements> statements_;
     std::optional<std::string> putAside_;
 };
 
