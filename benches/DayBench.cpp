@@ -1,18 +1,15 @@
 // Times how long a day of 200 blocks takes to paint anew, at the scale of the screen.
 
-#include <QApplication>
 #include <cstdio>
-#include <exception>
-#include <iostream>
 #include <string>
 #include <vector>
 
 #include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
+#include "benches/WidgetBench.h"
 #include "platform/CodePage.h"
 #include "platform/controls/SSDay.h"
-#include "platform/qt/Theme.h"
 
 namespace velmora::bench {
 namespace {
@@ -58,11 +55,6 @@ int measure() {
 }  // namespace
 }  // namespace velmora::bench
 
-int main(int argc, char** argv) try {
-    QApplication application(argc, argv);
-    velmora::applyTheme(application);
-    return velmora::bench::measure();
-} catch (const std::exception& error) {
-    std::cerr << "bench_day: " << error.what() << '\n';
-    return 1;
+int main(int argc, char** argv) {
+    return velmora::bench::runWidgetBench(argc, argv, velmora::bench::measure);
 }

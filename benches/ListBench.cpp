@@ -1,10 +1,7 @@
 // Times how long the entry list takes to take in and paint the lines of a letter with many
 // entries, on top of reading them.
 
-#include <QApplication>
 #include <cstdio>
-#include <exception>
-#include <iostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -12,9 +9,9 @@
 #include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
+#include "benches/WidgetBench.h"
 #include "platform/CodePage.h"
 #include "platform/controls/EntryList.h"
-#include "platform/qt/Theme.h"
 
 namespace velmora::bench {
 namespace {
@@ -60,11 +57,6 @@ int measure() {
 }  // namespace
 }  // namespace velmora::bench
 
-int main(int argc, char** argv) try {
-    QApplication application(argc, argv);
-    velmora::applyTheme(application);
-    return velmora::bench::measure();
-} catch (const std::exception& error) {
-    std::cerr << "bench_list: " << error.what() << '\n';
-    return 1;
+int main(int argc, char** argv) {
+    return velmora::bench::runWidgetBench(argc, argv, velmora::bench::measure);
 }

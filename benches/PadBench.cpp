@@ -1,11 +1,8 @@
 // Times keys typed into DocPad: each must be on the screen before the next frame, however long the
 // text is.
 
-#include <QApplication>
 #include <QTest>
 #include <algorithm>
-#include <exception>
-#include <iostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -13,10 +10,10 @@
 #include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
+#include "benches/WidgetBench.h"
 #include "docpad/forms/RecoveryTimer.h"
 #include "platform/CodePage.h"
 #include "platform/controls/PadEdit.h"
-#include "platform/qt/Theme.h"
 
 namespace velmora::bench {
 namespace {
@@ -79,11 +76,6 @@ int measure() {
 }  // namespace
 }  // namespace velmora::bench
 
-int main(int argc, char** argv) try {
-    QApplication application(argc, argv);
-    velmora::applyTheme(application);
-    return velmora::bench::measure();
-} catch (const std::exception& error) {
-    std::cerr << "bench_pad: " << error.what() << '\n';
-    return 1;
+int main(int argc, char** argv) {
+    return velmora::bench::runWidgetBench(argc, argv, velmora::bench::measure);
 }
