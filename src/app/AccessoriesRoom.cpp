@@ -25,31 +25,49 @@ bool isHelpKey(const QEvent& event) {
 }  // namespace
 
 AccessoriesRoom::AccessoriesRoom(World& world, Calendar& calendar)
-    : world_(world),
-      calendar_(calendar),
-      calculator_(
-          world.messages, [this](const std::string& text) { endAfter(text); }, &calendar),
-      about_(&calendar),
-      helpIndex_(world.codePage.fromUtf8(helpIndexText()), world.codePage),
-      helpWindow_(helpIndex_, world.codePage) {
-    // Outside programs can not be started yet.
-    about_.setLinksEnabled(false);
+    : world_(world), calendar_(calendar) {
     qApp->installEventFilter(this);
 }
 
 void AccessoriesRoom::bindCommands(CommandSet& commands) {
-    commands.bind("calcmnu", [this] { calculator_.present(); });
+    commands.bind("calcmnu", [this] { calculator().present(); });
     commands.bind("helpme", [this] { helpAt(kFirstHelpTopic); });
-    commands.bind("abtmnu", [this] { about_.present(); });
+    commands.bind("abtmnu", [this] { about().present(); });
+}
+
+Calculator& AccessoriesRoom::calculator() {
+    if (!calculator_)
+        calculator_ = std::make_unique<Calculator>(
+            world_.messages, [this](const std::string& text) { endAfter(text); }, &calendar_);
+    return *calculator_;
+}
+
+frmAbout& AccessoriesRoom::about() {
+    if (!about_) {
+        about_ = std::make_unique<frmAbout>(&calendar_);
+        // Outside programs can not be started yet.
+        about_->setLinksEnabled(false);
+    }
+    return *about_;
+}
+
+const HelpIndex& AccessoriesRoom::helpIndex() {
+    if (!helpIndex_)
+        helpIndex_ =
+            std::make_unique<HelpIndex>(world_.codePage.fromUtf8(helpIndexText()), world_.codePage);
+    return *helpIndex_;
 }
 
 void AccessoriesRoom::helpAt(std::string_view topic) {
     QWidget* modal = QApplication::activeModalWidget();
-    if (!modal)
-        return helpWindow_.showTopic(topic);
+    if (!modal) {
+        if (!helpWindow_)
+            helpWindow_ = std::make_unique<HelpWindow>(helpIndex(), world_.codePage);
+        return helpWindow_->showTopic(topic);
+    }
     auto* window = modal->findChild<HelpWindow*>();
     if (!window)
-        window = new HelpWindow(helpIndex_, world_.codePage, modal);
+        window = new HelpWindow(helpIndex(), world_.codePage, modal);
     window->showTopic(topic);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <memory>
 #include <string_view>
 
 #include "accessories/forms/Calculator.h"
@@ -13,8 +14,8 @@
 
 namespace velmora {
 
-// Builds the calculator, the help and the about box, and connects them with the main window. F1 in
-// a dialog opens the help at the page about it.
+// Builds the calculator, the help and the about box when they are asked for, and connects them with
+// the main window. F1 in a dialog opens the help at the page about it.
 class AccessoriesRoom final : public QObject {
   public:
     // All must outlive the room.
@@ -30,14 +31,17 @@ class AccessoriesRoom final : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    [[nodiscard]] Calculator& calculator();
+    [[nodiscard]] frmAbout& about();
+    [[nodiscard]] const HelpIndex& helpIndex();
     void endAfter(const std::string& utf8Text);
 
     World& world_;
     Calendar& calendar_;
-    Calculator calculator_;
-    frmAbout about_;
-    HelpIndex helpIndex_;
-    HelpWindow helpWindow_;
+    std::unique_ptr<Calculator> calculator_;
+    std::unique_ptr<frmAbout> about_;
+    std::unique_ptr<HelpIndex> helpIndex_;
+    std::unique_ptr<HelpWindow> helpWindow_;
 };
 
 }  // namespace velmora

@@ -15,6 +15,10 @@
 namespace velmora {
 void CalendarDocPadView::setTitle(const std::string& text) {
     calendar_.setDocPadCaption(text);
+}
+
+void CalendarDocPadView::announce(const std::string& text) {
+    setTitle(text);
     calendar_.docPad().title()->repaint();
 }
 

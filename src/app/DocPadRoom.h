@@ -33,6 +33,7 @@ class CalendarDocPadView final : public DocPadView {
     explicit CalendarDocPadView(Calendar& calendar) : calendar_(calendar) {}
 
     void setTitle(const std::string& text) override;
+    void announce(const std::string& text) override;
     [[nodiscard]] std::string title() const override { return calendar_.docPadCaption(); }
     void setWindowCaption(const std::string& text) override { calendar_.setCaption(text); }
 

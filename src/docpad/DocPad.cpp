@@ -64,7 +64,7 @@ bool DocPad::Save() {
         return true;
     }
     const std::string title = parts_.view.title();
-    parts_.view.setTitle(kSaving);
+    parts_.view.announce(kSaving);
     try {
         write(name, !chosen);
     } catch (const Failure& failure) {
@@ -144,7 +144,7 @@ bool DocPad::loadFile(const std::string& path) {
     const auto bytes = parts_.files.readWhole(path, kLongestText);
     if (!bytes)
         return false;
-    parts_.view.setTitle(kLoading);
+    parts_.view.announce(kLoading);
     parts_.text.reload(*bytes);
     return true;
 }

@@ -28,7 +28,7 @@ TEST_F(DocPadStart, LoadsTheLastDocumentWhenKeepDocIsOne) {
     EXPECT_EQ(text.text, "a\r\nb");
     EXPECT_EQ(dialog.fileName(), folder.file("last.txt"));
     EXPECT_EQ(dialog.fileTitle(), "") << "only a dialog sets the title";
-    EXPECT_THAT(view.takeShown(), ElementsAre("DocPad: Loading", "DocPad"));
+    EXPECT_THAT(view.takeShown(), ElementsAre("now: DocPad: Loading", "DocPad"));
     EXPECT_EQ(state.DocPadDirty, 1) << "closing at once asks";
 }
 

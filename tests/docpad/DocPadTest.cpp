@@ -117,7 +117,7 @@ TEST_F(DocPadTest, OpenReadsTheFileAndRemembersIt) {
     EXPECT_THAT(messages.takeShown(), ElementsAre(std::string("open|Open|") + kFilter));
     EXPECT_EQ(text.text, std::string("a\r\nb\nc\rd\0e", 10));
     EXPECT_EQ(state.DocPadDirty, 1) << "leaving at once asks whether to save";
-    EXPECT_THAT(view.takeShown(), ElementsAre("DocPad: Loading", "DocPad - notes.txt"));
+    EXPECT_THAT(view.takeShown(), ElementsAre("now: DocPad: Loading", "DocPad - notes.txt"));
     EXPECT_EQ(settings.Read("Doc"), folder.file("notes.txt"));
     EXPECT_EQ(dialog.fileName(), folder.file("notes.txt"));
     EXPECT_EQ(dialog.fileTitle(), "notes.txt");
@@ -208,7 +208,7 @@ TEST_F(DocPadTest, SaveWritesTheTextAndALineEnd) {
     EXPECT_EQ(folder.read("new.txt"), std::string("a\nb\0\xE9\r\n", 7));
     EXPECT_EQ(state.DocPadDirty, 0);
     EXPECT_EQ(status.text, "Saving ");
-    EXPECT_THAT(view.takeShown(), ElementsAre("DocPad: Saving", "DocPad - new.txt"));
+    EXPECT_THAT(view.takeShown(), ElementsAre("now: DocPad: Saving", "DocPad - new.txt"));
     EXPECT_EQ(settings.Read("Doc"), "") << "only Open and New write it";
 }
 
@@ -269,11 +269,11 @@ TEST_F(DocPadTest, TheCaptionOfTheWindowFollowsWhileDocPadFillsIt) {
     willChoose("a.txt");
     pad.Save();
     EXPECT_THAT(view.takeShown(),
-                ElementsAre("DocPad: Saving", "DocPad - a.txt", "caption: DocPad - a.txt"));
+                ElementsAre("now: DocPad: Saving", "DocPad - a.txt", "caption: DocPad - a.txt"));
     willChoose("a.txt");
     pad.Open();
     EXPECT_THAT(view.takeShown(),
-                ElementsAre("DocPad: Loading", "DocPad - a.txt", "caption: DocPad - a.txt"));
+                ElementsAre("now: DocPad: Loading", "DocPad - a.txt", "caption: DocPad - a.txt"));
     text.width = 7999;
     messages.willAnswer(false);
     pad.New();

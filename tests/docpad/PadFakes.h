@@ -63,12 +63,17 @@ class FakePadText final : public PadText {
     std::function<void()> listener_;
 };
 
-// Records the titles that were shown, and the captions as "caption: ...".
+// Records the titles that were shown, those that were in view at once as "now: ...", and the
+// captions as "caption: ...".
 class FakeDocPadView final : public DocPadView {
   public:
     void setTitle(const std::string& text) override {
         current = text;
         shown.push_back(text);
+    }
+    void announce(const std::string& text) override {
+        current = text;
+        shown.push_back("now: " + text);
     }
     [[nodiscard]] std::string title() const override { return current; }
     void setWindowCaption(const std::string& text) override { shown.push_back("caption: " + text); }

@@ -54,7 +54,7 @@ TEST_F(PhoneLogTest, TheViewerShowsTheLogAndSaveWritesItBack) {
     viewer.view();
     EXPECT_THAT(messages.takeShown(), IsEmpty());
     EXPECT_EQ(text.text, "line\r\n");
-    EXPECT_THAT(view.takeShown(), ElementsAre("DocPad: Loading", "DocPad - PHONELOG.TXT"));
+    EXPECT_THAT(view.takeShown(), ElementsAre("now: DocPad: Loading", "DocPad - PHONELOG.TXT"));
     EXPECT_EQ(dialog.fileName(), folder.path() + "\\PHONELOG.TXT");
     EXPECT_EQ(dialog.fileTitle(), "");
     EXPECT_EQ(state.DocPadDirty, 1);
@@ -110,7 +110,7 @@ TEST_F(PhoneLogTest, TheViewerShowsFortyThousandBytesAndRefusesOneMore) {
 TEST_F(PhoneLogTest, TheViewerSetsTheCaptionWhileDocPadFillsTheWindow) {
     text.width = 8000;
     viewer.view();
-    EXPECT_THAT(view.takeShown(), ElementsAre("DocPad: Loading", "DocPad - PHONELOG.TXT",
+    EXPECT_THAT(view.takeShown(), ElementsAre("now: DocPad: Loading", "DocPad - PHONELOG.TXT",
                                               "caption: DocPad - PHONELOG.TXT"));
 }
 

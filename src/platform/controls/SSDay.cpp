@@ -37,7 +37,6 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
       codePage_(codePage),
       tasks_([this] { tasksChanged(); }),
       scroll_(new QScrollBar(Qt::Vertical, this)),
-      editor_(new DayEditor(codePage, this)),
       menu_(new QMenu(this)),
       removeAction_(menu_->addAction(QStringLiteral("Remove"))) {
     setFocusPolicy(Qt::StrongFocus);
@@ -48,17 +47,12 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setCursor(Qt::ArrowCursor);
     scroll_->hide();
-    editor_->hide();
     connect(scroll_, &QScrollBar::valueChanged, this, [this] {
         update();
         placeEditor();
     });
     // The range changes while the view paints; showing a child has to wait until after that.
     connect(scroll_, &QScrollBar::rangeChanged, this, &SSDay::placeScrollBar, Qt::QueuedConnection);
-    connect(editor_, &DayEditor::saved, this, &SSDay::saveEditor);
-    connect(editor_, &DayEditor::escaped, this, &SSDay::dropEditor);
-    connect(editor_, &DayEditor::characterReplaced, this, &SSDay::characterReplaced);
-    connect(editor_, &DayEditor::textChanged, this, &SSDay::placeEditor);
     connect(removeAction_, &QAction::triggered, this, &SSDay::removeSelected);
     watchFocus();
 }
@@ -66,7 +60,8 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
 // The editor and the bar die after this object's own members; nothing they report may come here.
 SSDay::~SSDay() {
     disconnect(qApp, nullptr, this, nullptr);
-    disconnect(editor_, nullptr, this, nullptr);
+    if (editor_)
+        disconnect(editor_, nullptr, this, nullptr);
     disconnect(scroll_, nullptr, this, nullptr);
 }
 
@@ -323,10 +318,11 @@ void SSDay::hideEvent(QHideEvent* event) {
 
 void SSDay::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (editor_ == nullptr)
+    if (scroll_ == nullptr)
         return;  // told by the base class while this object is being built
     if (event->type() == QEvent::FontChange) {
-        editor_->setFont(blockFont());
+        if (editor_)
+            editor_->setFont(blockFont());
         updateGeometry();
     }
     if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {

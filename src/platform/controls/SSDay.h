@@ -231,6 +231,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     void watchFocus();
     void createTask(TimeSpan span, const QString& typed);
     void editTask(int index, const QString& typed = QString());
+    void makeEditor();  // when there is none yet
     void openEditor(int index, const QString& typed);
     void placeEditor();
     void closeEditor();
@@ -271,7 +272,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     bool started_ = false;
 
     QScrollBar* scroll_ = nullptr;
-    DayEditor* editor_ = nullptr;
+    DayEditor* editor_ = nullptr;  // nullptr until something is edited for the first time
     QMenu* menu_;
     QAction* removeAction_;
 };

@@ -15,7 +15,7 @@ using namespace std::chrono;
 void SSDay::watchFocus() {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         const bool elsewhere = now != nullptr && now != editor_ && now->window() == window();
-        if (elsewhere && editor_->isVisible())
+        if (elsewhere && editor_ && editor_->isVisible())
             saveEditor();
     });
 }
@@ -34,6 +34,7 @@ void SSDay::createTask(TimeSpan span, const QString& typed) {
     tasks_.Add(writeTime(span.begin), writeTime(span.end), std::string());
     const int index = tasks_.Count() - 1;
     const DayTasks::Id id = tasks_.idOf(index);
+    makeEditor();
     edit_ = Edit{id, true};
     select(index);
     emit OnTaskEditBegin(index, false);
@@ -48,11 +49,23 @@ void SSDay::editTask(int index, const QString& typed) {
     if (index >= tasks_.Count())
         return;
     const DayTasks::Id id = tasks_.idOf(index);
+    makeEditor();
     edit_ = Edit{id, false};
     select(index);
     emit OnTaskEditBegin(index, !tasks_.Item(index).TagVariant.empty());
     if (edit_ && edit_->id == id)
         openEditor(tasks_.indexOf(id), typed);
+}
+
+void SSDay::makeEditor() {
+    if (editor_)
+        return;
+    editor_ = new DayEditor(codePage_, this);
+    editor_->hide();
+    connect(editor_, &DayEditor::saved, this, &SSDay::saveEditor);
+    connect(editor_, &DayEditor::escaped, this, &SSDay::dropEditor);
+    connect(editor_, &DayEditor::characterReplaced, this, &SSDay::characterReplaced);
+    connect(editor_, &DayEditor::textChanged, this, &SSDay::placeEditor);
 }
 
 void SSDay::openEditor(int index, const QString& typed) {

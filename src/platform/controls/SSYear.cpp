@@ -49,7 +49,6 @@ SSYear::SSYear(const LocaleFormats& locale, const CodePage& codePage, year_month
     : CalendarControl(CalendarModel(kFirst, kLast, today, codePage), locale, codePage, parent),
       year_(today.year()) {
     setAccessibleName(QStringLiteral("Year"));
-    layOut();
 }
 
 int SSYear::captionHeight() const {
@@ -77,9 +76,15 @@ QSize SSYear::sizeHint() const {
             std::max(548, naturalHeight(kRows * 5))};
 }
 
+const std::vector<SSYear::Month>& SSYear::months() const {
+    if (months_.empty())
+        layOut();
+    return months_;
+}
+
 // Months of a row share their top; a row is as high as the longest of its months, and where not
 // all weeks have room at their natural height, all of them are lower by the same amount.
-void SSYear::layOut() {
+void SSYear::layOut() const {
     months_.clear();
     for (unsigned i = 1; i <= 12; ++i)
         months_.push_back({MonthGrid(year_ / month(i), locale().firstWeekday), QRect()});
@@ -117,7 +122,7 @@ QRect SSYear::cellRect(const Month& month, int cell) const {
 }
 
 std::optional<year_month_day> SSYear::dateAt(QPoint point) const {
-    for (const Month& month : months_) {
+    for (const Month& month : months()) {
         if (!month.rect.contains(point))
             continue;
         for (int cell = 0; cell < MonthGrid::kCells; ++cell)
@@ -130,7 +135,7 @@ std::optional<year_month_day> SSYear::dateAt(QPoint point) const {
 QRect SSYear::dateRect(year_month_day date) const {
     if (date.year() != year_)
         return {};
-    const Month& month = months_[unsigned(date.month()) - 1];
+    const Month& month = months()[unsigned(date.month()) - 1];
     return cellRect(month, *month.grid.cellOf(date));
 }
 
@@ -157,7 +162,7 @@ void SSYear::showYear(year year) {
     if (year == year_)
         return;
     year_ = year;
-    layOut();
+    months_.clear();
     update();
 }
 
@@ -197,7 +202,7 @@ void SSYear::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), Theme::of(*this).surface);
     if (event->rect().top() < captionHeight())
         paintCaption(painter);
-    for (const Month& month : months_)
+    for (const Month& month : months())
         if (event->region().intersects(month.rect))
             paintMonth(painter, month, event->region());
 }
@@ -270,13 +275,13 @@ void SSYear::paintDay(QPainter& painter, const QRect& rect, year_month_day date)
 
 void SSYear::resizeEvent(QResizeEvent* event) {
     CalendarControl::resizeEvent(event);
-    layOut();
+    months_.clear();
 }
 
 void SSYear::changeEvent(QEvent* event) {
     CalendarControl::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
-        layOut();
+        months_.clear();
         updateGeometry();
     }
 }

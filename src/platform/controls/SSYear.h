@@ -65,15 +65,16 @@ class SSYear final : public CalendarControl {
     [[nodiscard]] bool onCaption(QPoint point) const;
     [[nodiscard]] QRect cellRect(const Month& month, int cell) const;
     void showYear(std::chrono::year year);
-    void layOut();
+    [[nodiscard]] const std::vector<Month>& months() const;  // lays them out when they are not
+    void layOut() const;
     void announceChosen();
     void paintCaption(QPainter& painter) const;
     void paintMonth(QPainter& painter, const Month& month, const QRegion& region) const;
     void paintDay(QPainter& painter, const QRect& rect, std::chrono::year_month_day date) const;
 
     std::chrono::year year_;
-    std::vector<Month> months_;
-    int rowHeight_ = 0;
+    mutable std::vector<Month> months_;  // empty until they are laid out
+    mutable int rowHeight_ = 0;
 };
 
 }  // namespace velmora
