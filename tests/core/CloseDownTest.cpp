@@ -24,17 +24,17 @@ class CloseDownTest : public ::testing::Test {
     CloseDown closeDown{tray,
                         {.commitEditors =
                              [this] {
-                                 log.push_back("commit");
+                                 log.emplace_back("commit");
                                  throw Failure("locked");
                              },
                          .mayClose =
                              [this] {
-                                 log.push_back("ask");
+                                 log.emplace_back("ask");
                                  return may;
                              },
                          .endScans =
                              [this] {
-                                 log.push_back("end");
+                                 log.emplace_back("end");
                                  throw Failure("stop");
                              }}};
 };

@@ -16,18 +16,18 @@ class StartUpTest : public ::testing::Test {
   protected:
     void run() {
         StartUp(state, form, settings, clockLine, tray, clock, locale,
-                {.watchMenus = [this] { form.log.push_back("watch"); },
+                {.watchMenus = [this] { form.log.emplace_back("watch"); },
                  .showLetterA =
                      [this] {
                          form.log.push_back("letter A of " + state.BookFile);
                          if (failing)
                              throw Failure("no book");
                      },
-                 .openPlannerDatabase = [this] { form.log.push_back("database"); },
-                 .setDayLimits = [this] { form.log.push_back("limits"); },
-                 .reopenDocument = [this] { form.log.push_back("document"); },
-                 .colourCalendars = [this] { form.log.push_back("colour"); },
-                 .showToday = [this] { form.log.push_back("today"); }})
+                 .openPlannerDatabase = [this] { form.log.emplace_back("database"); },
+                 .setDayLimits = [this] { form.log.emplace_back("limits"); },
+                 .reopenDocument = [this] { form.log.emplace_back("document"); },
+                 .colourCalendars = [this] { form.log.emplace_back("colour"); },
+                 .showToday = [this] { form.log.emplace_back("today"); }})
             .run();
     }
 

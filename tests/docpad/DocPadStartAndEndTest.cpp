@@ -177,7 +177,7 @@ TEST_F(DocPadRecovery, NoForgetsTheText) {
 
 TEST_F(DocPadRecovery, OffersNothingOfACopyThatStillRuns) {
     leaveBehind("text");
-    programs.running.push_back("an earlier run");
+    programs.running.emplace_back("an earlier run");
     pad.offerRecovery();
     EXPECT_THAT(messages.takeShown(), IsEmpty());
     EXPECT_TRUE(kept());
@@ -238,7 +238,7 @@ TEST_F(DocPadRecovery, AnEmptyPadKeepsNothing) {
 
 TEST_F(DocPadRecovery, TwoCopiesOfTheProgramKeepTheirTextsApart) {
     leaveBehind("theirs");
-    programs.running.push_back("an earlier run");
+    programs.running.emplace_back("an earlier run");
     type("ours");
     pad.keepForRecovery();
     EXPECT_THAT(folder.read("docpad.recovery1"), ::testing::EndsWith("theirs"));

@@ -13,15 +13,15 @@ class FakeMainForm final : public MainForm {
   public:
     void setControlState(PaneControl control, ControlState state) override {
         states[control] = state;
-        log.push_back("state");
+        log.emplace_back("state");
     }
     void raisePaneButton(Pane pane) override {
         raised = pane;
-        log.push_back("raise");
+        log.emplace_back("raise");
     }
     void setTwentyFourHourTick(bool ticked) override {
         tick = ticked;
-        log.push_back("tick");
+        log.emplace_back("tick");
     }
     [[nodiscard]] bool twentyFourHourTick() const override { return tick; }
     void setClockText(const std::string& text) override {
@@ -31,32 +31,32 @@ class FakeMainForm final : public MainForm {
     [[nodiscard]] std::string clockText() const override { return clock; }
     void setDateLine(const std::string& text) override {
         dateLine = text;
-        log.push_back("date");
+        log.emplace_back("date");
     }
     void setLastNumber(const std::string& text) override {
         lastNumber = text;
-        log.push_back("number");
+        log.emplace_back("number");
     }
     void setFont(FontTarget target, const FontChoice& font) override {
         fonts[target] = font;
-        log.push_back("font");
+        log.emplace_back("font");
     }
     void setCaption(const std::string& text) override { caption = text; }
     void setDocPadCaption(const std::string& text) override { docPad = text; }
     [[nodiscard]] std::string docPadCaption() const override { return docPad; }
     void showCentred(int raise) override {
         raiseOfWindow = raise;
-        log.push_back("show");
+        log.emplace_back("show");
     }
     void bringToFront() override { ++broughtToFront; }
     [[nodiscard]] SharedState::Box docPadBox() const override { return box; }
     void fillWithDocPad() override {
         box = {0, 400, 15000, 9000};
-        log.push_back("fill");
+        log.emplace_back("fill");
     }
     void putDocPadBack(const SharedState::Box& back) override {
         box = back;
-        log.push_back("back");
+        log.emplace_back("back");
     }
     void setMaximiseButtonShown(bool shown) override { maximiseButton = shown; }
     void setRestoreButtonShown(bool shown) override { restoreButton = shown; }
