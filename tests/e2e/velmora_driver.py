@@ -337,20 +337,23 @@ class Velmora:
         seen = {0: "Label1", 1: "Picture4", 2: "Picture3"}[index]
         wait_until(lambda: self.shows(seen), f"the pane {name}")
 
-    def list_items(self):
-        return [item for item in children(self.find(id="List1"))
+    def list_items(self, within=None):
+        """The items of `List1`: of the phonebook's, or of that of another window."""
+        return [item for item in children(self.find(id="List1", within=within))
                 if item.get_role_name() == "list item"]
 
-    def list_lines(self):
-        return [item.get_name() for item in self.list_items()]
+    def list_lines(self, within=None):
+        return [item.get_name() for item in self.list_items(within)]
 
-    def list_item(self, line):
+    def list_item(self, line, within=None):
         return wait_until(
-            lambda: next((item for item in self.list_items() if item.get_name() == line), None),
+            lambda: next((item for item in self.list_items(within) if item.get_name() == line),
+                         None),
             f"the line {line!r}")
 
-    def wait_lines(self, lines):
-        wait_until(lambda: self.list_lines() == lines, f"the lines {lines}, not {self.list_lines()}")
+    def wait_lines(self, lines, within=None):
+        wait_until(lambda: self.list_lines(within) == lines,
+                   f"the lines {lines}, not {self.list_lines(within)}")
 
     def letter(self, letter):
         index = 26 if letter == "#" else ord(letter) - ord("A")
