@@ -32,7 +32,7 @@ struct FakeDroppedEntry final : DroppedEntry {
 
 class TrashTest : public ::testing::Test, protected test::DocPadWorld {
   protected:
-    void expectAnimation() {
+    void expectAnimation() const {
         EXPECT_THAT(pictures.shown,
                     ElementsAre(std::pair(Picture::Image5, 0ms), std::pair(Picture::Image6, 2000ms),
                                 std::pair(Picture::Image2, 3000ms)));
