@@ -1,11 +1,14 @@
 #!/usr/bin/python3
 """Runs Python tests and writes their results in the format that the C++ tests use.
 
-Usage: tests/python_tests.py RESULTS.xml FOLDER [NAME...]
+Usage: tests/python_tests.py [--part K/N] RESULTS.xml FOLDER [NAME...]
 
-Runs the test_*.py of FOLDER; with names, only tests whose id holds one of them.
+Runs the test_*.py of FOLDER; with names, only tests whose id holds one of them. With a part, only
+the classes of tests that fall to the K-th of N runs, which may go on at the same time.
 """
 
+import argparse
+import collections
 import pathlib
 import sys
 import time
@@ -88,19 +91,47 @@ def cases_of(suite):
             yield part
 
 
+def deal(tests, part, parts):
+    """The tests of the classes that fall to a part, 1 to `parts`: each class to the part that has
+    the fewest tests so far."""
+    counts = collections.Counter(type(test) for test in tests)
+    loads = [0] * parts
+    mine = set()
+    for kind, count in counts.most_common():
+        lightest = loads.index(min(loads))
+        loads[lightest] += count
+        if lightest == part - 1:
+            mine.add(kind)
+    return [test for test in tests if type(test) in mine]
+
+
+def part_of_all(text):
+    part, _, parts = text.partition("/")
+    if not 1 <= int(part) <= int(parts):
+        raise ValueError(text)
+    return int(part), int(parts)
+
+
+def arguments():
+    parser = argparse.ArgumentParser(usage=__doc__)
+    parser.add_argument("--part", type=part_of_all, default=(1, 1))
+    parser.add_argument("results", type=pathlib.Path)
+    parser.add_argument("folder")
+    parser.add_argument("names", nargs="*")
+    return parser.parse_args()
+
+
 def main():
-    if len(sys.argv) < 3:
-        print(__doc__, file=sys.stderr)
-        return 2
-    target, folder, names = pathlib.Path(sys.argv[1]), sys.argv[2], sys.argv[3:]
-    sys.path.insert(0, folder)
-    found = unittest.defaultTestLoader.discover(folder, top_level_dir=folder)
-    chosen = unittest.TestSuite(test for test in cases_of(found)
-                                if not names or any(name in test.id() for name in names))
+    asked = arguments()
+    sys.path.insert(0, asked.folder)
+    found = unittest.defaultTestLoader.discover(asked.folder, top_level_dir=asked.folder)
+    chosen = deal([test for test in cases_of(found)
+                   if not asked.names or any(name in test.id() for name in asked.names)],
+                  *asked.part)
     results = Results()
-    chosen.run(results)
-    target.parent.mkdir(parents=True, exist_ok=True)
-    xml.ElementTree(results.root).write(target, encoding="utf-8", xml_declaration=True)
+    unittest.TestSuite(chosen).run(results)
+    asked.results.parent.mkdir(parents=True, exist_ok=True)
+    xml.ElementTree(results.root).write(asked.results, encoding="utf-8", xml_declaration=True)
     return 0 if results.wasSuccessful() and results.count > 0 else 1
 
 

@@ -4,6 +4,7 @@ import pathlib
 import subprocess
 import tempfile
 import unittest
+import xml.etree.ElementTree as xml
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 COUNT = ROOT / "tests" / "count_results.py"
@@ -139,6 +140,32 @@ class PythonTests(Folder):
     def test_no_test_of_that_name_fails(self):
         self.assertEqual((1, (1, "0 passed, 0 failed")), self.run_tests(
             ["def test_good(self): pass"], "other"))
+
+
+class Parts(Folder):
+    def test_two_parts_run_each_class_once_and_whole(self):
+        tests = self.folder / "tests"
+        tests.mkdir()
+        (tests / "test_things.py").write_text("import unittest\n" + "".join(
+            f"class Thing{kind}(unittest.TestCase):\n" + "".join(
+                f"    def test_{number}(self): pass\n" for number in range(kind + 1))
+            for kind in range(4)))
+        seen = []
+        for part in ("1/2", "2/2"):
+            results = self.folder / "part.xml"
+            done = subprocess.run(["/usr/bin/python3", RUNNER, "--part", part, results, tests],
+                                  capture_output=True, text=True)
+            self.assertEqual((0, ""), (done.returncode, done.stderr))
+            seen.append({(case.get("classname"), case.get("name"))
+                         for case in xml.parse(results).iter("testcase")})
+        self.assertEqual(10, len(seen[0] | seen[1]))
+        self.assertEqual(5, len(seen[0]))
+        self.assertFalse({kind for kind, _ in seen[0]} & {kind for kind, _ in seen[1]})
+
+    def test_a_part_that_is_none_is_refused(self):
+        done = subprocess.run(["/usr/bin/python3", RUNNER, "--part", "3/2", "a.xml", "."],
+                              capture_output=True, text=True)
+        self.assertEqual(2, done.returncode)
 
 
 if __name__ == "__main__":
