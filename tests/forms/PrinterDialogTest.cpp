@@ -1,0 +1,71 @@
+#include "core/forms/PrinterDialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+
+#include "forms/Widgets.h"
+
+namespace velmora {
+namespace {
+
+class PrinterDialogTest : public testing::Test {
+  protected:
+    QListWidget& printers() { return test::named<QListWidget>(dialog_, "printers"); }
+    QPushButton& ok() { return test::named<QPushButton>(dialog_, "ok"); }
+    QRadioButton& radio(const char* name) { return test::named<QRadioButton>(dialog_, name); }
+
+    PrinterDialog dialog_{{"Pocket", "B\xFCro", "Print to PDF"},
+                          {"B\xFCro", PageOrientation::Landscape},
+                          CodePage::western()};
+};
+
+TEST_F(PrinterDialogTest, ShowsThePrintersWithTheCurrentOneChosen) {
+    EXPECT_EQ(dialog_.windowTitle(), "Printer Setup");
+    ASSERT_EQ(printers().count(), 3);
+    EXPECT_EQ(printers().item(1)->text(), QStringLiteral("B\u00FCro"));
+    EXPECT_EQ(printers().currentRow(), 1);
+    EXPECT_TRUE(radio("landscape").isChecked());
+    EXPECT_EQ(dialog_.chosen(), (PrinterChoice{"B\xFCro", PageOrientation::Landscape}));
+}
+
+TEST_F(PrinterDialogTest, TellsWhatWasChosen) {
+    test::showActive(dialog_);
+    EXPECT_TRUE(printers().hasFocus());
+    QTest::keyClick(&printers(), Qt::Key_Down);
+    QTest::mouseClick(&radio("portrait"), Qt::LeftButton, {}, {8, 8});
+    QTest::keyClick(&printers(), Qt::Key_Return);
+    EXPECT_EQ(dialog_.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog_.chosen(), (PrinterChoice{"Print to PDF", PageOrientation::Portrait}));
+}
+
+TEST_F(PrinterDialogTest, EscapeCancels) {
+    test::showActive(dialog_);
+    QTest::keyClick(&printers(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog_.isVisible());
+    EXPECT_EQ(dialog_.result(), QDialog::Rejected);
+}
+
+TEST_F(PrinterDialogTest, ADoubleClickChoosesAndCloses) {
+    test::showActive(dialog_);
+    const QPoint place = printers().visualItemRect(printers().item(0)).center();
+    QTest::mouseClick(printers().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(printers().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(dialog_.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog_.chosen().printer, "Pocket");
+}
+
+TEST(PrinterDialog, HasNoOkWhileNoPrinterIsChosen) {
+    PrinterDialog dialog({"Pocket"}, {"Attic", PageOrientation::Portrait}, CodePage::western());
+    EXPECT_FALSE(test::named<QPushButton>(dialog, "ok").isEnabled());
+    EXPECT_EQ(dialog.chosen().printer, "");
+    test::named<QListWidget>(dialog, "printers").setCurrentRow(0);
+    EXPECT_TRUE(test::named<QPushButton>(dialog, "ok").isEnabled());
+    EXPECT_EQ(dialog.chosen(), (PrinterChoice{"Pocket", PageOrientation::Portrait}));
+}
+
+}  // namespace
+}  // namespace velmora
