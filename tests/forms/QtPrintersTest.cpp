@@ -282,15 +282,16 @@ TEST_F(QtPrintersTest, AFileThatCanNotBeReplacedStaysAsItIs) {
 }
 
 TEST_F(QtPrintersTest, APrinterThatIsNotThereIsAFailureAndNothingIsPrintedElsewhere) {
-    const PrintJob job{.printer = "Attic",
-                       .pages = {{PrintedText{.text = "x", .font = {.name = "Arial", .size = 10}}}}};
+    const PrintJob job{
+        .printer = "Attic",
+        .pages = {{PrintedText{.text = "x", .font = {.name = "Arial", .size = 10}}}}};
     try {
         printers_.print(job);
         ADD_FAILURE() << "was printed";
     } catch (const Failure& failure) {
         EXPECT_STREQ(failure.what(),
-                     "Nothing was printed: the printer is not there any more.\n\nThe printer is "
-                     "\"Attic\"; Printer Setup in the File menu chooses another one.");
+                     "Nothing was printed: the printer \"Attic\" is not there any more. Printer "
+                     "Setup in the File menu chooses another one.");
     }
     EXPECT_THAT(messages_.takeShown(), IsEmpty());
 }

@@ -34,8 +34,7 @@ void prepare(QPrinter& printer, const QPrinterInfo& info, PageOrientation orient
 std::optional<std::string> refusal() {
     QLibrary cups(QStringLiteral("cups"), 2);
     const auto lastError = reinterpret_cast<int (*)()>(cups.resolve("cupsLastError"));
-    const auto lastText =
-        reinterpret_cast<const char* (*)()>(cups.resolve("cupsLastErrorString"));
+    const auto lastText = reinterpret_cast<const char* (*)()>(cups.resolve("cupsLastErrorString"));
     constexpr int kLastGoodAnswer = 0x0007;
     if (!lastError || !lastText || lastError() <= kLastGoodAnswer)
         return std::nullopt;
@@ -44,8 +43,8 @@ std::optional<std::string> refusal() {
 }
 
 Failure notPrinted(const std::string& utf8Printer, const std::string& why) {
-    return Failure("Nothing was printed: " + why + "\n\nThe printer is \"" + utf8Printer +
-                   "\"; Printer Setup in the File menu chooses another one.");
+    return Failure("Nothing was printed: the printer \"" + utf8Printer + "\" " + why +
+                   ". Printer Setup in the File menu chooses another one.");
 }
 
 }  // namespace
@@ -88,15 +87,15 @@ void QtPrinters::printOnPaper(const PrintJob& job) {
     const std::string name = codePage_.toUtf8(job.printer);
     const QPrinterInfo info = infoOf(job.printer, codePage_);
     if (info.isNull())
-        throw notPrinted(name, "the printer is not there any more.");
+        throw notPrinted(name, "is not there any more");
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setResolution(kPrinterResolution);
     printer.setDocName(kDocumentName);
     prepare(printer, info, job.orientation);
     if (!paintPages(printer, job, codePage_))
-        throw notPrinted(name, "the printer can not be reached.");
+        throw notPrinted(name, "can not be reached");
     if (const auto why = refusal())
-        throw notPrinted(name, "the printer did not take it (" + *why + ").");
+        throw notPrinted(name, "did not take it (" + *why + ")");
 }
 
 void QtPrinters::printToFile(const PrintJob& job) {
