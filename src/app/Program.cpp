@@ -43,6 +43,7 @@ Program::Program()
       planner_(world_, state_, calendar_, panes_, store_,
                [this](const std::string& text) { endAfter(text); }),
       fonts_(world_, calendar_),
+      printing_(world_, calendar_),
       accessories_(world_, calendar_),
       search_(
           world_, state_, calendar_, store_, letters_, [this] { calendar_.flipCheck1(); },
@@ -92,6 +93,7 @@ void Program::bindCommands() {
     accessories_.bindCommands(commands_);
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
+    printing_.bindCommands(commands_);
 
     const auto bound = [this](std::string_view name) { return commands_.isBound(name); };
     calendar_.menus().setItemsEnabled(bound);
@@ -156,9 +158,8 @@ void Program::connectDialer() {
     for (QPushButton* button :
          {page.sendButton(), page.hangUpButton(), page.externalButton(), phonebook.mailButton(),
           phonebook.webButton(), phonebook.fileButton()})
-        QObject::connect(button, &QPushButton::clicked, &calendar_, [this] {
-            calendar_.status().show("This version of Velmora does not do this yet.");
-        });
+        QObject::connect(button, &QPushButton::clicked, &calendar_,
+                         [this] { calendar_.status().show(kNotYet); });
 }
 
 void Program::connectStatusHelp() {

@@ -6,6 +6,7 @@
 #include "app/EntryForms.h"
 #include "app/FontRoom.h"
 #include "app/PlannerRoom.h"
+#include "app/PrintRoom.h"
 #include "app/SearchRoom.h"
 #include "app/World.h"
 #include "core/ClockLine.h"
@@ -74,6 +75,7 @@ class Program {
     DocPadRoom docPad_;
     PlannerRoom planner_;
     FontRoom fonts_;
+    PrintRoom printing_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
 

@@ -8,14 +8,18 @@
 #include "platform/CodePage.h"
 #include "platform/Format.h"
 #include "platform/PosixFiles.h"
+#include "platform/PrintRecorder.h"
 #include "platform/SystemClock.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
+#include "platform/qt/QtPrintMetrics.h"
+#include "platform/qt/QtPrinters.h"
 #include "platform/sqlite/SqliteSettings.h"
 
 namespace velmora {
 
-// What surrounds the program: the user's locale, the clock, files, settings, boxes and the loop.
+// What surrounds the program: the user's locale, the clock, files, settings, boxes, the loop
+// and the printers.
 struct World {
     // Throws Failure when there is no folder for data or settings.
     World();
@@ -31,6 +35,9 @@ struct World {
     DataLocations locations;
     QtEventLoop loop;
     QtMessages messages{codePage};
+    QtPrintMetrics printMetrics{codePage};
+    QtPrinters printers{messages, files, codePage};
+    PrintRecorder printer{printMetrics, printers};  // the one surface that all print on
 };
 
 }  // namespace velmora

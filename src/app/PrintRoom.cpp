@@ -1,0 +1,46 @@
+#include "app/PrintRoom.h"
+
+#include <QLabel>
+
+#include "core/forms/PlannerPage.h"
+#include "core/forms/StatusBar.h"
+#include "planner/EventsOfDay.h"
+#include "platform/controls/SSDay.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+
+PrintRoom::PrintRoom(World& world, Calendar& calendar)
+    : world_(world),
+      calendar_(calendar),
+      question_(world.codePage),
+      setup_(world.printer, question_, world.messages) {}
+
+void PrintRoom::bindCommands(CommandSet& commands) {
+    commands.bind("prints", [this] { setup_.change(); });
+    commands.bind("prntcal", [this] { printDay(); });
+    commands.bind("plprint", [this] { printWhatIsOnShow(); });
+    commands.bind("PrintP", [this] { printWhatIsOnShow(); });
+}
+
+void PrintRoom::printDay() {
+    calendar_.day().commitEditor();
+    const QFont font = calendar_.fontOf(FontTarget::DayView);
+    PrintEventsOfDay(
+        world_.printer,
+        {.tasks = calendar_.day().Tasks(),
+         .fontName = fromQt(font.family(), world_.codePage),
+         .fontSize = static_cast<float>(font.pointSizeF()),
+         .colour = calendar_.colourOf(FontTarget::DayView),
+         .longDate = fromQt(calendar_.plannerPage().dateLine()->text(), world_.codePage)},
+        calendar_.status(), world_.codePage);
+}
+
+void PrintRoom::printWhatIsOnShow() {
+    if (calendar_.dayViewShown())
+        printDay();
+    else
+        calendar_.status().show(kNotYet);
+}
+
+}  // namespace velmora
