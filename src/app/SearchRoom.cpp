@@ -19,7 +19,8 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
       letters_(letters),
       flipCheck1_(std::move(flipCheck1)),
       openHelp_(std::move(openHelp)),
-      pane_(calendar) {
+      pane_(calendar),
+      hitListPrint_(world.printer, world.messages, world.clock, world.locale) {
     QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked, &calendar,
                      [this] { associatesForm().findOthers(); });
 }
@@ -33,7 +34,7 @@ Form4& SearchRoom::searchForm() {
         searchForm_ = std::make_unique<Form4>(
             DatabaseSearchParts{state_, world_.settings, store_, letters_, world_.messages,
                                 calendar_.status(), world_.loop, flipCheck1_},
-            world_.codePage, &calendar_);
+            hitListPrint_, world_.codePage, &calendar_);
         QObject::connect(searchForm_.get(), &Form4::helpWanted, searchForm_.get(),
                          [this](const QString& topic) { openHelp_(topic.toStdString()); });
     }

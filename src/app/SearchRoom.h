@@ -9,6 +9,7 @@
 #include "core/CommandSet.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
+#include "phonebook/HitListPrint.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
 #include "phonebook/forms/Form4.h"
@@ -41,6 +42,7 @@ class SearchRoom {
     std::function<void()> flipCheck1_;
     std::function<void(const std::string& topic)> openHelp_;
     CalendarPhonebookPane pane_;
+    HitListPrint hitListPrint_;
     std::unique_ptr<Form4> searchForm_;
     std::unique_ptr<Other> associatesForm_;
 };

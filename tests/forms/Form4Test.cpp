@@ -15,10 +15,13 @@
 #include "forms/Widgets.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/StatusLight.h"
+#include "support/FakeClock.h"
 #include "support/FakeEventLoop.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
+#include "support/FakePrintSurface.h"
 #include "support/FakeStatusLine.h"
+#include "support/Golden.h"
 #include "support/PhonebookFixture.h"
 
 namespace velmora {
@@ -99,8 +102,13 @@ class Form4Test : public ::testing::Test, protected test::PhonebookFixture {
     test::FakeMessages messages;
     test::FakeStatusLine status;
     test::FakeEventLoop loop;
+    test::FakePrintSurface printer;
+    test::FakeClock clock;
+    LocaleFormats locale;
+    HitListPrint printing{printer, messages, clock, locale};
     Form4 form{
         {state, settings, store, letters, messages, status, loop, [this] { wish.flipped(); }},
+        printing,
         codePage};
 };
 
@@ -337,23 +345,31 @@ TEST_F(Form4Test, SearchesAnewWhenAskedInItsOwnScan) {
 TEST_F(Form4Test, MovesByTheTabKeyInReadingOrderOfTheColumns) {
     open();
     QStringList visited;
-    for (int i = 0; i < 34; ++i) {
+    for (int i = 0; i < 35; ++i) {
         visited << QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(
         "Text1 Check1 Command1 Check11 Check7 Check2 Check3 Check5 Check6 Check13 Check14 Check21 "
         "Check22 Check23 Check15 Check9 Check4 Check16 Check8 Check18 Check17 Check24 Check26 "
-        "Check10 Check12 Check25 Check19 Check20 Check27 Check28 List1 Command5 Command2 Command3",
+        "Check10 Check12 Check25 Check19 Check20 Check27 Check28 List1 Command5 Command4 Command2 "
+        "Command3",
         visited.join(QLatin1Char(' ')).toStdString());
     EXPECT_TRUE(text().hasFocus());
 }
 
-TEST_F(Form4Test, PrintsNothingYet) {
+TEST_F(Form4Test, PrintsTheListAsItStands) {
+    yellow() = test::bytesOf(test::personRecord("Zorn", "Jo")) +
+               test::bytesOf(test::personRecord("Abel", "Jo"));
     open();
-    EXPECT_FALSE(button("Command4").isEnabled());
-    EXPECT_EQ("Velmora can not print yet; that comes later.",
-              button("Command4").toolTip().toStdString());
+    text().setText("jo");
+    check("Check11").setChecked(false);
+    check("Check2").setChecked(true);
+    click("Command1");
+    ASSERT_THAT(list().lines(), SizeIs(2));
+    click("Command4");
+    test::expectGolden(printer.takeDump(), "search-results-of-the-form.txt");
+    EXPECT_THAT(list().lines(), SizeIs(2));
 }
 
 TEST_F(Form4Test, AsksForItsHelpPage) {

@@ -60,8 +60,13 @@ const std::array<Form4::FieldBox, kFieldCount> Form4::kFieldBoxes{{
     {&Form4::Check27, "Check27"}, {&Form4::Check28, "Check28"},
 }};
 
-Form4::Form4(const DatabaseSearchParts& parts, const CodePage& codePage, QWidget* parent)
-    : QDialog(parent), codePage_(codePage), statusLine_(parts.statusLine), search_(parts, *this) {
+Form4::Form4(const DatabaseSearchParts& parts, HitListPrint& printing, const CodePage& codePage,
+             QWidget* parent)
+    : QDialog(parent),
+      codePage_(codePage),
+      statusLine_(parts.statusLine),
+      search_(parts, *this),
+      printing_(printing) {
     setObjectName(QLatin1String(kFormName));
     setWindowTitle(QStringLiteral("Search V.L.M. Database"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -107,8 +112,6 @@ void Form4::makeButtons() {
     Command1->setDefault(true);
     for (QPushButton* button : {Command2, Command3, Command4, Command5})
         button->setAutoDefault(false);
-    Command4->setEnabled(false);
-    Command4->setToolTip(QStringLiteral("Velmora can not print yet; that comes later."));
 }
 
 QLayout* Form4::questionRow() {
@@ -209,6 +212,7 @@ void Form4::connectControls() {
     connect(Command1, &QPushButton::clicked, this, [this] { search_.search(criteria()); });
     connect(Command2, &QPushButton::clicked, this, [this] { search_.clearHits(); });
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+    connect(Command4, &QPushButton::clicked, this, [this] { printing_.print(List1->lines()); });
     connect(Command5, &QPushButton::clicked, this, [this] {
         emit helpWanted(QString::fromStdString(std::string(helpTopicOf(kFormName))));
     });

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "phonebook/DatabaseSearch.h"
+#include "phonebook/HitListPrint.h"
 #include "phonebook/SearchView.h"
 #include "platform/CodePage.h"
 #include "platform/StatusLine.h"
@@ -27,7 +28,8 @@ class Form4 final : public QDialog, public SearchView {
 
   public:
     // All must outlive the form.
-    Form4(const DatabaseSearchParts& parts, const CodePage& codePage, QWidget* parent = nullptr);
+    Form4(const DatabaseSearchParts& parts, HitListPrint& printing, const CodePage& codePage,
+          QWidget* parent = nullptr);
 
     // Shows the form, in front. One that was closed begins anew: empty, with all fields ticked.
     void present();
@@ -71,6 +73,7 @@ class Form4 final : public QDialog, public SearchView {
     const CodePage& codePage_;
     StatusLine& statusLine_;
     DatabaseSearch search_;
+    HitListPrint& printing_;
 
     QLabel* Label1 = nullptr;         // "Search for:"
     QLineEdit* Text1 = nullptr;       // the text to search for
