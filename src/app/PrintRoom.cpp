@@ -33,7 +33,7 @@ void PrintRoom::printDay() {
          .fontSize = static_cast<float>(font.pointSizeF()),
          .colour = calendar_.colourOf(FontTarget::DayView),
          .longDate = fromQt(calendar_.plannerPage().dateLine()->text(), world_.codePage)},
-        calendar_.status(), world_.codePage);
+        world_.messages, world_.codePage);
 }
 
 void PrintRoom::printWhatIsOnShow() {

@@ -39,7 +39,7 @@ void printRow(PrintSurface& printer, const std::string& row) {
 
 }  // namespace
 
-void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, StatusLine& status,
+void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, Messages& messages,
                       const CodePage& codePage) {
     printer.SetFontName(day.fontName);
     printer.SetForeColor(day.colour);
@@ -56,7 +56,7 @@ void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, StatusLine& s
     try {
         printer.EndDoc();
     } catch (const Failure& failure) {
-        status.show(codePage.fromUtf8(failure.what()));
+        messages.standardError(failure.what());
     }
 }
 

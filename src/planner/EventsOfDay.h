@@ -3,8 +3,8 @@
 #include <string>
 
 #include "platform/CodePage.h"
+#include "platform/Messages.h"
 #include "platform/PrintSurface.h"
-#include "platform/StatusLine.h"
 #include "platform/controls/models/DayTasks.h"
 
 namespace velmora {
@@ -20,9 +20,9 @@ struct DayOnShow {
 
 // Prints the appointments of the day on show in the day view's font: a head with the date, then
 // each with its times in bold, its text below and an empty line. They come in the order of their
-// times as text, so "01:00 PM" before "09:00 AM". A printer that does not take the job is told on
-// the status line alone.
-void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, StatusLine& status,
+// times as text, so "01:00 PM" before "09:00 AM". A printer that does not take the job is told in
+// the standard error box; nothing is thrown.
+void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, Messages& messages,
                       const CodePage& codePage);
 
 }  // namespace velmora

@@ -4,14 +4,16 @@
 
 #include <algorithm>
 
+#include "support/FakeMessages.h"
 #include "support/FakePrintSurface.h"
-#include "support/FakeStatusLine.h"
 #include "support/Golden.h"
 
 namespace velmora {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 class EventsOfDayTest : public testing::Test {
   protected:
@@ -22,7 +24,7 @@ class EventsOfDayTest : public testing::Test {
                           .fontSize = 9.5F,
                           .colour = 0x800000,
                           .longDate = "Friday, March 09, 2001"},
-                         status_, CodePage::western());
+                         messages_, CodePage::western());
     }
 
     // The texts of the only job, one a line.
@@ -36,7 +38,7 @@ class EventsOfDayTest : public testing::Test {
     }
 
     test::FakePrintSurface printer_;
-    test::FakeStatusLine status_;
+    test::FakeMessages messages_;
     DayTasks tasks_;
 };
 
@@ -47,7 +49,7 @@ TEST_F(EventsOfDayTest, PrintsTheDayInTheFontOfTheDayView) {
     tasks_.Add("11:00 AM", "11:30 AM", "");
     print();
     test::expectGolden(printer_.takeDump(), "events-of-the-day.txt");
-    EXPECT_EQ(status_.text, "");
+    EXPECT_THAT(messages_.takeShown(), IsEmpty());
 }
 
 TEST_F(EventsOfDayTest, ADayWithoutAppointmentsHasItsHead) {
@@ -103,10 +105,10 @@ TEST_F(EventsOfDayTest, TheNextJobIsNotBold) {
     EXPECT_THAT(printer_.takeDump(), HasSubstr("Inter 9.5 #000080 |next|"));
 }
 
-TEST_F(EventsOfDayTest, APrinterThatFailsIsToldOnTheStatusLine) {
-    printer_.refusal = "Nothing was printed: caf\xC3\xA9.";
+TEST_F(EventsOfDayTest, APrinterThatFailsIsToldAndNothingIsThrown) {
+    printer_.refusal = "The printer is on fire.";
     EXPECT_NO_THROW(print());
-    EXPECT_EQ(status_.text, "Nothing was printed: caf\xE9.");
+    EXPECT_THAT(messages_.takeShown(), ElementsAre("error|Velmora|The printer is on fire."));
 }
 
 }  // namespace
