@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QImage>
 #include <QProcess>
 #include <QRectF>
@@ -161,6 +162,16 @@ TEST_F(QtPrintersTest, LettersOfTheCodePageComeOut) {
     EXPECT_EQ(found[0].text, QStringLiteral("M\u00FCller"));
     EXPECT_EQ(found[1].text, QStringLiteral("\u20AC"));
     EXPECT_EQ(found[2].text, QStringLiteral("\u0153"));
+}
+
+TEST_F(QtPrintersTest, TextCanBeCopiedAsItWasPrintedInTheFontOfTheWindow) {
+    surface_.SetFontName(QApplication::font().family().toStdString());
+    surface_.SetFontBold(true);
+    surface_.Print("02:30-03:00(1)->x");
+    printTo("copied.pdf");
+    const auto found = words();
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, QStringLiteral("02:30-03:00(1)-&gt;x"));
 }
 
 TEST_F(QtPrintersTest, EachPageBeginsAtItsTopLeft) {

@@ -60,6 +60,9 @@ QFont toQt(const PrintFont& font, const CodePage& codePage) {
     result.setPointSizeF(std::max<double>(font.size, kSmallestFont));
     result.setBold(font.bold);
     result.setItalic(font.italic);
+    // Alternate glyphs, such as the colon between digits, would be lost when the text of a PDF file
+    // is searched or copied.
+    result.setStyleStrategy(QFont::PreferNoShaping);
     return result;
 }
 
