@@ -72,7 +72,8 @@ class PrintShop:
         self.log = open(self.folder / "log", "wb")
         try:
             self._start_server()
-            self.add_queue(QUEUE, self._start_printer())
+            self.address = self._start_printer()
+            self.add_queue(QUEUE, self.address)
             self.administer("lpadmin", "-d", QUEUE)
         except BaseException:
             self.end()

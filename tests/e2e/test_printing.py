@@ -1,0 +1,184 @@
+"""Velmora prints on a real print system, and what arrives at the printer is read."""
+
+import datetime
+import unittest
+
+import planner
+from books import record
+from desk_test import DeskTest
+from print_shop import QUEUE, PrintShop, lines_of, words_of
+from velmora_driver import click, key, wait_until
+
+MARGIN = 0.25  # of the printer's paper, inches
+EXACT = 0.005
+PDF = "Print to PDF"
+
+
+def row(begin, end, text):
+    """A row of today's."""
+    today = datetime.date.today()
+    return (f"{today} 08:00:00", planner.stored(today), begin, end, text, "Event")
+
+
+class PrintTest(DeskTest):
+    """With a printer, unless a test closes the shop before it starts the program."""
+
+    def setUp(self):
+        super().setUp()
+        self.shop = PrintShop()
+        self.addCleanup(self.shop.end)
+        self.desk.environment.update(self.shop.environment)
+
+    def error(self):
+        """The text of the error box, which is closed."""
+        return self.program.answer("Velmora", "OK")
+
+    def start_with_appointments(self, *rows):
+        planner.make_database(self.desk.book("qel.mdb"), rows)
+        program = self.start()
+        for text in (row[4] for row in rows):
+            planner.block(program, text)
+        return program
+
+    def print_day(self):
+        self.program.menu("Planner", "Print Events of the Day")
+
+    def set_up_printer(self, printer, *choices):
+        """Chooses in the printer dialog; `choices` are captions of its other controls."""
+        self.program.menu("File", "Printer Setup...")
+        dialog = self.program.dialog("Printer Setup")
+        click(self.program.find(name=printer, role="list item", within=dialog))
+        for caption in choices:
+            click(self.program.find(name=caption, within=dialog))
+        click(self.program.find(name="Ok", role="push button", within=dialog))
+        self.program.wait_closed("Printer Setup")
+
+    def save_as(self, path):
+        self.program.dialog(PDF)
+        key("ctrl+a")
+        planner.type_text(str(path))
+        key("Return")
+        self.program.wait_closed(PDF)
+
+
+class TheDay(PrintTest):
+    def test_the_events_of_the_day_arrive_at_the_printer(self):
+        self.start_with_appointments(row("02:30 PM", "03:00 PM", "Dentist"),
+                                     row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.print_day()
+        sheet = self.shop.next_sheet()
+        self.assertEqual(["Velmora: Events of the Day",
+                          " ".join(self.program.text("Label1").split()),
+                          "02:30 PM - 03:00 PM", "Dentist", "09:00 AM - 10:00 AM", "Breakfast"],
+                         lines_of(sheet))
+        words = words_of(sheet)
+        for word in words:
+            if word.text in ("Velmora:", "02:30", "Dentist", "09:00", "Breakfast"):
+                self.assertAlmostEqual(MARGIN, word.left, delta=EXACT, msg=word.text)
+        tops = {word.text: word.top for word in words}
+        self.assertAlmostEqual(MARGIN, tops["Velmora:"], delta=0.05)
+        # An appointment has two lines and an empty one.
+        line = tops["Dentist"] - tops["02:30"]
+        self.assertAlmostEqual(3 * line, tops["09:00"] - tops["02:30"], delta=EXACT)
+        self.assertTrue(self.shop.has_nothing_more())
+        self.assert_closes_well()
+
+    def test_the_print_key_prints_the_day_while_it_is_on_show_only(self):
+        program = self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        print_key = program.find(name="Print...", role="push button")
+        click(print_key)
+        self.assertIn("Breakfast", lines_of(self.shop.next_sheet()))
+        program.show_pane("Phonebook")
+        click(print_key)
+        wait_until(lambda: program.text("StatusBar1_2") ==
+                   "This version of Velmora does not do this yet.", "the status line")
+        self.assertTrue(self.shop.has_nothing_more())
+
+    def test_sheets_lie_on_their_side_when_they_are_asked_to(self):
+        self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.set_up_printer(QUEUE, "Landscape")
+        self.print_day()
+        words = {word.text: word for word in words_of(self.shop.next_sheet())}
+        # The sheet comes upright and what is on it lies: words are higher than they are wide.
+        word = words["Breakfast"]
+        self.assertGreater(word.bottom - word.top, word.right - word.left)
+
+
+class TheHits(PrintTest):
+    def test_the_list_of_a_search_arrives_at_the_printer(self):
+        program = self.start_in_phonebook(record(First="Edith", Last="Barlow")
+                                          + record(First="Noor", Last="Buckley"))
+        program.menu("Phonebook", "Search Database")
+        form = program.dialog("Search V.L.M. Database")
+        program.fill("Text1", "noor", within=form)
+        click(program.find(name="Search", role="push button", within=form))
+        wait_until(lambda: program.find_all(role="list item", within=form), "the hit")
+        click(program.find(name="Print List", role="push button", within=form))
+        lines = lines_of(self.shop.next_sheet())
+        self.assertRegex(lines[0], "^Velmora: Search Results [A-Z]")
+        self.assertEqual(["Y: Buckley, Noor Match: First Name=Noor"], lines[1:])
+        self.assertTrue(self.shop.has_nothing_more())
+
+
+class PrintersThatFail(PrintTest):
+    def test_a_printer_that_went_is_told_and_no_other_prints(self):
+        self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.shop.add_queue("Attic", self.shop.address)
+        self.set_up_printer("Attic")
+        self.shop.remove_queue("Attic")
+        self.print_day()
+        self.assertEqual('Nothing was printed: the printer "Attic" is not there any more. Printer '
+                         "Setup in the File menu chooses another one.", self.error())
+        self.assertTrue(self.shop.has_nothing_more())
+        self.set_up_printer(QUEUE)
+        self.print_day()
+        self.assertIn("Breakfast", lines_of(self.shop.next_sheet()))
+        self.assert_closes_well()
+
+    def test_a_printer_that_takes_no_jobs_is_told(self):
+        self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.shop.refuse_jobs()
+        self.print_day()
+        self.assertRegex(self.error(),
+                         f'^Nothing was printed: the printer "{QUEUE}" did not take it \\(.+\\)')
+        self.assertTrue(self.shop.has_nothing_more())
+        self.assert_closes_well()
+
+    def test_without_a_print_system_a_file_is_offered(self):
+        self.shop.end()
+        program = self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.print_day()
+        self.save_as(self.desk.base / "day.pdf")
+        wait_until((self.desk.base / "day.pdf").exists, "the file")
+        self.assertIn("Breakfast", lines_of(self.desk.base / "day.pdf"))
+        program.menu("File", "Printer Setup...")
+        dialog = program.dialog("Printer Setup")
+        self.assertEqual([PDF], [item.get_name() for item in
+                                 program.find_all(role="list item", within=dialog)])
+        key("Escape")
+        program.wait_closed("Printer Setup")
+        self.assert_closes_well()
+
+    def test_a_file_that_can_not_be_written_is_told(self):
+        self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.set_up_printer(PDF)
+        self.print_day()
+        self.save_as("/sys/day.pdf")
+        self.assertRegex(self.error(), "^The file /sys/day.pdf can not be written")
+        self.assertTrue(self.shop.has_nothing_more())
+        self.assert_closes_well()
+
+    def test_a_file_that_is_not_named_is_not_written(self):
+        program = self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.set_up_printer(PDF)
+        self.print_day()
+        program.dialog(PDF)
+        key("Escape")
+        program.wait_closed(PDF)
+        self.assertEqual([], list(self.desk.base.rglob("*.pdf")))
+        self.assertTrue(self.shop.has_nothing_more())
+        self.assert_closes_well()
+
+
+if __name__ == "__main__":
+    unittest.main()
