@@ -174,6 +174,7 @@ TEST_F(EntryListTest, ShowsTheSelectionQuietlyWhileDisabled) {
 
 TEST_F(EntryListTest, GoesBackToTheTopWithNewLines) {
     std::vector<std::string> many;
+    many.reserve(3000);
     for (int i = 0; i < 3000; ++i)
         many.push_back("Entry " + std::to_string(10000 + i));
     list.setLines(many);

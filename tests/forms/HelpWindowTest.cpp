@@ -38,6 +38,7 @@ class HelpWindowTest : public ::testing::Test {
     std::string topic() { return page().topic().toStdString(); }
     std::vector<std::string> lines() {
         std::vector<std::string> result;
+        result.reserve(static_cast<std::size_t>(list().count()));
         for (int row = 0; row < list().count(); ++row)
             result.push_back(list().item(row)->text().toStdString());
         return result;

@@ -25,8 +25,9 @@ class SSYearTest : public testing::Test {
         sheet.resize(724, 548);
         QObject::connect(&sheet, &SSYear::selectionChanged,
                          [this](const std::string& date) { events.push_back(date); });
-        QObject::connect(&sheet, &SSYear::doubleClicked, [this] { events.push_back("double"); });
-        QObject::connect(&sheet, &SSYear::captionClicked, [this] { events.push_back("caption"); });
+        QObject::connect(&sheet, &SSYear::doubleClicked, [this] { events.emplace_back("double"); });
+        QObject::connect(&sheet, &SSYear::captionClicked,
+                         [this] { events.emplace_back("caption"); });
     }
 
     QPoint centreOf(year_month_day date) { return sheet.dateRect(date).center(); }
