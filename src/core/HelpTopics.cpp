@@ -10,13 +10,14 @@ struct WindowTopic {
     std::string_view topic;
 };
 
-constexpr std::array<WindowTopic, 9> kWindows{{
+constexpr std::array<WindowTopic, 10> kWindows{{
     {"AddForm", "add-entry"},
     {"Form4", "search"},
     {"Other", "associates"},
     {"Schedule", "scheduling"},
     {"TextSearch", "docpad-search"},
     {"FontDialog", "fonts"},
+    {"PrinterDialog", "printing"},
     {"Calculator", "calculator"},
     {"WeekataGlance", "week"},
     {"HelpWindow", "help"},

@@ -12,6 +12,7 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("scheduling", helpTopicOf("Schedule"));
     EXPECT_EQ("docpad-search", helpTopicOf("TextSearch"));
     EXPECT_EQ("fonts", helpTopicOf("FontDialog"));
+    EXPECT_EQ("printing", helpTopicOf("PrinterDialog"));
     EXPECT_EQ("calculator", helpTopicOf("Calculator"));
     EXPECT_EQ("week", helpTopicOf("WeekataGlance"));
     EXPECT_EQ("help", helpTopicOf("HelpWindow"));
