@@ -7,6 +7,13 @@
     shop.end()                            # in any case
 
 Both listen on the loopback interface only, and neither needs a service of the machine.
+
+Started as a program it serves a test in another language: it writes the address of its server, and
+then answers each line of its input with one of its own, until the input ends:
+
+    next              the file of the next sheet, as next_sheet()
+    nothing more      True or False, as has_nothing_more()
+    administer WORDS  what a command of the print system printed, as administer(), in one line
 """
 
 import collections
@@ -16,10 +23,11 @@ import re
 import shutil
 import socket
 import subprocess
+import sys
 import tempfile
 import xml.etree.ElementTree as xml
 
-from velmora_driver import NotSeen, wait_until
+from waiting import NotSeen, wait_until
 
 QUEUE = "Pocket"
 OPEN_TO_ALL = "  Order allow,deny\n  Allow all\n"
@@ -182,3 +190,20 @@ class PrintShop:
                 process.wait()
         self.log.close()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+
+def serve():
+    shop = PrintShop()
+    try:
+        print(shop.environment["CUPS_SERVER"], flush=True)
+        for line in sys.stdin:
+            word, *more = line.split()
+            answers = {"next": shop.next_sheet, "nothing": shop.has_nothing_more,
+                       "administer": lambda words=more: shop.administer(*words)}
+            print(*str(answers[word]()).split("\n"), flush=True)
+    finally:
+        shop.end()
+
+
+if __name__ == "__main__":
+    serve()

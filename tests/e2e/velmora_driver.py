@@ -16,29 +16,20 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402 (the version has to be chosen first)
 
-# However slow the machine is; a condition that holds is seen within a twentieth of a second.
-PATIENCE = 20
+import waiting  # noqa: E402
+from waiting import PATIENCE, NotSeen  # noqa: E402
 
 # The toolkit's own cache lags behind the program unless a main loop runs here.
 Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 
 
-class NotSeen(AssertionError):
-    """What was waited for did not come."""
-
-
 def wait_until(condition, what, seconds=PATIENCE):
-    """The first true value of condition(), which is asked again and again."""
-    end = time.monotonic() + seconds
-    while True:
-        # An object that is gone by the time it is asked counts as not there.
+    """As waiting.wait_until(); an object that is gone by the time it is asked is not there."""
+    def seen():
         with contextlib.suppress(GLib.Error):
-            value = condition()
-            if value:
-                return value
-        if time.monotonic() > end:
-            raise NotSeen(f"waited {seconds} s for {what}")
-        time.sleep(0.05)
+            return condition()
+        return None
+    return waiting.wait_until(seen, what, seconds)
 
 
 def xdo(*words):

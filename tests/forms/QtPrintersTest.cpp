@@ -4,9 +4,7 @@
 
 #include <QApplication>
 #include <QImage>
-#include <QProcess>
 #include <QRectF>
-#include <QRegularExpression>
 #include <filesystem>
 
 #include "platform/Failure.h"
@@ -15,33 +13,19 @@
 #include "platform/qt/PrintPages.h"
 #include "platform/qt/QtPrintMetrics.h"
 #include "support/FakeMessages.h"
+#include "support/PdfFile.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora {
 namespace {
 
+using test::outputOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr double kMargin = 0.25;
 constexpr double kExact = 0.002;  // inches; files tell places with six digits of points
-
-struct Word {
-    int page = 0;
-    double left = 0;
-    double top = 0;
-    double right = 0;
-    double bottom = 0;
-    QString text;
-};
-
-QString outputOf(const QString& program, const QStringList& words) {
-    QProcess process;
-    process.start(program, words);
-    EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 // On a machine that has no print system, or none that answers.
 class QtPrintersTest : public testing::Test {
@@ -56,23 +40,7 @@ class QtPrintersTest : public testing::Test {
         surface_.EndDoc();
     }
 
-    [[nodiscard]] std::vector<Word> words() const {
-        const QString html =
-            outputOf("pdftotext", {"-bbox", QString::fromStdString(path_), QStringLiteral("-")});
-        static const QRegularExpression mark(
-            R"-(<page |<word xMin="(.+?)" yMin="(.+?)" xMax="(.+?)" yMax="(.+?)">(.*?)</word>)-");
-        std::vector<Word> found;
-        int page = 0;
-        for (const auto& match : mark.globalMatch(html)) {
-            const auto inches = [&](int group) { return match.captured(group).toDouble() / 72; };
-            if (match.captured(5).isEmpty())
-                ++page;
-            else
-                found.push_back(
-                    {page, inches(1), inches(2), inches(3), inches(4), match.captured(5)});
-        }
-        return found;
-    }
+    [[nodiscard]] std::vector<test::PdfWord> words() const { return test::wordsOf(path_); }
 
     // Where there is ink on a page of the file, in inches.
     [[nodiscard]] QRectF inkOf(int page) const {

@@ -14,7 +14,8 @@ namespace velmora::test {
 // written down by running the test once with VELMORA_WRITE_GOLDEN=1; look at the difference before
 // you commit it. The run that writes fails, so that none is left switched on.
 inline void expectGolden(const std::string& text, const std::string& name) {
-    const std::filesystem::path path = std::filesystem::path(VELMORA_GOLDEN_FOLDER) / name;
+    const std::filesystem::path path =
+        std::filesystem::path(VELMORA_TESTS_FOLDER) / "golden" / name;
     if (std::getenv("VELMORA_WRITE_GOLDEN") != nullptr) {
         std::ofstream(path, std::ios::binary) << text;
         FAIL() << "wrote " << path;

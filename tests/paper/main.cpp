@@ -1,0 +1,28 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <memory>
+
+#include "paper/PrintShop.h"
+
+namespace velmora::test {
+namespace {
+
+std::unique_ptr<PrintShop> theShop;
+
+}  // namespace
+
+PrintShop& printShop() {
+    return *theShop;
+}
+
+}  // namespace velmora::test
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    velmora::test::theShop = std::make_unique<velmora::test::PrintShop>();
+    const int result = RUN_ALL_TESTS();
+    velmora::test::theShop.reset();
+    return result;
+}
