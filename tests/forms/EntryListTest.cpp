@@ -186,5 +186,17 @@ TEST_F(EntryListTest, GoesBackToTheTopWithNewLines) {
     EXPECT_EQ(0, list.verticalScrollBar()->value());
 }
 
+TEST_F(EntryListTest, DrawsStrongLinesSemiboldAndOthersAsBefore) {
+    list.setLines({"TODAY - Tea", "Tomorrow - Tea"});
+    show();
+    const auto row = [this](int number) {
+        return list.viewport()->grab(list.visualRect(list.model()->index(number, 0))).toImage();
+    };
+    const QImage first = row(0), second = row(1);
+    list.setStrongLines([](std::string_view line) { return line.substr(0, 5) == "TODAY"; });
+    EXPECT_NE(first, row(0));
+    EXPECT_EQ(second, row(1));
+}
+
 }  // namespace
 }  // namespace velmora

@@ -42,9 +42,14 @@ int EntryLines::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant EntryLines::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return toQt(lines_[static_cast<std::size_t>(index.row())], codePage_);
+    const std::string& line = lines_[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole)
+        return toQt(line, codePage_);
+    if (role == kStrongRole)
+        return strong_ && strong_(line);
+    return {};
 }
 
 Qt::ItemFlags EntryLines::flags(const QModelIndex& index) const {

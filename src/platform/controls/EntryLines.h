@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/CodePage.h"
@@ -30,6 +31,10 @@ class EntryLines final : public QAbstractListModel {
 
     [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
 
+    // Lines for which this is true have data true for kStrongRole.
+    void setStrong(std::function<bool(std::string_view)> strong) { strong_ = std::move(strong); }
+    static constexpr int kStrongRole = Qt::UserRole;
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -42,6 +47,7 @@ class EntryLines final : public QAbstractListModel {
   private:
     const CodePage& codePage_;
     Order order_;
+    std::function<bool(std::string_view)> strong_;
     std::vector<std::string> lines_;
 };
 

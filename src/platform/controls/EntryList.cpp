@@ -54,9 +54,12 @@ class LinePainter final : public QStyledItemDelegate {
             painter->setBrush(enabled ? theme.accentfill : theme.hover);
             painter->drawRoundedRect(option.rect, kRowRadius, kRowRadius);
         }
-        painter->setFont(option.font);
+        QFont font = option.font;
+        if (index.data(EntryLines::kStrongRole).toBool())
+            font.setWeight(QFont::DemiBold);
+        painter->setFont(font);
         painter->setPen(textColour(theme, option.palette, enabled, selected));
-        drawText(*painter, option.rect.adjusted(kTextInset, 0, -kTextInset, 0), option.fontMetrics,
+        drawText(*painter, option.rect.adjusted(kTextInset, 0, -kTextInset, 0), QFontMetrics(font),
                  index.data().toString());
         painter->restore();
     }
@@ -126,6 +129,11 @@ EntryList::EntryList(const CodePage& codePage, QWidget* parent)
 void EntryList::setTabStop(int pixels) {
     delete itemDelegate();
     setItemDelegate(new LinePainter(pixels, this));
+}
+
+void EntryList::setStrongLines(std::function<bool(std::string_view)> strong) {
+    lines_->setStrong(std::move(strong));
+    viewport()->update();
 }
 
 void EntryList::setLines(std::vector<std::string> lines) {

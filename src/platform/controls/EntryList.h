@@ -2,7 +2,9 @@
 
 #include <QListView>
 #include <QPixmap>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/CodePage.h"
@@ -25,6 +27,9 @@ class EntryList final : public QListView {
 
     // Where the text behind a tab begins, in pixels from the text before it.
     void setTabStop(int pixels);
+
+    // Lines for which this is true are drawn semibold.
+    void setStrongLines(std::function<bool(std::string_view)> strong);
 
     // Replaces all lines; none is selected then, and the list shows its top.
     void setLines(std::vector<std::string> lines);
