@@ -1,0 +1,148 @@
+#include "planner/forms/Form8.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "platform/Failure.h"
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kRowGap = 12;
+constexpr QSize kFormSize(540, 306);
+constexpr int kTwipsPerPixel = 15;
+constexpr QPoint kBesideCorner(620 / kTwipsPerPixel, 50 / kTwipsPerPixel);
+constexpr int kInterval = 60000;  // milliseconds
+
+QPushButton* button(const char* name, const char* caption, QWidget* parent) {
+    auto* made = new QPushButton(QLatin1String(caption), parent);
+    made->setObjectName(QLatin1String(name));
+    made->setAutoDefault(false);
+    return made;
+}
+
+}  // namespace
+
+Form8::Form8(const EventsForToday& events, const CodePage& codePage)
+    : events_(events),
+      codePage_(codePage),
+      Label1(new QLabel(QStringLiteral("Events and Occasions Occurring Today:"), this)),
+      List1(new EntryList(codePage_, nullptr, this)),
+      Timer1(new QTimer(this)),
+      Command1(button("Command1", "&Close", this)),
+      Command2(button("Command2", "&Datewarden", this)),
+      Command3(button("Command3", "&Print", this)),
+      Command5(button("Command5", "&Monthly", this)),
+      Command6(button("Command6", "&Weekly", this)) {
+    setObjectName(QStringLiteral("Form8"));
+    setWindowTitle(QStringLiteral("Events for Today:"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::WindowMinMaxButtonsHint);
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    makeControls();
+    layOut();
+    connectControls();
+    showLines(events_.Open());
+    Timer1->start(kInterval);
+}
+
+void Form8::makeControls() {
+    Label1->setObjectName(QStringLiteral("Label1"));
+    QFont heading = Label1->font();
+    heading.setPointSizeF(10.5);
+    heading.setWeight(QFont::DemiBold);
+    Label1->setFont(heading);
+    Label1->setBuddy(List1);
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setAccessibleName(Label1->text());
+    List1->setDragEnabled(false);
+    List1->setStrongLines(&isEventOfToday);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+}
+
+void Form8::layOut() {
+    auto* frame = new QFrame(this);
+    frame->setProperty("role", QStringLiteral("raised"));
+    auto* inside = new QVBoxLayout(frame);
+    inside->setContentsMargins(1, 1, 1, 1);
+    inside->addWidget(List1);
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    body->setSpacing(kRowGap);
+    body->addWidget(Label1);
+    body->addWidget(frame, 1);
+    auto* footer = new DialogFooter(this);
+    footer->addLeft(Command3);
+    footer->addRight(Command2);
+    footer->addRight(Command5);
+    footer->addRight(Command6);
+    footer->addRight(Command1);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->setSpacing(0);
+    whole->addLayout(body, 1);
+    whole->addWidget(footer);
+    resize(kFormSize.expandedTo(minimumSizeHint()));
+    Command1->setFocus();
+}
+
+void Form8::connectControls() {
+    connect(Timer1, &QTimer::timeout, this, &Form8::rebuild);
+    connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
+    connect(Command2, &QPushButton::clicked, this, &Form8::datewardenWanted);
+    connect(Command3, &QPushButton::clicked, this, [this] { emit printWanted(List1->lines()); });
+    connect(Command5, &QPushButton::clicked, this, &Form8::monthlyWanted);
+    connect(Command6, &QPushButton::clicked, this, &Form8::weeklyWanted);
+}
+
+// A list that can not be read stays as it was: a box for each minute that nobody is there would
+// help nobody.
+void Form8::rebuild() {
+    ignoringErrors([this] { showLines(events_.Lines()); });
+}
+
+// The same lines stay as they are, so that the list does not jump while it is being read.
+void Form8::showLines(std::vector<std::string> lines) {
+    if (lines != List1->lines())
+        List1->setLines(std::move(lines));
+}
+
+void Form8::placeBeside(const QWidget& window) {
+    const QRect room = window.screen()->availableGeometry();
+    const QSize frame = window.frameGeometry().size() - window.size();
+    const QPoint last = room.bottomRight() - QRect(QPoint(), size() + frame).bottomRight();
+    const QPoint wanted = window.pos() + kBesideCorner;
+    move(std::max(std::min(wanted.x(), last.x()), room.left()),
+         std::max(std::min(wanted.y(), last.y()), room.top()));
+}
+
+void Form8::showBeside(const QWidget& window) {
+    placeBeside(window);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+void Form8::presentBeside(const QWidget& window) {
+    rebuild();
+    if (!isVisible())
+        placeBeside(window);
+    show();
+    raise();
+    activateWindow();
+}
+
+}  // namespace velmora

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDialog>
+
+#include "planner/EventsForToday.h"
+#include "platform/CodePage.h"
+
+class QLabel;
+class QPushButton;
+class QTimer;
+
+namespace velmora {
+
+class EntryList;
+
+// "Events for Today": stays in front of all windows and keeps its list current, hidden or not.
+// Making the form opens it: the list is built and the sound plays. Closing it is its end, which it
+// tells by finished(); the owner then lets it go.
+class Form8 final : public QDialog {
+    Q_OBJECT
+
+  public:
+    // `events` and `codePage` must outlive the form. Throws Failure when the list can not be read.
+    Form8(const EventsForToday& events, const CodePage& codePage);
+
+    // Shows the form beside the left top corner of a window, kept on its screen. It does not become
+    // the active window.
+    void showBeside(const QWidget& window);
+
+    // As showBeside(), but with the list as of now, and as the active window. A form that is in
+    // view stays where it is.
+    void presentBeside(const QWidget& window);
+
+  signals:
+    void datewardenWanted();
+    void monthlyWanted();
+    void weeklyWanted();
+    void printWanted(const std::vector<std::string>& lines);
+
+  private:
+    void makeControls();
+    void layOut();
+    void connectControls();
+    void rebuild();
+    void showLines(std::vector<std::string> lines);
+    void placeBeside(const QWidget& window);
+
+    const EventsForToday& events_;
+    const CodePage& codePage_;
+    QLabel* Label1;         // "Events and Occasions Occurring Today:"
+    EntryList* List1;       // the events
+    QTimer* Timer1;         // builds the list anew
+    QPushButton* Command1;  // "&Close"
+    QPushButton* Command2;  // "&Datewarden"
+    QPushButton* Command3;  // "&Print"
+    QPushButton* Command5;  // "&Monthly"
+    QPushButton* Command6;  // "&Weekly"
+};
+
+}  // namespace velmora
