@@ -5,27 +5,31 @@ Usage: benches/measure_memory.py FOLDER
 
 FOLDER holds the program and both books. Runs on a display of its own: start it by
 tools/with-display. The program is run twice: once to see where its controls are, and once, with
-nothing that looks into it, to be measured.
+nothing that looks into it, to be measured. The window of today's events, which would lie over the
+controls, is loaded and hidden.
 """
 
+import os
 import pathlib
 import subprocess
 import sys
+import tempfile
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "e2e"))
 
-from velmora_driver import Velmora, middle, wait_until, xdo  # noqa: E402 (the path comes first)
+from settings import hide_events_at_start  # noqa: E402 (the path comes first)
+from velmora_driver import Velmora, middle, wait_until, xdo  # noqa: E402
 
 LIMIT_MB = 90
 FULLEST_LETTER = 18  # S
 MB = 1024 * 1024
 
 
-def places_of_controls(binary):
+def places_of_controls(binary, environment):
     """Where to click: the Phonebook pane, the fullest letter, the White Pages."""
-    program = Velmora(binary)
+    program = Velmora(binary, environment)
     try:
         places = [middle(program.find(id="Picture1_1"))]
         program.show_pane("Phonebook")
@@ -49,8 +53,8 @@ def memory(process, name):
     raise ValueError(name)
 
 
-def measure(binary, places, book_size):
-    process = subprocess.Popen([binary], cwd=binary.parent)
+def measure(binary, environment, places, book_size):
+    process = subprocess.Popen([binary], cwd=binary.parent, env={**os.environ, **environment})
     try:
         wait_until(lambda: bytes_read(process) >= book_size, "the first letter to be read")
         window = wait_until(lambda: xdo("search", "--onlyvisible", "--pid", process.pid,
@@ -88,8 +92,11 @@ def main():
     folder = pathlib.Path(sys.argv[1]).resolve()
     binary = folder / "velmora"
     book_size = min((folder / name).stat().st_size for name in ("DATAY.QEL", "DATAW.QEL"))
-    places = places_of_controls(binary)
-    resident, most = measure(binary, places, book_size)
+    with tempfile.TemporaryDirectory(prefix="velmora-memory.") as configurations:
+        hide_events_at_start(configurations)
+        environment = {"XDG_CONFIG_HOME": configurations}
+        places = places_of_controls(binary, environment)
+        resident, most = measure(binary, environment, places, book_size)
     print(f"memory-two-books-of-30000 {resident:.1f} MB (limit {LIMIT_MB})")
     print(f"memory-two-books-of-30000-peak {most:.1f} MB (limit {LIMIT_MB})")
     return 0 if max(resident, most) <= LIMIT_MB else 1

@@ -1,6 +1,6 @@
 #include "app/Program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -42,6 +42,9 @@ Program::Program()
       docPad_(world_, state_, calendar_, entries_),
       planner_(world_, state_, calendar_, panes_, store_,
                [this](const std::string& text) { endAfter(text); }),
+      events_(world_, calendar_,
+              {.ring = [] { QApplication::beep(); },
+               .runCommand = [this](std::string_view command) { run(command); }}),
       fonts_(world_, calendar_),
       printing_(world_, calendar_),
       accessories_(world_, calendar_),
@@ -52,6 +55,8 @@ Program::Program()
                {.watchMenus = [this] { connectStatusHelp(); },
                 .showLetterA = [this] { letters_.LetterClick(0); },
                 .openPlannerDatabase = [this] { planner_.openDatabase(); },
+                .showEvents = [this] { events_.showAtStart(); },
+                .keepEventsInFront = [this] { events_.keepInFront(); },
                 .setDayLimits = [this] { planner_.setDayLimits(); },
                 .reopenDocument = [this] { docPad_.docPad().LoadAtStart(); },
                 .colourCalendars = [this] { planner_.colourCalendars(); },
@@ -90,6 +95,7 @@ void Program::bindCommands() {
     commands_.bind("dialmnu", [this] { panes_.show(Pane::Dialer); });
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
+    events_.bindCommands(commands_);
     accessories_.bindCommands(commands_);
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
@@ -133,7 +139,7 @@ void Program::connectWindow() {
     QObject::connect(calendar_.docPad().shrinkButton(), &QToolButton::clicked, &calendar_,
                      [this] { docPadSize_.restore(); });
     calendar_.onCloseRequest([this] { return closeDown_.run(); });
-    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [] { QCoreApplication::quit(); });
+    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [] { QApplication::quit(); });
 }
 
 void Program::connectPhonebook() {

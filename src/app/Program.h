@@ -4,6 +4,7 @@
 #include "app/CalendarPhonebookPane.h"
 #include "app/DocPadRoom.h"
 #include "app/EntryForms.h"
+#include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -74,6 +75,7 @@ class Program {
 
     DocPadRoom docPad_;
     PlannerRoom planner_;
+    EventsRoom events_;
     FontRoom fonts_;
     PrintRoom printing_;
     AccessoriesRoom accessories_;

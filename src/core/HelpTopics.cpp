@@ -10,7 +10,7 @@ struct WindowTopic {
     std::string_view topic;
 };
 
-constexpr std::array<WindowTopic, 10> kWindows{{
+constexpr auto kWindows = std::to_array<WindowTopic>({
     {"AddForm", "add-entry"},
     {"Form4", "search"},
     {"Other", "associates"},
@@ -20,8 +20,10 @@ constexpr std::array<WindowTopic, 10> kWindows{{
     {"PrinterDialog", "printing"},
     {"Calculator", "calculator"},
     {"WeekataGlance", "week"},
+    {"Form7", "datewarden"},
+    {"Form8", "events"},
     {"HelpWindow", "help"},
-}};
+});
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};
 

@@ -37,6 +37,7 @@ void StartUp::run() {
     restoreFonts();
     form_.setLastNumber(settings_.Read("LastNumber"));
     form_.setDateLine(formatMoment(clock_.now(), "dddd, mmmm dd, yyyy", locale_));
+    openEvents();
     ignoringErrors(parts_.setDayLimits);
     ignoringErrors(parts_.reopenDocument);
     form_.raisePaneButton(Pane::Planner);
@@ -50,6 +51,12 @@ void StartUp::restoreFonts() {
     form_.setFont(FontTarget::DocPad, storedFont(settings_, "DocFont"));
     form_.setFont(FontTarget::DayView, storedFont(settings_, "PlanFont"));
     form_.setFont(FontTarget::EntryList, storedFont(settings_, "ListFont"));
+}
+
+void StartUp::openEvents() {
+    if (settings_.Read("EventStart").empty() || settings_.readSwitch("EventStart") == "1")
+        ignoringErrors(parts_.showEvents);
+    ignoringErrors(parts_.keepEventsInFront);
 }
 
 FontChoice storedFont(const SettingsStore& settings, std::string_view key) {

@@ -20,6 +20,8 @@ struct StartUpParts {
     std::function<void()> watchMenus;           // menu highlights begin to drive the status line
     std::function<void()> showLetterA;          // a click on the first letter tab
     std::function<void()> openPlannerDatabase;  // and stand on its first row
+    std::function<void()> showEvents;           // the events of today come into view
+    std::function<void()> keepEventsInFront;    // of all windows; loads them if they are not
     std::function<void()> setDayLimits;         // the last and the first line of the day view
     std::function<void()> reopenDocument;       // the last DocPad document, if it is to be kept
     std::function<void()> colourCalendars;      // styles, then the days that hold rows
@@ -36,6 +38,7 @@ class StartUp {
 
   private:
     void restoreFonts();
+    void openEvents();
 
     SharedState& state_;
     MainForm& form_;

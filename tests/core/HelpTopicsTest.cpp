@@ -15,6 +15,8 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("printing", helpTopicOf("PrinterDialog"));
     EXPECT_EQ("calculator", helpTopicOf("Calculator"));
     EXPECT_EQ("week", helpTopicOf("WeekataGlance"));
+    EXPECT_EQ("datewarden", helpTopicOf("Form7"));
+    EXPECT_EQ("events", helpTopicOf("Form8"));
     EXPECT_EQ("help", helpTopicOf("HelpWindow"));
 }
 

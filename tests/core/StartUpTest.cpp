@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/Failure.h"
 #include "support/FakeClock.h"
 #include "support/FakeMainForm.h"
@@ -24,6 +26,8 @@ class StartUpTest : public ::testing::Test {
                              throw Failure("no book");
                      },
                  .openPlannerDatabase = [this] { form.log.emplace_back("database"); },
+                 .showEvents = [this] { form.log.emplace_back("events"); },
+                 .keepEventsInFront = [this] { form.log.emplace_back("events in front"); },
                  .setDayLimits = [this] { form.log.emplace_back("limits"); },
                  .reopenDocument = [this] { form.log.emplace_back("document"); },
                  .colourCalendars = [this] { form.log.emplace_back("colour"); },
@@ -45,11 +49,31 @@ class StartUpTest : public ::testing::Test {
 
 TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
     run();
-    EXPECT_EQ(form.log,
-              (std::vector<std::string>{"watch", "letter A of \\DATAY.QEL", "database", "tick",
-                                        "font", "font", "font", "number", "date", "limits",
-                                        "document", "raise", "show", "colour", "today"}));
+    EXPECT_EQ(form.log, (std::vector<std::string>{"watch", "letter A of \\DATAY.QEL", "database",
+                                                  "tick", "font", "font", "font", "number", "date",
+                                                  "events", "events in front", "limits", "document",
+                                                  "raise", "show", "colour", "today"}));
     EXPECT_EQ(icon.tip, "Velmora");
+}
+
+TEST_F(StartUpTest, TheEventsOfTodayShowWhenEventStartIsEmptyOrOne) {
+    for (const char* value : {"", "1", " 1  "}) {
+        form.log.clear();
+        settings.Save("EventStart", value);
+        run();
+        EXPECT_EQ(std::ranges::count(form.log, "events"), 1) << value;
+        EXPECT_EQ(std::ranges::count(form.log, "events in front"), 1) << value;
+    }
+}
+
+TEST_F(StartUpTest, AnyOtherEventStartOnlyLoadsTheEventsOfToday) {
+    for (const char* value : {"0", " ", "01", "1.0", "yes", "-1", "2"}) {
+        form.log.clear();
+        settings.Save("EventStart", value);
+        run();
+        EXPECT_EQ(std::ranges::count(form.log, "events"), 0) << value;
+        EXPECT_EQ(std::ranges::count(form.log, "events in front"), 1) << value;
+    }
 }
 
 TEST_F(StartUpTest, WithNoSettingsThePlannerShowsAndYellowPagesAreOpen) {

@@ -12,8 +12,10 @@ from velmora_driver import is_enabled, key, middle, wait_until, xdo
 
 class StartAndClose(DeskTest):
     def test_starts_without_any_data(self):
+        self.desk.settings.remove("EventStart")
         program = self.start()
         self.assertEqual("Velmora", program.main.get_name())
+        wait_until(lambda: program.is_open("Events for Today:"), "the events of today")
         self.assertTrue(program.shows("Label1"))
         self.assertEqual([], program.list_lines())
         self.assert_books(yellow=b"", white=None)

@@ -17,6 +17,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402 (the version has to be chosen first)
 
 import waiting  # noqa: E402
+from settings import hide_events_at_start  # noqa: E402
 from waiting import PATIENCE, NotSeen  # noqa: E402
 
 # The toolkit's own cache lags behind the program unless a main loop runs here.
@@ -170,7 +171,6 @@ class Velmora:
         try:
             self.root = wait_until(self._application, "the program on the accessibility bus")
             self.main = wait_until(self._main_window, "the main window")
-            self._close_what_opened_by_itself()
             self.activate()
         except BaseException:
             self.end()
@@ -197,16 +197,6 @@ class Velmora:
     def asks(self):
         """A message box is open, and the main window waits for its answer."""
         return any(window.get_role_name() == "alert" for window in self.windows())
-
-    def _close_what_opened_by_itself(self):
-        """The events of the day may be shown at the start, above the main window."""
-        for window in self.windows():
-            if window.get_role_name() == "alert" or window.get_name() in (self.main.get_name(), ""):
-                continue
-            name = window.get_name()
-            click(self.find(role="push button", name="Close", within=window))
-            wait_until(lambda: name not in [other.get_name() for other in self.windows()],
-                       f"{name} to close")
 
     # Looking
 
@@ -376,7 +366,10 @@ class Velmora:
 
 
 class Desk:
-    """A folder of its own for one test: the program, its books and its settings."""
+    """A folder of its own for one test: the program, its books and its settings.
+
+    The settings are empty but for the one that hides the events of today at the start.
+    """
 
     def __init__(self):
         self.base = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e."))
@@ -388,6 +381,7 @@ class Desk:
         for name in ("CONFIG", "DATA", "CACHE", "STATE"):
             self.environment[f"XDG_{name}_HOME"] = str(self.base / name.lower())
         (self.base / "home").mkdir()
+        self.settings = hide_events_at_start(self.environment["XDG_CONFIG_HOME"])
         self.running = []
 
     @staticmethod

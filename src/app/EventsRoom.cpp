@@ -1,0 +1,71 @@
+#include "app/EventsRoom.h"
+
+#include <utility>
+
+#include "core/forms/StatusBar.h"
+
+namespace velmora {
+
+EventsRoom::EventsRoom(World& world, Calendar& calendar, EventsRoomParts parts)
+    : world_(world),
+      calendar_(calendar),
+      parts_(std::move(parts)),
+      datewarden_(world.settings, world.messages, world.clock),
+      events_(world.settings, world.clock, world.locale, parts_.ring) {}
+
+void EventsRoom::bindCommands(CommandSet& commands) {
+    commands.bind("evmnu", [this] { datewardenForm().present(); });
+}
+
+void EventsRoom::showAtStart() {
+    (void)eventsForm();
+    const auto showLater = [this] {
+        if (eventsForm_ && !eventsForm_->isVisible())
+            eventsForm_->showBeside(calendar_);
+    };
+    QObject::connect(&calendar_, &Calendar::firstPainted, &calendar_,
+                     [this, showLater] { world_.loop.post(showLater); });
+}
+
+void EventsRoom::keepInFront() {
+    (void)eventsForm();
+}
+
+void EventsRoom::showEvents() {
+    eventsForm().presentBeside(calendar_);
+}
+
+Form7& EventsRoom::datewardenForm() {
+    if (!datewardenForm_) {
+        datewardenForm_ =
+            std::make_unique<Form7>(datewarden_, calendar_.status(), world_.codePage, &calendar_);
+        QObject::connect(datewardenForm_.get(), &Form7::displayWanted, &calendar_,
+                         [this] { showEvents(); });
+    }
+    return *datewardenForm_;
+}
+
+Form8& EventsRoom::eventsForm() {
+    if (eventsForm_)
+        return *eventsForm_;
+    eventsForm_ = std::make_unique<Form8>(events_, world_.codePage);
+    Form8* form = eventsForm_.get();
+    QObject::connect(form, &QDialog::finished, &calendar_, [this] { unloadEvents(); });
+    QObject::connect(form, &Form8::datewardenWanted, &calendar_,
+                     [this] { datewardenForm().present(); });
+    QObject::connect(form, &Form8::monthlyWanted, &calendar_,
+                     [this] { parts_.runCommand("monthlytasks"); });
+    QObject::connect(form, &Form8::weeklyWanted, &calendar_,
+                     [this] { parts_.runCommand("reptmnu"); });
+    QObject::connect(form, &Form8::printWanted, &calendar_, [this] {
+        calendar_.status().show("This version of Velmora does not do this yet.");
+    });
+    return *form;
+}
+
+// The form is still telling of its end.
+void EventsRoom::unloadEvents() {
+    eventsForm_.release()->deleteLater();
+}
+
+}  // namespace velmora

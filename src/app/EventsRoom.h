@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/forms/Calendar.h"
+#include "planner/Datewarden.h"
+#include "planner/EventsForToday.h"
+#include "planner/forms/Form7.h"
+#include "planner/forms/Form8.h"
+
+namespace velmora {
+
+// What the windows of the occasions need of the rest of the program.
+struct EventsRoomParts {
+    std::function<void()> ring;                                // plays the alarm sound
+    std::function<void(std::string_view command)> runCommand;  // nothing for an unknown one
+};
+
+// Builds Datewarden and the events of today, and connects them with the main window.
+class EventsRoom {
+  public:
+    // All must outlive the room.
+    EventsRoom(World& world, Calendar& calendar, EventsRoomParts parts);
+
+    void bindCommands(CommandSet& commands);
+
+    // Steps of the start-up list. The events of today load here; they come into view behind the
+    // first painting of the main window, which they lie in front of.
+    void showAtStart();
+    void keepInFront();
+
+    // Opens the events of today, in front and as the active window.
+    void showEvents();
+
+  private:
+    [[nodiscard]] Form7& datewardenForm();
+    [[nodiscard]] Form8& eventsForm();
+    void unloadEvents();
+
+    World& world_;
+    Calendar& calendar_;
+    EventsRoomParts parts_;
+    Datewarden datewarden_;
+    EventsForToday events_;
+    std::unique_ptr<Form7> datewardenForm_;
+    std::unique_ptr<Form8> eventsForm_;  // from its opening to its closing
+};
+
+}  // namespace velmora
