@@ -15,7 +15,10 @@ struct OccasionDay {
     unsigned month = 1;
     unsigned day = 1;
 
-    friend auto operator<=>(const OccasionDay&, const OccasionDay&) = default;
+    friend bool operator==(const OccasionDay&, const OccasionDay&) = default;
+    friend bool operator<(const OccasionDay& a, const OccasionDay& b) {
+        return a.month != b.month ? a.month < b.month : a.day < b.day;
+    }
 };
 
 // A line of the list of occasions, taken apart.

@@ -4,7 +4,9 @@ import datetime
 import unittest
 
 from desk_test import DeskTest
-from velmora_driver import box_of, children, click, key, wait_until, xdo
+from velmora_driver import box_of, children, click, has_state, key, wait_until, xdo
+
+from gi.repository import Atspi
 
 EVENTS = "Events for Today:"
 DATEWARDEN = "Datewarden "
@@ -58,6 +60,14 @@ class EventsOfToday(EventsTest):
         self.press(window, "Close")
         self.program.wait_closed(EVENTS)
         self.assert_closes_well()
+
+    def test_leave_the_keys_to_the_main_window(self):
+        self.desk.settings.remove("EventStart")
+        self.program = self.desk.start(activate=False)
+        self.events_window()
+        wait_until(lambda: has_state(self.program.main, Atspi.StateType.ACTIVE), "the main window")
+        key("alt+f", "x")
+        self.assertEqual(0, self.program.wait_end())
 
     def test_stay_in_front_of_the_main_window(self):
         window = self.start_with_events()

@@ -159,10 +159,11 @@ class Velmora:
     """One run of the program.
 
     `binary` is started as it lies, so it works on the data beside it. `environment` is added to
-    that of this process. Call end() in any case; it does nothing when the program has ended.
+    that of this process. The main window is made the active one unless `activate` is false. Call
+    end() in any case; it does nothing when the program has ended.
     """
 
-    def __init__(self, binary, environment=None):
+    def __init__(self, binary, environment=None, activate=True):
         self.process = subprocess.Popen(
             [binary], cwd=pathlib.Path(binary).parent, stdin=subprocess.DEVNULL,
             env={**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "VELMORA_TEST_IDS": "1",
@@ -171,7 +172,8 @@ class Velmora:
         try:
             self.root = wait_until(self._application, "the program on the accessibility bus")
             self.main = wait_until(self._main_window, "the main window")
-            self.activate()
+            if activate:
+                self.activate()
         except BaseException:
             self.end()
             raise
@@ -389,8 +391,8 @@ class Desk:
         root = pathlib.Path(__file__).resolve().parents[2]
         return pathlib.Path(os.environ.get("VELMORA_PROGRAM", root / "build/release/velmora"))
 
-    def start(self, **environment):
-        program = Velmora(self.binary, {**self.environment, **environment})
+    def start(self, activate=True, **environment):
+        program = Velmora(self.binary, {**self.environment, **environment}, activate)
         self.running.append(program)
         return program
 

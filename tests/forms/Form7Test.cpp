@@ -76,8 +76,8 @@ TEST_F(Form7Test, HasItsCaptionsAndStaysOutOfTheMainWindowsWay) {
 }
 
 TEST_F(Form7Test, OpensOnThePresentDayWithTheSuggestedTextSelected) {
-    settings.Save("Events\\March\\09\\NumTasks", "1");
-    settings.Save("Events\\March\\09\\1M", "Birthday");
+    settings.Save(R"(Events\March\09\NumTasks)", "1");
+    settings.Save(R"(Events\March\09\1M)", "Birthday");
     open();
     EXPECT_EQ(bars(), "March 12");
     EXPECT_EQ(text().selectedText(), QStringLiteral("New Event Today!"));
@@ -108,7 +108,7 @@ TEST_F(Form7Test, EnterAddsTheTextToTheDayOfTheBars) {
     key("VScroll1", Qt::Key_Up);
     text().setText(QStringLiteral("Caf\u00e9 & <b> - opens"));
     QTest::keyClick(&text(), Qt::Key_Return);
-    EXPECT_EQ(settings.Read("Events\\April\\12\\1M"), "Caf\xE9 & <b> - opens");
+    EXPECT_EQ(settings.Read(R"(Events\April\12\1M)"), "Caf\xE9 & <b> - opens");
     EXPECT_THAT(list().lines(), ElementsAre("April 12 - Caf\xE9 & <b> - opens"));
     EXPECT_TRUE(form.isVisible());
 }

@@ -74,7 +74,7 @@ TEST_F(DatewardenTest, AddsTheTextAsItStands) {
     datewarden.setMonth(9);
     datewarden.setDay(7);
     add("  Tea & <b> - cake ");
-    EXPECT_EQ(settings.Read("Events\\September\\07\\1M"), "  Tea & <b> - cake ");
+    EXPECT_EQ(settings.Read(R"(Events\September\07\1M)"), "  Tea & <b> - cake ");
     EXPECT_EQ(datewarden.text(), "  Tea & <b> - cake ");
     EXPECT_THAT(datewarden.Lines(), ElementsAre("September 07 -   Tea & <b> - cake "));
 }
@@ -107,7 +107,7 @@ TEST_F(DatewardenTest, RemovesTheSelectedLineAfterAQuestion) {
     EXPECT_TRUE(datewarden.Remove("March 12 - a"));
     EXPECT_THAT(messages.takeShown(), ElementsAre(kQuestion));
     EXPECT_THAT(datewarden.Lines(), ElementsAre("March 12 - b"));
-    EXPECT_EQ(settings.Read("Events\\March\\12\\NumTasks"), "1");
+    EXPECT_EQ(settings.Read(R"(Events\March\12\NumTasks)"), "1");
 }
 
 TEST_F(DatewardenTest, NoKeepsTheLine) {
@@ -125,7 +125,7 @@ TEST_F(DatewardenTest, WithoutASelectedLineNothingIsAsked) {
 
 TEST_F(DatewardenTest, ALineThatIsGoneMeanwhileIsOnlyShownAnew) {
     add("a");
-    messages.whileOpen([&] { settings.Save("Events\\March\\12\\1M", "changed"); });
+    messages.whileOpen([&] { settings.Save(R"(Events\March\12\1M)", "changed"); });
     messages.willAnswer(true);
     EXPECT_TRUE(datewarden.Remove("March 12 - a"));
     EXPECT_THAT(datewarden.Lines(), ElementsAre("March 12 - changed"));

@@ -25,11 +25,11 @@ TEST_F(OccasionsTest, AreKeptUnderTheEnglishMonthAndADayOfTwoDigits) {
     occasions.Add({3, 9}, "Birthday: Clara");
     occasions.Add({3, 9}, "Founding day");
     occasions.Add({12, 31}, "Old year");
-    EXPECT_EQ(read("Events\\March\\09\\NumTasks"), "2");
-    EXPECT_EQ(read("Events\\March\\09\\1M"), "Birthday: Clara");
-    EXPECT_EQ(read("Events\\March\\09\\2M"), "Founding day");
-    EXPECT_EQ(read("Events\\December\\31\\NumTasks"), "1");
-    EXPECT_EQ(read("Events\\December\\31\\1M"), "Old year");
+    EXPECT_EQ(read(R"(Events\March\09\NumTasks)"), "2");
+    EXPECT_EQ(read(R"(Events\March\09\1M)"), "Birthday: Clara");
+    EXPECT_EQ(read(R"(Events\March\09\2M)"), "Founding day");
+    EXPECT_EQ(read(R"(Events\December\31\NumTasks)"), "1");
+    EXPECT_EQ(read(R"(Events\December\31\1M)"), "Old year");
     EXPECT_EQ(medium.values.size(), 5U);
 }
 
@@ -43,34 +43,34 @@ TEST_F(OccasionsTest, AreListedFromJanuaryToDecemberAndFromFirstToLast) {
 }
 
 TEST_F(OccasionsTest, BlankTextsAreNotListed) {
-    save("Events\\May\\05\\NumTasks", "4");
-    save("Events\\May\\05\\2M", "   ");
-    save("Events\\May\\05\\3M", " kept as it is ");
-    save("Events\\May\\05\\4M", "\r\n");
+    save(R"(Events\May\05\NumTasks)", "4");
+    save(R"(Events\May\05\2M)", "   ");
+    save(R"(Events\May\05\3M)", " kept as it is ");
+    save(R"(Events\May\05\4M)", "\r\n");
     EXPECT_THAT(occasions.On({5, 5}), ElementsAre(" kept as it is ", "\r\n"));
     EXPECT_THAT(occasions.Lines(), ElementsAre("May 05 -  kept as it is ", "May 05 - \r\n"));
 }
 
 TEST_F(OccasionsTest, CountsThatAreNegativeOrNoNumberAreNone) {
-    save("Events\\May\\05\\1M", "x");
+    save(R"(Events\May\05\1M)", "x");
     for (const char* count : {"", "-3", "many", "0", "-99999999999999999999"}) {
-        save("Events\\May\\05\\NumTasks", count);
+        save(R"(Events\May\05\NumTasks)", count);
         EXPECT_THAT(occasions.Lines(), IsEmpty()) << count;
     }
 }
 
 TEST_F(OccasionsTest, AHugeCountListsWhatIsThere) {
-    save("Events\\May\\05\\1M", "x");
-    save("Events\\May\\05\\7M", "y");
+    save(R"(Events\May\05\1M)", "x");
+    save(R"(Events\May\05\7M)", "y");
     for (const char* count : {"7", "2147483647", "99999999999999999999", " 12 days"}) {
-        save("Events\\May\\05\\NumTasks", count);
+        save(R"(Events\May\05\NumTasks)", count);
         EXPECT_THAT(occasions.Lines(), ElementsAre("May 05 - x", "May 05 - y")) << count;
     }
 }
 
 TEST_F(OccasionsTest, DaysThatAMonthLacksAreListedAllTheSame) {
-    save("Events\\February\\31\\NumTasks", "1");
-    save("Events\\February\\31\\1M", "never");
+    save(R"(Events\February\31\NumTasks)", "1");
+    save(R"(Events\February\31\1M)", "never");
     EXPECT_THAT(occasions.Lines(), ElementsAre("February 31 - never"));
     EXPECT_TRUE(occasions.Remove("February 31 - never"));
     EXPECT_THAT(occasions.Lines(), IsEmpty());
@@ -82,26 +82,26 @@ TEST_F(OccasionsTest, OfTwoEqualTextsTheFirstIsRemoved) {
     occasions.Add({3, 9}, "same");
     EXPECT_TRUE(occasions.Remove("March 09 - same"));
     EXPECT_THAT(occasions.On({3, 9}), ElementsAre("other", "same"));
-    EXPECT_EQ(read("Events\\March\\09\\NumTasks"), "2");
+    EXPECT_EQ(read(R"(Events\March\09\NumTasks)"), "2");
 }
 
 TEST_F(OccasionsTest, TheLastOneLeavesACountOfZero) {
     occasions.Add({3, 9}, "only");
     EXPECT_TRUE(occasions.Remove("March 09 - only"));
-    EXPECT_EQ(read("Events\\March\\09\\NumTasks"), "0");
+    EXPECT_EQ(read(R"(Events\March\09\NumTasks)"), "0");
     EXPECT_EQ(medium.values.size(), 1U);
 }
 
 TEST_F(OccasionsTest, RemovalClosesUpInOrderAndDropsBlankTexts) {
-    save("Events\\May\\05\\NumTasks", "4");
-    save("Events\\May\\05\\1M", "a");
-    save("Events\\May\\05\\2M", " ");
-    save("Events\\May\\05\\3M", "c");
-    save("Events\\May\\05\\4M", " d ");
+    save(R"(Events\May\05\NumTasks)", "4");
+    save(R"(Events\May\05\1M)", "a");
+    save(R"(Events\May\05\2M)", " ");
+    save(R"(Events\May\05\3M)", "c");
+    save(R"(Events\May\05\4M)", " d ");
     EXPECT_TRUE(occasions.Remove("May 05 - a"));
-    EXPECT_EQ(read("Events\\May\\05\\1M"), "c");
-    EXPECT_EQ(read("Events\\May\\05\\2M"), "d");
-    EXPECT_EQ(read("Events\\May\\05\\NumTasks"), "3");
+    EXPECT_EQ(read(R"(Events\May\05\1M)"), "c");
+    EXPECT_EQ(read(R"(Events\May\05\2M)"), "d");
+    EXPECT_EQ(read(R"(Events\May\05\NumTasks)"), "3");
     EXPECT_THAT(occasions.On({5, 5}), ElementsAre("c", "d"));
 }
 
