@@ -57,9 +57,9 @@ Form8& EventsRoom::eventsForm() {
                      [this] { parts_.runCommand("monthlytasks"); });
     QObject::connect(form, &Form8::weeklyWanted, &calendar_,
                      [this] { parts_.runCommand("reptmnu"); });
-    QObject::connect(form, &Form8::printWanted, &calendar_, [this] {
-        calendar_.status().show("This version of Velmora does not do this yet.");
-    });
+    QObject::connect(
+        form, &Form8::printWanted, &calendar_,
+        [this](const std::vector<std::string>& lines) { events_.Print(world_.printer, lines); });
     return *form;
 }
 

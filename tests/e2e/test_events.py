@@ -4,6 +4,7 @@ import datetime
 import unittest
 
 from desk_test import DeskTest
+from print_shop import PrintShop, lines_of
 from velmora_driver import box_of, children, click, has_state, key, wait_until, xdo
 
 from gi.repository import Atspi
@@ -102,6 +103,23 @@ class EventsOfToday(EventsTest):
         window = self.start_with_events()
         self.press(window, "Datewarden")
         self.program.dialog(DATEWARDEN)
+
+
+class PrintedEvents(EventsTest):
+    def setUp(self):
+        super().setUp()
+        self.shop = PrintShop()
+        self.addCleanup(self.shop.end)
+        self.desk.environment.update(self.shop.environment)
+
+    def test_arrive_at_the_printer_under_a_heading(self):
+        self.put_occasion(TODAY, "Birthday: Clara")
+        self.put_monthly(TODAY.day, "Read the meters")
+        self.press(self.start_with_events(), "Print")
+        self.assertEqual([f"Events and Occasions for {TODAY:%B %d, %Y}", "TODAY - Birthday: Clara",
+                          "TODAY: Monthly Event - Read the meters"],
+                         lines_of(self.shop.next_sheet()))
+        self.assertTrue(self.program.is_open(EVENTS))
 
 
 class Occasions(EventsTest):
