@@ -34,7 +34,7 @@ class Form8Test : public testing::Test {
         load().presentBeside(window);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&*form));
     }
-    const std::vector<std::string>& lines() { return named<EntryList>(*form, "List1").lines(); }
+    const std::vector<std::string>& lines() { return form->lines(); }
     QTimer& timer() { return named<QTimer>(*form, "Timer1"); }
     void press(const char* widget) {
         QTest::mouseClick(&named<QPushButton>(*form, widget), Qt::LeftButton);
@@ -92,7 +92,7 @@ TEST_F(Form8Test, ShowingTheLoadedFormIsSilentAndItsListIsOfNow) {
     EXPECT_THAT(lines(), ElementsAre("No Events Today."));
     occasion("12", "new");
     form->presentBeside(window);
-    EXPECT_THAT(lines(), ElementsAre("TODAY - new"));
+    EXPECT_THAT(named<EntryList>(*form, "List1").lines(), ElementsAre("TODAY - new"));
     EXPECT_EQ(rings, 0);
 }
 
@@ -104,6 +104,25 @@ TEST_F(Form8Test, TheTimerRebuildsTheHiddenListSilently) {
     waitForLines({"TODAY - b"});
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(rings, 1);
+}
+
+TEST_F(Form8Test, TheTimerRebuildsTheListInView) {
+    occasion("12", "a");
+    open();
+    occasion("12", "b");
+    waitForLines({"TODAY - b"});
+    EXPECT_THAT(named<EntryList>(*form, "List1").lines(), ElementsAre("TODAY - b"));
+}
+
+TEST_F(Form8Test, ThePrintedLinesAreThoseOfTheRebuiltList) {
+    open();
+    occasion("12", "b");
+    waitForLines({"TODAY - b"});
+    std::vector<std::string> printed;
+    QObject::connect(&*form, &Form8::printWanted, &*form,
+                     [&](const std::vector<std::string>& each) { printed = each; });
+    press("Command3");
+    EXPECT_THAT(printed, ElementsAre("TODAY - b"));
 }
 
 TEST_F(Form8Test, TheSameLinesKeepTheirSelection) {

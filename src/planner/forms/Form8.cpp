@@ -34,41 +34,45 @@ QPushButton* button(const char* name, const char* caption, QWidget* parent) {
 }  // namespace
 
 Form8::Form8(const EventsForToday& events, const CodePage& codePage)
-    : events_(events),
-      codePage_(codePage),
-      Label1(new QLabel(QStringLiteral("Events and Occasions Occurring Today:"), this)),
-      List1(new EntryList(codePage_, nullptr, this)),
-      Timer1(new QTimer(this)),
-      Command1(button("Command1", "&Close", this)),
-      Command2(button("Command2", "&Datewarden", this)),
-      Command3(button("Command3", "&Print", this)),
-      Command5(button("Command5", "&Monthly", this)),
-      Command6(button("Command6", "&Weekly", this)) {
+    : events_(events), codePage_(codePage), lines_(events.Open()), Timer1(new QTimer(this)) {
     setObjectName(QStringLiteral("Form8"));
     setWindowTitle(QStringLiteral("Events for Today:"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setWindowFlag(Qt::WindowMinMaxButtonsHint);
-    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint |
+                   Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_QuitOnClose, false);
-    makeControls();
-    layOut();
-    connectControls();
-    showLines(events_.Open());
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    connect(Timer1, &QTimer::timeout, this, &Form8::rebuild);
     Timer1->start(kInterval);
 }
 
 void Form8::makeControls() {
+    if (List1)
+        return;
+    Label1 = new QLabel(QStringLiteral("Events and Occasions Occurring Today:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     QFont heading = Label1->font();
     heading.setPointSizeF(10.5);
     heading.setWeight(QFont::DemiBold);
     Label1->setFont(heading);
-    Label1->setBuddy(List1);
+    List1 = new EntryList(codePage_, nullptr, this);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(Label1->text());
     List1->setDragEnabled(false);
     List1->setStrongLines(&isEventOfToday);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
+    List1->setLines(lines_);
+    Label1->setBuddy(List1);
+    makeButtons();
+    layOut();
+    connectControls();
+}
+
+void Form8::makeButtons() {
+    Command1 = button("Command1", "&Close", this);
+    Command2 = button("Command2", "&Datewarden", this);
+    Command3 = button("Command3", "&Print", this);
+    Command5 = button("Command5", "&Monthly", this);
+    Command6 = button("Command6", "&Weekly", this);
     Command1->setProperty("role", QStringLiteral("primary"));
     Command1->setDefault(true);
 }
@@ -100,27 +104,31 @@ void Form8::layOut() {
 }
 
 void Form8::connectControls() {
-    connect(Timer1, &QTimer::timeout, this, &Form8::rebuild);
     connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
     connect(Command2, &QPushButton::clicked, this, &Form8::datewardenWanted);
-    connect(Command3, &QPushButton::clicked, this, [this] { emit printWanted(List1->lines()); });
+    connect(Command3, &QPushButton::clicked, this, [this] {
+        const std::vector<std::string> lines = lines_;  // the list may change meanwhile
+        emit printWanted(lines);
+    });
     connect(Command5, &QPushButton::clicked, this, &Form8::monthlyWanted);
     connect(Command6, &QPushButton::clicked, this, &Form8::weeklyWanted);
 }
 
 // A list that can not be read stays as it was: a box for each minute that nobody is there would
-// help nobody.
+// help nobody. The same lines stay as they are, so that the list does not jump while it is read.
 void Form8::rebuild() {
-    ignoringErrors([this] { showLines(events_.Lines()); });
-}
-
-// The same lines stay as they are, so that the list does not jump while it is being read.
-void Form8::showLines(std::vector<std::string> lines) {
-    if (lines != List1->lines())
-        List1->setLines(std::move(lines));
+    ignoringErrors([this] {
+        std::vector<std::string> lines = events_.Lines();
+        if (lines == lines_)
+            return;
+        lines_ = std::move(lines);
+        if (List1)
+            List1->setLines(lines_);
+    });
 }
 
 void Form8::placeBeside(const QWidget& window) {
+    makeControls();
     const QRect room = window.screen()->availableGeometry();
     const QSize frame = window.frameGeometry().size() - window.size();
     const QPoint last = room.bottomRight() - QRect(QPoint(), size() + frame).bottomRight();

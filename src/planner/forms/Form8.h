@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
+#include <vector>
 
 #include "planner/EventsForToday.h"
 #include "platform/CodePage.h"
@@ -14,7 +16,8 @@ namespace velmora {
 class EntryList;
 
 // "Events for Today": stays in front of all windows and keeps its list current, hidden or not.
-// Making the form opens it: the list is built and the sound plays. Closing it is its end, which it
+// Making the form opens it: the list is built and the sound plays. Its controls are made when it is
+// shown for the first time, since it is opened at every start. Closing it is its end, which it
 // tells by finished(); the owner then lets it go.
 class Form8 final : public QDialog {
     Q_OBJECT
@@ -31,6 +34,9 @@ class Form8 final : public QDialog {
     // view stays where it is.
     void presentBeside(const QWidget& window);
 
+    // The list as it is shown, or would be.
+    [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
+
   signals:
     void datewardenWanted();
     void monthlyWanted();
@@ -39,22 +45,23 @@ class Form8 final : public QDialog {
 
   private:
     void makeControls();
+    void makeButtons();
     void layOut();
     void connectControls();
     void rebuild();
-    void showLines(std::vector<std::string> lines);
     void placeBeside(const QWidget& window);
 
     const EventsForToday& events_;
     const CodePage& codePage_;
-    QLabel* Label1;         // "Events and Occasions Occurring Today:"
-    EntryList* List1;       // the events
-    QTimer* Timer1;         // builds the list anew
-    QPushButton* Command1;  // "&Close"
-    QPushButton* Command2;  // "&Datewarden"
-    QPushButton* Command3;  // "&Print"
-    QPushButton* Command5;  // "&Monthly"
-    QPushButton* Command6;  // "&Weekly"
+    std::vector<std::string> lines_;
+    QTimer* Timer1;                   // builds the list anew
+    QLabel* Label1 = nullptr;         // "Events and Occasions Occurring Today:"
+    EntryList* List1 = nullptr;       // the events
+    QPushButton* Command1 = nullptr;  // "&Close"
+    QPushButton* Command2 = nullptr;  // "&Datewarden"
+    QPushButton* Command3 = nullptr;  // "&Print"
+    QPushButton* Command5 = nullptr;  // "&Monthly"
+    QPushButton* Command6 = nullptr;  // "&Weekly"
 };
 
 }  // namespace velmora
