@@ -42,3 +42,10 @@ def hide_events_at_start(configurations):
     settings = Settings(configurations)
     settings.save("EventStart", "0")
     return settings
+
+
+def occasion_key(date):
+    """What the keys of a day's occasions begin with."""
+    months = ("January February March April May June July August September October November "
+              "December").split()
+    return f"Events\\{months[date.month - 1]}\\{date.day:02}\\"

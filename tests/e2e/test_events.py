@@ -5,6 +5,7 @@ import unittest
 
 from desk_test import DeskTest
 from print_shop import PrintShop, lines_of
+from settings import occasion_key
 from velmora_driver import box_of, children, click, has_state, key, wait_until, xdo
 
 from gi.repository import Atspi
@@ -14,16 +15,10 @@ DATEWARDEN = "Datewarden "
 TODAY = datetime.date.today()
 
 
-def key_of(date):
-    months = ("January February March April May June July August September October November "
-              "December").split()
-    return f"Events\\{months[date.month - 1]}\\{date.day:02}\\"
-
-
 class EventsTest(DeskTest):
     def put_occasion(self, date, text):
-        self.desk.settings.save(key_of(date) + "NumTasks", "1")
-        self.desk.settings.save(key_of(date) + "1M", text)
+        self.desk.settings.save(occasion_key(date) + "NumTasks", "1")
+        self.desk.settings.save(occasion_key(date) + "1M", text)
 
     def put_monthly(self, day, text):
         self.desk.settings.save(f"Monthly\\{day}\\NumTasks", "1")
@@ -134,8 +129,8 @@ class Occasions(EventsTest):
         self.press(form, "Add")
         line = f"{TODAY:%B %d} - Founding day - 1998"
         self.wait_lines(form, [line])
-        self.assertEqual("1", self.desk.settings.read(key_of(TODAY) + "NumTasks"))
-        self.assertEqual("Founding day - 1998", self.desk.settings.read(key_of(TODAY) + "1M"))
+        self.assertEqual("1", self.desk.settings.read(occasion_key(TODAY) + "NumTasks"))
+        self.assertEqual("Founding day - 1998", self.desk.settings.read(occasion_key(TODAY) + "1M"))
         self.press(form, "Show Display")
         window = program.dialog(EVENTS)
         self.wait_lines(window, ["TODAY - Founding day - 1998"])
@@ -151,8 +146,8 @@ class Occasions(EventsTest):
         self.press(form, "Remove")
         program.answer("Remove Event?", "Yes")
         self.wait_lines(form, [])
-        self.assertEqual("0", self.desk.settings.read(key_of(TODAY) + "NumTasks"))
-        self.assertIsNone(self.desk.settings.read(key_of(TODAY) + "1M"))
+        self.assertEqual("0", self.desk.settings.read(occasion_key(TODAY) + "NumTasks"))
+        self.assertIsNone(self.desk.settings.read(occasion_key(TODAY) + "1M"))
         self.press(form, "Show Display")
         self.wait_lines(program.dialog(EVENTS), ["No Events Today."])
         self.assert_closes_well()

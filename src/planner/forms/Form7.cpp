@@ -79,7 +79,7 @@ void Form7::layOut() {
     bars->setSpacing(10);
     bars->addWidget(month_);
     bars->addWidget(day_);
-    bars->addStretch();
+    bars->addStretch(1);
     auto* question = new QVBoxLayout;
     question->setSpacing(4);
     question->addWidget(Label3);
