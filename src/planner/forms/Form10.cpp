@@ -1,0 +1,118 @@
+#include "planner/forms/Form10.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "planner/ListShapes.h"
+#include "planner/forms/TimeSteppers.h"
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
+#include "platform/controls/Stepper.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr QSize kFormSize(520, 406);
+
+}  // namespace
+
+Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
+    : TaskDialog("Form10", "Weekly Repetitive Tasks", codePage, parent),
+      tasks_(tasks),
+      day_(new Stepper(QStringLiteral("VScroll3"), QStringLiteral("Label4"), this)),
+      time_(new TimeSteppers({"Label1", "Label2", "Label3"}, this)),
+      Command1(makeButton("Command1", "&Add")),
+      Command2(makeButton("Command2", "&Remove")),
+      Command3(makeButton("Command3", "&Close")) {
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+    setUpDays();
+    auto* when = new QHBoxLayout;
+    when->setSpacing(20);
+    when->addWidget(day_);
+    when->addWidget(time_, 1);
+    auto* body = new QVBoxLayout;
+    body->setSpacing(5);
+    body->addLayout(when);
+    body->addSpacing(7);
+    body->addWidget(Text1);
+    body->addSpacing(7);
+    body->addWidget(makeLabel("Task(s):", List1));
+    body->addWidget(makeListFrame(List1, this), 1);
+    auto* footer = new DialogFooter(this);
+    for (QPushButton* button : {Command1, Command2, Command3})
+        footer->addRight(button);
+    layOut(body, footer);
+    resize(kFormSize.expandedTo(minimumSizeHint()));
+    setTabOrder(day_->arrows(), time_->hours()->arrows());
+    setTabOrder(time_->minutes()->arrows(), Text1);
+    setTabOrder(Text1, List1);
+    connectControls();
+}
+
+void Form10::setUpDays() {
+    Text1->setAccessibleName(QStringLiteral("Task"));
+    List1->setAccessibleName(QStringLiteral("Tasks"));
+    day_->setRange(1, static_cast<int>(kWeekdayNames.size()), 1);
+    day_->arrows()->setAccessibleName(QStringLiteral("Day"));
+    int widest = 0;
+    for (const std::string_view name : kWeekdayNames)
+        widest = std::max(widest, day_->label()->fontMetrics().horizontalAdvance(latin(name)));
+    day_->label()->setMinimumWidth(widest + 12);
+}
+
+void Form10::connectControls() {
+    connect(day_, &Stepper::valueChanged, this, [this](int day) {
+        tasks_.setDay(day);
+        day_->label()->setText(latin(tasks_.dayName()));
+    });
+    connect(time_, &TimeSteppers::hourChanged, this, [this](int hour) { tasks_.setHour(hour); });
+    connect(time_, &TimeSteppers::minuteChanged, this,
+            [this](int minute) { tasks_.setMinute(minute); });
+    connect(List1, &EntryList::lineClicked, this, [this] {
+        tasks_.Pick(List1->selectedLine());
+        showFields();
+    });
+    connect(Command1, &QPushButton::clicked, this, [this] {
+        tasks_.Add();
+        showFields();
+        showList();
+    });
+    connect(Command2, &QPushButton::clicked, this, [this] {
+        if (!List1->hasSelection())
+            return;
+        tasks_.Remove(List1->selectedLine());
+        showList();
+    });
+    connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Form10::open() {
+    tasks_.Open();
+    showFields();
+    showList();
+}
+
+QWidget* Form10::firstField() const {
+    return day_->arrows();
+}
+
+void Form10::showFields() {
+    day_->setValue(tasks_.day());
+    day_->label()->setText(latin(tasks_.dayName()));
+    time_->setTime(tasks_.time());
+    setBoxText(tasks_.text());
+}
+
+void Form10::showList() {
+    List1->setLines(tasks_.lines());
+}
+
+}  // namespace velmora

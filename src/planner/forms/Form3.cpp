@@ -1,0 +1,98 @@
+#include "planner/forms/Form3.h"
+
+#include <QFontInfo>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+constexpr QSize kFormSize(660, 400);
+
+}  // namespace
+
+Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
+    : TaskDialog("Form3", "Task Manager - To Do", codePage, parent),
+      list_(list),
+      codePage_(codePage),
+      Command1(makeButton("Command1", "&Add Task")),
+      Command2(makeButton("Command2", "&Remove Task")),
+      Command3(makeButton("Command3", "&Print Tasks")),
+      Command4(makeButton("Command4", "&Close")),
+      Command5(makeButton("Command5", "&Monthly")),
+      Command6(makeButton("Command6", "&Weekly")) {
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+    List1->setAccessibleName(QStringLiteral("Tasks"));
+    auto* body = new QVBoxLayout;
+    body->setSpacing(5);
+    body->addWidget(makeListFrame(List1, this), 1);
+    body->addSpacing(7);
+    body->addWidget(makeLabel("Enter new task below:", Text1));
+    body->addWidget(Text1);
+    layOut(body, makeFooter());
+    resize(kFormSize.expandedTo(minimumSizeHint()));
+    setTabOrder(List1, Text1);
+    connectControls();
+}
+
+DialogFooter* Form3::makeFooter() {
+    auto* footer = new DialogFooter(this);
+    for (QPushButton* side : {Command3, Command5, Command6})
+        footer->addLeft(side);
+    for (QPushButton* main : {Command1, Command2, Command4})
+        footer->addRight(main);
+    return footer;
+}
+
+void Form3::connectControls() {
+    connect(List1, &EntryList::lineClicked, this, [this] {
+        list_.Pick(List1->selectedLine());
+        setBoxText(list_.text());
+    });
+    connect(Command1, &QPushButton::clicked, this, [this] {
+        list_.AddTask();
+        showAll();
+    });
+    connect(Command2, &QPushButton::clicked, this, [this] {
+        list_.RemoveTask(List1->selectedLine());
+        showAll();
+    });
+    connect(Command3, &QPushButton::clicked, this,
+            [this] { emit printWanted(fromQt(QFontInfo(List1->font()).family(), codePage_)); });
+    connect(Command4, &QPushButton::clicked, this, &QDialog::reject);
+    connect(Command5, &QPushButton::clicked, this, [this] {
+        emit monthlyWanted();
+        reject();
+    });
+    connect(Command6, &QPushButton::clicked, this, [this] {
+        emit weeklyWanted();
+        reject();
+    });
+}
+
+void Form3::open() {
+    list_.Open();
+    showAll();
+    Text1->selectAll();
+}
+
+QWidget* Form3::firstField() const {
+    return Text1;
+}
+
+void Form3::showAll() {
+    if (List1->lines() != list_.lines())
+        List1->setLines(list_.lines());
+    setBoxText(list_.text());
+}
+
+}  // namespace velmora

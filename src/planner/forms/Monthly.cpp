@@ -1,0 +1,104 @@
+#include "planner/forms/Monthly.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
+#include "platform/controls/Stepper.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kLastDay = 31;
+constexpr int kLargeStep = 7;
+constexpr QSize kFormSize(520, 406);
+
+}  // namespace
+
+Monthly::Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent)
+    : TaskDialog("Monthly", "Monthly Repetitive Tasks", codePage, parent),
+      tasks_(tasks),
+      day_(new Stepper(QStringLiteral("VScroll1"), QStringLiteral("Label1"), this)),
+      Command1(makeButton("Command1", "&Add")),
+      Command2(makeButton("Command2", "&Remove")),
+      Command3(makeButton("Command3", "&Close")) {
+    Command1->setProperty("role", QStringLiteral("primary"));
+    Command1->setDefault(true);
+    day_->setRange(1, kLastDay, kLargeStep);
+    day_->arrows()->setAccessibleName(QStringLiteral("Day of the month"));
+    List1->setAccessibleName(QStringLiteral("Tasks"));
+
+    auto* when = new QHBoxLayout;
+    when->setSpacing(12);
+    when->addWidget(new QLabel(QStringLiteral("On the"), this));
+    when->addWidget(day_);
+    when->addWidget(new QLabel(QStringLiteral("Day Of The Month"), this));
+    when->addStretch();
+    auto* body = new QVBoxLayout;
+    body->setSpacing(5);
+    body->addLayout(when);
+    body->addSpacing(7);
+    body->addWidget(makeLabel("Task:", Text1));
+    body->addWidget(Text1);
+    body->addSpacing(9);
+    body->addWidget(makeListFrame(List1, this), 1);
+    auto* footer = new DialogFooter(this);
+    for (QPushButton* button : {Command1, Command2, Command3})
+        footer->addRight(button);
+    layOut(body, footer);
+    resize(kFormSize.expandedTo(minimumSizeHint()));
+    setTabOrder(day_->arrows(), Text1);
+    setTabOrder(Text1, List1);
+    connectControls();
+}
+
+void Monthly::connectControls() {
+    connect(day_, &Stepper::valueChanged, this, [this](int day) {
+        tasks_.setDay(day);
+        showDay();
+    });
+    connect(List1, &EntryList::lineClicked, this, [this] {
+        tasks_.Pick(List1->selectedLine());
+        showDay();
+    });
+    connect(Command1, &QPushButton::clicked, this, [this] {
+        tasks_.Add();
+        setBoxText(tasks_.text());
+        showList();
+    });
+    connect(Command2, &QPushButton::clicked, this, [this] {
+        if (!List1->hasSelection())
+            return;
+        tasks_.Remove(List1->selectedLine());
+        showList();
+    });
+    connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Monthly::open() {
+    tasks_.Open();
+    showDay();
+    setBoxText(tasks_.text());
+    showList();
+}
+
+QWidget* Monthly::firstField() const {
+    return day_->arrows();
+}
+
+void Monthly::showDay() {
+    day_->setValue(tasks_.day());
+    day_->label()->setText(QString::number(tasks_.day()));
+}
+
+void Monthly::showList() {
+    List1->setLines(tasks_.lines());
+}
+
+}  // namespace velmora
