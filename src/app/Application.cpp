@@ -8,6 +8,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Messages.h"
+#include "platform/qt/BoxOwner.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {
@@ -42,10 +43,10 @@ void Application::closePopups() {
 
 void Application::showError(const QString& text) {
     QMessageBox box(QMessageBox::Critical, QString::fromLatin1(kApplicationTitle), text,
-                    QMessageBox::Ok, activeWindow());
+                    QMessageBox::Ok, boxOwner());
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
-    box.exec();
+    runOverOwner(box);
 }
 
 void Application::endInOrder(const char* what) {

@@ -42,9 +42,11 @@ Program::Program()
       docPad_(world_, state_, calendar_, entries_),
       planner_(world_, state_, calendar_, panes_, store_,
                [this](const std::string& text) { endAfter(text); }),
+      alarms_(world_, calendar_),
       events_(world_, calendar_,
-              {.ring = [] { QApplication::beep(); },
+              {.ring = [this] { alarms_.sound().ring(); },
                .runCommand = [this](std::string_view command) { run(command); }}),
+      tasks_(world_, calendar_),
       fonts_(world_, calendar_),
       printing_(world_, calendar_),
       accessories_(world_, calendar_),
@@ -96,6 +98,8 @@ void Program::bindCommands() {
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
     events_.bindCommands(commands_);
+    alarms_.bindCommands(commands_);
+    tasks_.bindCommands(commands_);
     accessories_.bindCommands(commands_);
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);

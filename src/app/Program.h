@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AccessoriesRoom.h"
+#include "app/AlarmRoom.h"
 #include "app/CalendarPhonebookPane.h"
 #include "app/DocPadRoom.h"
 #include "app/EntryForms.h"
@@ -9,6 +10,7 @@
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
 #include "app/SearchRoom.h"
+#include "app/TaskRoom.h"
 #include "app/World.h"
 #include "core/ClockLine.h"
 #include "core/CloseDown.h"
@@ -75,7 +77,9 @@ class Program {
 
     DocPadRoom docPad_;
     PlannerRoom planner_;
+    AlarmRoom alarms_;
     EventsRoom events_;
+    TaskRoom tasks_;
     FontRoom fonts_;
     PrintRoom printing_;
     AccessoriesRoom accessories_;

@@ -10,6 +10,11 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("search", helpTopicOf("Form4"));
     EXPECT_EQ("associates", helpTopicOf("Other"));
     EXPECT_EQ("scheduling", helpTopicOf("Schedule"));
+    EXPECT_EQ("alarms", helpTopicOf("Alarm"));
+    EXPECT_EQ("alarms", helpTopicOf("AlarmAlert"));
+    EXPECT_EQ("tasks", helpTopicOf("Form3"));
+    EXPECT_EQ("tasks", helpTopicOf("Form10"));
+    EXPECT_EQ("tasks", helpTopicOf("Monthly"));
     EXPECT_EQ("docpad-search", helpTopicOf("TextSearch"));
     EXPECT_EQ("fonts", helpTopicOf("FontDialog"));
     EXPECT_EQ("printing", helpTopicOf("PrinterDialog"));

@@ -82,7 +82,8 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
       docPad_(new DocPadColumn(parts.text, this)),
       statusBar_(new StatusBar(codePage, this)),
       Check1(new QCheckBox(QStringLiteral("Don't Delete -- Required"), this)),
-      Timer1(new QTimer(this)) {
+      Timer1(new QTimer(this)),
+      Timer3(new QTimer(this)) {
     setObjectName(QStringLiteral("Calendar"));
     setWindowTitle(QString::fromLatin1(kApplicationTitle));
     setStatusBar(statusBar_);
@@ -92,6 +93,11 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
     Timer1->setObjectName(QStringLiteral("Timer1"));
     connect(Timer1, &QTimer::timeout, this, &Calendar::clockTicked);
     Timer1->start(500);
+    // A coarse timer may be late by a twentieth, and so miss a minute's second look.
+    Timer3->setObjectName(QStringLiteral("Timer3"));
+    Timer3->setTimerType(Qt::PreciseTimer);
+    connect(Timer3, &QTimer::timeout, this, &Calendar::alarmsDue);
+    Timer3->start(25000);
 
     auto* body = new QHBoxLayout;
     body->setSpacing(0);

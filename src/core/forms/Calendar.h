@@ -102,6 +102,9 @@ class Calendar final : public QMainWindow, public MainForm {
     void check1Flipped();
     void clockTicked();
 
+    // Two or three times a minute: time to look whether an alarm rings.
+    void alarmsDue();
+
     // The window has been allowed to close.
     void closing();
 
@@ -137,6 +140,7 @@ class Calendar final : public QMainWindow, public MainForm {
     StatusBar* statusBar_;
     QCheckBox* Check1;  // "Don't Delete -- Required", never shown
     QTimer* Timer1;     // the clock, 500 ms
+    QTimer* Timer3;     // alarms, 25000 ms
     std::map<PaneControl, QWidget*> controls_;
     std::function<bool()> mayClose_;
     std::map<FontTarget, int> colours_;  // as set last

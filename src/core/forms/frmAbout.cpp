@@ -47,7 +47,7 @@ frmAbout::frmAbout(QWidget* parent)
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(tr("About Velmora"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setModal(true);
+    setWindowModality(Qt::WindowModal);
     setType(*Label1, 13.5, QFont::DemiBold);
     setLinksEnabled(true);
     Command1->setObjectName(QStringLiteral("Command1"));

@@ -1,6 +1,5 @@
 #include "docpad/forms/FontDialog.h"
 
-#include <QApplication>
 #include <QColorDialog>
 #include <QDoubleSpinBox>
 #include <QFontDatabase>
@@ -10,6 +9,7 @@
 #include <QPushButton>
 
 #include "platform/controls/DialogFooter.h"
+#include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -150,8 +150,8 @@ void FontDialog::showSample() {
 
 std::optional<ControlFont> QtFontQuestion::choose(const ControlFont& now, double smallest,
                                                   double largest) {
-    FontDialog dialog(now, smallest, largest, codePage_, QApplication::activeWindow());
-    if (dialog.exec() != QDialog::Accepted)
+    FontDialog dialog(now, smallest, largest, codePage_, boxOwner());
+    if (runOverOwner(dialog) != QDialog::Accepted)
         return std::nullopt;
     ControlFont chosen = dialog.chosen();
     // A font that is not installed is not in the list, and stays as it is unless another is chosen.

@@ -119,7 +119,7 @@ AddForm::AddForm(EntryEditor& editor, Messages& messages, StatusLine& statusLine
       statusLine_(statusLine),
       codePage_(codePage) {
     setObjectName(QStringLiteral("AddForm"));
-    setModal(true);
+    setWindowModality(Qt::WindowModal);
     makeControls();
     setCaptions();
     layOut();

@@ -124,9 +124,10 @@ void AlarmAlert::present(const std::string& message) {
 // The form grows with the messages that pile up in it, up to a part of the screen; then they
 // scroll.
 void AlarmAlert::fitToMessage() {
-    const int wanted = Label2->heightForWidth(std::max(scroll_->viewport()->width(), 200));
+    ensurePolished();
     layout()->activate();
-    const int more = wanted - scroll_->viewport()->height();
+    const int more =
+        Label2->heightForWidth(scroll_->viewport()->width()) - scroll_->viewport()->height();
     const int most = static_cast<int>(screen()->availableGeometry().height() * kMostOfScreen);
     if (more > 0 && height() < most)
         resize(width(), std::min(height() + more, most));

@@ -42,6 +42,7 @@ Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
     body->setSpacing(5);
     body->addLayout(when);
     body->addSpacing(7);
+    body->addWidget(makeLabel("Task:", Text1));
     body->addWidget(Text1);
     body->addSpacing(7);
     body->addWidget(makeLabel("Task(s):", List1));
@@ -58,7 +59,6 @@ Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
 }
 
 void Form10::setUpDays() {
-    Text1->setAccessibleName(QStringLiteral("Task"));
     List1->setAccessibleName(QStringLiteral("Tasks"));
     day_->setRange(1, static_cast<int>(kWeekdayNames.size()), 1);
     day_->arrows()->setAccessibleName(QStringLiteral("Day"));

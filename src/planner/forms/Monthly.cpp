@@ -39,7 +39,7 @@ Monthly::Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent)
     when->addWidget(new QLabel(QStringLiteral("On the"), this));
     when->addWidget(day_);
     when->addWidget(new QLabel(QStringLiteral("Day Of The Month"), this));
-    when->addStretch();
+    when->addStretch(1);
     auto* body = new QVBoxLayout;
     body->setSpacing(5);
     body->addLayout(when);

@@ -35,7 +35,7 @@ TimeSteppers::TimeSteppers(const Names& names, QWidget* parent)
     row->addWidget(hours_);
     row->addWidget(colon);
     row->addWidget(minutes_);
-    row->addStretch();
+    row->addStretch(1);
     connect(hours_, &Stepper::valueChanged, this, [this](int value) {
         set(*hours_, value);
         emit hourChanged(value);

@@ -1,12 +1,12 @@
 #include "platform/qt/QtMessages.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QStringList>
 
+#include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -14,12 +14,12 @@ namespace {
 
 QMessageBox::StandardButton showBox(QMessageBox::Icon icon, const QString& title,
                                     const QString& text, QMessageBox::StandardButtons buttons) {
-    QMessageBox box(icon, title, text, buttons, QApplication::activeWindow());
+    QMessageBox box(icon, title, text, buttons, boxOwner());
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
     if (buttons.testFlag(QMessageBox::No))
         box.setEscapeButton(QMessageBox::No);
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return static_cast<QMessageBox::StandardButton>(runOverOwner(box));
 }
 
 }  // namespace
@@ -43,12 +43,12 @@ bool QtMessages::ask(const std::string& title, const std::string& text) {
 
 std::optional<std::string> QtMessages::askText(const std::string& title, const std::string& prompt,
                                                const std::string& answer) {
-    QInputDialog dialog(QApplication::activeWindow());
+    QInputDialog dialog(boxOwner());
     dialog.setObjectName(QStringLiteral("InputBox"));
     dialog.setWindowTitle(toQt(title));
     dialog.setLabelText(toQt(prompt));
     dialog.setTextValue(toQt(answer));
-    if (dialog.exec() != QDialog::Accepted)
+    if (runOverOwner(dialog) != QDialog::Accepted)
         return std::nullopt;
     return fromQt(dialog.textValue(), codePage_);
 }
@@ -63,7 +63,7 @@ std::optional<std::string> QtMessages::chooseFileToSave(const FileQuestion& ques
 
 std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
                                                   const FileQuestion& question) {
-    QFileDialog dialog(QApplication::activeWindow(), toQt(question.title));
+    QFileDialog dialog(boxOwner(), toQt(question.title));
     dialog.setObjectName(QStringLiteral("FileDialog"));
     const bool open = kind == FileDialogKind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
@@ -77,7 +77,7 @@ std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
         dialog.setDirectory(chosen.absolutePath());
         dialog.selectFile(chosen.fileName());
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (runOverOwner(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();
     const std::string text = fromQt(path, codePage_);

@@ -1,0 +1,36 @@
+#include "app/AlarmRoom.h"
+
+#include "core/forms/LeftColumn.h"
+#include "core/forms/StatusBar.h"
+#include "platform/controls/SSMonth.h"
+
+namespace velmora {
+
+AlarmRoom::AlarmRoom(World& world, Calendar& calendar)
+    : world_(world),
+      calendar_(calendar),
+      sound_([&world](const std::string& path) { return world.files.nativePath(path); }),
+      alarmSound_(world.settings, world.files, sound_),
+      windows_(world.codePage, {.ok = [this] { alerts_.Ok(); },
+                                .snooze = [this](int minutes) { alerts_.Snooze(minutes); }}),
+      alerts_(world.settings, world.clock, windows_),
+      tick_(world.settings, world.clock, alarmSound_, alerts_, windows_, world.loop),
+      editor_(world.settings, world.clock,
+              [&calendar] { return calendar.leftColumn().month()->date(); }) {
+    QObject::connect(&calendar, &Calendar::alarmsDue, &calendar, [this] { tick_.run(); });
+}
+
+void AlarmRoom::bindCommands(CommandSet& commands) {
+    commands.bind("alset", [this] { presentForm(); });
+}
+
+void AlarmRoom::presentForm() {
+    if (!form_) {
+        form_ = std::make_unique<Alarm>(editor_, world_.codePage, &calendar_);
+        QObject::connect(form_.get(), &Alarm::characterReplaced, &calendar_,
+                         [this] { calendar_.status().show(kCharacterReplaced); });
+    }
+    form_->present();
+}
+
+}  // namespace velmora

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "app/World.h"
+#include "core/CommandSet.h"
+#include "core/forms/Calendar.h"
+#include "planner/AlarmEditor.h"
+#include "planner/AlarmSound.h"
+#include "planner/AlarmTick.h"
+#include "planner/AlertStack.h"
+#include "planner/forms/Alarm.h"
+#include "planner/forms/DesktopAlarmWindows.h"
+#include "platform/qt/QtSound.h"
+
+namespace velmora {
+
+// Builds the alarms and connects them with the main window, whose timer rings them.
+class AlarmRoom {
+  public:
+    // Both must outlive the room.
+    AlarmRoom(World& world, Calendar& calendar);
+
+    void bindCommands(CommandSet& commands);
+
+    // Also rung by the events of the day.
+    [[nodiscard]] const AlarmSound& sound() const { return alarmSound_; }
+
+  private:
+    void presentForm();
+
+    World& world_;
+    Calendar& calendar_;
+    QtSound sound_;
+    AlarmSound alarmSound_;
+    DesktopAlarmWindows windows_;
+    AlertStack alerts_;
+    AlarmTick tick_;
+    AlarmEditor editor_;
+    std::unique_ptr<Alarm> form_;  // made when it is first asked for
+};
+
+}  // namespace velmora

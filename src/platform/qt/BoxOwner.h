@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDialog>
+
+class QWidget;
+
+namespace velmora {
+
+// The window over which a box opens: the one in front, or the main window while another program is
+// in front. Null before there is any.
+[[nodiscard]] QWidget* boxOwner();
+
+// Runs a dialog that waits for its answer. It holds up its owner and the windows around that, but
+// not the alert of an alarm, which has to answer at any time.
+int runOverOwner(QDialog& dialog);
+
+}  // namespace velmora
