@@ -28,6 +28,9 @@ Form& TaskRoom::make(std::unique_ptr<Form>& form, Logic& logic) {
 void TaskRoom::presentToDo() {
     if (!toDoForm_) {
         Form3& form = make(toDoForm_, toDo_);
+        QObject::connect(&form, &Form3::printWanted, &form, [this](const std::string& fontName) {
+            toDo_.PrintTasks(world_.printer, fontName);
+        });
         QObject::connect(&form, &Form3::monthlyWanted, &form, [this] { presentMonthly(); });
         QObject::connect(&form, &Form3::weeklyWanted, &form, [this] { presentWeekly(); });
     }

@@ -1,6 +1,5 @@
 #include "core/forms/PrinterDialog.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -9,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogFooter.h"
+#include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -102,8 +102,8 @@ PrinterChoice PrinterDialog::chosen() const {
 
 std::optional<PrinterChoice> QtPrinterQuestion::choose(const std::vector<std::string>& printers,
                                                        const PrinterChoice& now) {
-    PrinterDialog dialog(printers, now, codePage_, QApplication::activeWindow());
-    if (dialog.exec() != QDialog::Accepted)
+    PrinterDialog dialog(printers, now, codePage_, boxOwner());
+    if (runOverOwner(dialog) != QDialog::Accepted)
         return std::nullopt;
     return dialog.chosen();
 }
