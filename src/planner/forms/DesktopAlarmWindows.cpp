@@ -1,10 +1,8 @@
 #include "planner/forms/DesktopAlarmWindows.h"
 
-#include <QMessageBox>
 #include <utility>
 
-#include "platform/Text.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/TopmostBox.h"
 
 namespace velmora {
 
@@ -27,16 +25,8 @@ void DesktopAlarmWindows::closeAlert() {
         alert_->hide();
 }
 
-// Without an owner, and no dialog to the window manager: it shows while the main window is
-// minimised.
 void DesktopAlarmWindows::warnAboveAll(const std::string& title, const std::string& text) {
-    QMessageBox box(QMessageBox::Warning, toQt(title, codePage_), toQt(withLf(text), codePage_),
-                    QMessageBox::Ok);
-    box.setObjectName(QStringLiteral("MessageBox"));
-    box.setTextFormat(Qt::PlainText);
-    box.setWindowModality(Qt::ApplicationModal);  // which makes it a dialog
-    box.setWindowFlags(Qt::Window | Qt::WindowStaysOnTopHint);
-    box.exec();
+    warnAboveAllWindows(title, text, codePage_);
 }
 
 }  // namespace velmora
