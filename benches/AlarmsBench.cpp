@@ -1,9 +1,8 @@
-// Times a day of 5,000 alarms: adding one and removing one, each with reading the list again,
-// beside a bare rewrite of the same rows.
+// Times a day of 5,000 alarms: adding one and removing one as the form does, with the list on the
+// screen filled again, beside a bare rewrite of the same rows.
 // bench_alarms FOLDER: the settings are written into that folder.
 
 #include <array>
-#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -11,12 +10,16 @@
 #include <vector>
 
 #include "benches/BareSettings.h"
+#include "benches/PaintCounter.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
+#include "benches/WidgetBench.h"
 #include "core/SettingsStore.h"
+#include "planner/AlarmEditor.h"
 #include "planner/ListShapes.h"
 #include "planner/NumberedList.h"
-#include "platform/Format.h"
+#include "platform/SystemClock.h"
+#include "platform/controls/EntryList.h"
 #include "platform/sqlite/SqliteSettings.h"
 
 namespace velmora::bench {
@@ -29,10 +32,11 @@ constexpr std::size_t kRepetitions = 11;
 constexpr double kLimit = 100;  // milliseconds
 constexpr year_month_day kDay = year(2026) / 3 / 12;
 
+// No other alarm is set for it.
+constexpr ClockTime kFree{23, 30};
+
 std::string timeOfAlarm(int n) {
-    char text[6];
-    std::snprintf(text, sizeof text, "%02d:%02d", n / 60 % 24, n % 60);
-    return text;
+    return ClockTime{n / 60 % 23, n % 60}.text();
 }
 
 std::string messageOfAlarm(int n) {
@@ -50,24 +54,20 @@ std::vector<std::pair<std::string, std::string>> rows(int firstAlarm) {
     return result;
 }
 
-// What the list of times shows after each change.
-std::size_t fill(const NumberedList& list) {
-    const LocaleFormats formats;
-    std::vector<std::string> times;
-    for (const NumberedEntry& entry : list.entries())
-        times.push_back(formatTimeText(entry.time, "hh:mm", formats));
-    return times.size();
-}
-
 void expect(bool condition) {
     if (!condition)
         throw std::runtime_error("the list is wrong");
 }
 
+void setTime(AlarmEditor& editor, ClockTime time) {
+    editor.setHour(time.hour);
+    editor.setMinute(time.minute);
+}
+
 int measure(const std::string& folder) {
     SqliteSettings medium(folder + "/settings.db");
     SettingsStore settings(medium);
-    NumberedList list(settings, alarmsOf(kDay));
+    NumberedList alarms(settings, alarmsOf(kDay));
     settings.batch([&] {
         for (const auto& [key, value] : rows(0))
             settings.Save(key, value);
@@ -79,16 +79,35 @@ int measure(const std::string& folder) {
     // Two states of the rows, so that each write changes all of them.
     const std::array states{rows(1), rows(0)};
 
+    const SystemClock clock;
+    AlarmEditor editor(settings, clock, [] { return kDay; });
+    editor.Open();
+    EntryList list(CodePage::western(), nullptr);
+    list.resize(132, 220);
+    list.show();
+    PaintCounter counter(*list.viewport());
+    counter.awaitFirst();
+    const auto showTimes = [&](std::size_t expected) {
+        list.setLines(editor.times());
+        counter.repaint();
+        expect(list.lines().size() == expected);
+    };
+
     std::vector<Milliseconds> removals, additions, rewrites;
     for (std::size_t i = 0; i <= kRepetitions; ++i) {
         removals.push_back(timeOf([&] {
-            expect(list.remove([](const NumberedEntry&) { return true; }));
-            expect(fill(list) == kAlarms - 1);
+            editor.Remove(editor.times().front());
+            showTimes(kAlarms - 1);
         }));
         additions.push_back(timeOf([&] {
-            list.append("12:00", "Alarm set anew");
-            expect(fill(list) == kAlarms);
+            setTime(editor, kFree);
+            editor.AddOrChange();
+            showTimes(kAlarms);
         }));
+        // Makes the free time free again.
+        editor.Remove(kFree.text());
+        alarms.append(timeOfAlarm(0), messageOfAlarm(0));
+        editor.Open();
         rewrites.push_back(timeOf([&] {
             bare.write(states[i % 2]);
             expect(bare.fetchAll() == 2 * std::size_t{kAlarms});
@@ -106,13 +125,11 @@ int measure(const std::string& folder) {
 }  // namespace
 }  // namespace velmora::bench
 
-int main(int argc, char** argv) try {
+int main(int argc, char** argv) {
     if (argc != 2) {
         std::cerr << "Usage: bench_alarms FOLDER\n";
         return 2;
     }
-    return velmora::bench::measure(argv[1]);
-} catch (const std::exception& error) {
-    std::cerr << "bench_alarms: " << error.what() << '\n';
-    return 1;
+    return velmora::bench::runWidgetBench(argc, argv,
+                                          [&] { return velmora::bench::measure(argv[1]); });
 }

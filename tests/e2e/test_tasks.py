@@ -1,10 +1,12 @@
 """To-do lines, weekly and monthly tasks, added and removed by keys and by mouse."""
 
+import datetime
 import unittest
 
 import planner
 import settings
 from desk_test import DeskTest
+from print_shop import PrintShop, lines_of
 from velmora_driver import click, key, wait_until
 
 TO_DO, WEEKLY, MONTHLY = ("Task Manager - To Do", "Weekly Repetitive Tasks",
@@ -14,6 +16,9 @@ TO_DO, WEEKLY, MONTHLY = ("Task Manager - To Do", "Weekly Repetitive Tasks",
 class Tasks(DeskTest):
     def setUp(self):
         super().setUp()
+        self.shop = PrintShop()
+        self.addCleanup(self.shop.end)
+        self.desk.environment.update(self.shop.environment)
         self.start()
 
     def open(self, command, title):
@@ -69,6 +74,18 @@ class Tasks(DeskTest):
         key("Escape")
         self.program.wait_closed(WEEKLY)
         self.assert_closes_well()
+
+    def test_to_do_lines_are_printed_under_the_date(self):
+        form = self.open("Task Manager", TO_DO)
+        for text in ("Buy milk & bread", "Call Ann"):
+            self.program.fill("Text1", text, within=form)
+            key("Return")
+        self.wait_lines(form, ["Buy milk & bread", "Call Ann"])
+        self.press(form, "Print Tasks")
+        head, *rest = lines_of(self.shop.next_sheet())
+        self.assertTrue(head.startswith("Task Manager - To Do "), head)
+        self.assertIn(str(datetime.date.today().year), head)
+        self.assertEqual(["Buy milk & bread", "Call Ann"], rest)
 
     def test_a_weekly_task_is_set_and_removed(self):
         form = self.open("Weekly Tasks", WEEKLY)
