@@ -25,6 +25,11 @@ class Settings:
         rows = self._run("SELECT value FROM settings WHERE key = ?1", key)
         return bytes(rows[0][0]).decode(CODE_PAGE) if rows else None
 
+    def keys(self, beginning):
+        """The keys that begin with a text, in order."""
+        rows = self._run("SELECT key FROM settings ORDER BY key")
+        return [key for (key,) in rows if key.lower().startswith(beginning.lower())]
+
     def remove(self, key):
         self._run("DELETE FROM settings WHERE key = ?1", key)
 

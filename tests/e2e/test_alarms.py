@@ -4,7 +4,6 @@ import datetime
 import unittest
 
 import planner
-import settings
 from desk_test import DeskTest
 from velmora_driver import click, is_focused, key, text_of, type_text, wait_until, xdo
 
@@ -50,7 +49,7 @@ class Alarms(DeskTest):
         moments = [begun + datetime.timedelta(minutes=later) for later in range(3)]
         for moment in moments:
             self.set_alarm(form, moment, "Leave for the train")
-        self.assertEqual("3", settings.read(self.desk, list_of(begun)))
+        self.assertEqual("3", self.desk.settings.read(list_of(begun)))
         key("Escape")
         self.program.wait_closed("Alarms...")
 
@@ -71,11 +70,11 @@ class Alarms(DeskTest):
         click(self.program.find(name="5 Minute Snooze", role="push button", within=alert))
         self.program.wait_closed(ALERT)
         after = datetime.datetime.now()
-        count = settings.read(self.desk, list_of(before))
+        count = self.desk.settings.read(list_of(before))
         snoozed = [minute(moment + datetime.timedelta(minutes=5)) for moment in (before, after)]
-        self.assertIn(settings.read(self.desk, f"{list_of(before)}{count}T"), snoozed)
+        self.assertIn(self.desk.settings.read(f"{list_of(before)}{count}T"), snoozed)
         self.assertEqual("Leave for the train",
-                         settings.read(self.desk, f"{list_of(before)}{count}M"))
+                         self.desk.settings.read(f"{list_of(before)}{count}M"))
         self.assertEqual("3", count, "the alarm that rang is gone, and the snoozed one is there")
         self.program.dialog("Add Entry")
 
@@ -89,31 +88,27 @@ class Alarms(DeskTest):
         self.set_alarm(form, early, "early")
         self.set_alarm(form, late, "later")
         self.wait_rest(form, ["23:00", "00:00"])
-        self.assertEqual("later", settings.read(self.desk, f"{list_of(day)}1M"))
+        self.assertEqual("later", self.desk.settings.read(f"{list_of(day)}1M"))
         click(self.program.find(name="23:00", role="list item", within=form))
         wait_until(lambda: self.program.text("Text1", within=form) == "later", "the message")
         click(self.program.find(name="Remove", role="push button", within=form))
         self.wait_rest(form, ["00:00"])
         self.assertEqual([list_of(day), f"{list_of(day)}1M", f"{list_of(day)}1T"],
-                         settings.keys(self.desk, list_of(day)))
-        self.assertEqual("1", settings.read(self.desk, list_of(day)))
+                         self.desk.settings.keys(list_of(day)))
+        self.assertEqual("1", self.desk.settings.read(list_of(day)))
         click(self.program.find(name="Close", role="push button", within=form))
         self.program.wait_closed("Alarms...")
         self.assert_closes_well()
 
     def test_a_weekly_task_rings_above_the_minimised_window(self):
-        self.start()
-        self.assert_closes_well()
         now = datetime.datetime.now()
-        values = {}
         for number in range(3):
             moment = now + datetime.timedelta(minutes=number)
             day = f"Weekly\\{moment:%A}\\"
-            values[f"{day}{number + 1}T"] = minute(moment)
-            values[f"{day}{number + 1}M"] = "Put the bins out"
-            values[f"{day}NumTasks"] = "3"
-        settings.write(self.desk, values)
-        self.program = self.desk.start()
+            self.desk.settings.save(f"{day}{number + 1}T", minute(moment))
+            self.desk.settings.save(f"{day}{number + 1}M", "Put the bins out")
+            self.desk.settings.save(f"{day}NumTasks", "3")
+        self.start()
         self.minimise()
         box = wait_until(lambda: next(iter(self.program.dialogs("Alarm")), None), "the box",
                          TWO_MINUTES)
@@ -121,7 +116,7 @@ class Alarms(DeskTest):
         self.assertIn("Velmora Weekly Task Alarm\n\nPut the bins out", labels)
         click(self.program.find(name="OK", role="push button", within=box))
         wait_until(lambda: not self.program.dialogs("Alarm"), "the box to close")
-        self.assertEqual("3", settings.read(self.desk, f"Weekly\\{now:%A}\\NumTasks"))
+        self.assertEqual("3", self.desk.settings.read(f"Weekly\\{now:%A}\\NumTasks"))
 
 
 if __name__ == "__main__":

@@ -4,7 +4,6 @@ import datetime
 import unittest
 
 import planner
-import settings
 from desk_test import DeskTest
 from print_shop import PrintShop, lines_of
 from velmora_driver import click, key, wait_until
@@ -37,7 +36,7 @@ class Tasks(DeskTest):
         click(self.program.find(name=line, role="list item", within=form))
 
     def read(self, key_name):
-        return settings.read(self.desk, key_name)
+        return self.desk.settings.read(key_name)
 
     def test_to_do_lines_are_added_by_keys_and_removed_by_mouse(self):
         form = self.open("Task Manager", TO_DO)
@@ -102,7 +101,7 @@ class Tasks(DeskTest):
         key("alt+r")
         self.wait_lines(form, [])
         self.assertEqual(["Weekly\\Wednesday\\NumTasks"],
-                         settings.keys(self.desk, "Weekly\\Wednesday"))
+                         self.desk.settings.keys("Weekly\\Wednesday"))
         self.assertEqual("0", self.read("Weekly\\Wednesday\\NumTasks"))
         key("Escape")
         self.program.wait_closed(WEEKLY)

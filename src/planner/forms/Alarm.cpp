@@ -108,7 +108,7 @@ void Alarm::connectControls() {
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void Alarm::open() {
+void Alarm::beginAnew() {
     editor_.Open();
     showFields();
     showList();

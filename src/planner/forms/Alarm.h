@@ -16,7 +16,7 @@ class Alarm final : public TaskDialog {
     Alarm(AlarmEditor& editor, const CodePage& codePage, QWidget* parent = nullptr);
 
   protected:
-    void open() override;
+    void beginAnew() override;
     [[nodiscard]] QWidget* firstField() const override;
     void textTyped(const std::string& text) override { editor_.setMessage(text); }
 

@@ -94,7 +94,7 @@ void Form10::connectControls() {
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void Form10::open() {
+void Form10::beginAnew() {
     tasks_.Open();
     showFields();
     showList();

@@ -17,7 +17,7 @@ class Form10 final : public TaskDialog {
     Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent = nullptr);
 
   protected:
-    void open() override;
+    void beginAnew() override;
     [[nodiscard]] QWidget* firstField() const override;
     void textTyped(const std::string& text) override { tasks_.setText(text); }
 

@@ -79,7 +79,7 @@ void Form3::connectControls() {
     });
 }
 
-void Form3::open() {
+void Form3::beginAnew() {
     list_.Open();
     showAll();
     Text1->selectAll();

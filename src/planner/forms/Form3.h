@@ -24,7 +24,7 @@ class Form3 final : public TaskDialog {
     void weeklyWanted();
 
   protected:
-    void open() override;
+    void beginAnew() override;
     [[nodiscard]] QWidget* firstField() const override;
     void textTyped(const std::string& text) override { list_.setText(text); }
 

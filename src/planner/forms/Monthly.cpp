@@ -81,7 +81,7 @@ void Monthly::connectControls() {
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void Monthly::open() {
+void Monthly::beginAnew() {
     tasks_.Open();
     showDay();
     setBoxText(tasks_.text());

@@ -16,7 +16,7 @@ class Monthly final : public TaskDialog {
     Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent = nullptr);
 
   protected:
-    void open() override;
+    void beginAnew() override;
     [[nodiscard]] QWidget* firstField() const override;
     void textTyped(const std::string& text) override { tasks_.setText(text); }
 

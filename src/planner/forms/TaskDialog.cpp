@@ -39,7 +39,7 @@ TaskDialog::TaskDialog(const char* name, const char* title, const CodePage& code
 
 void TaskDialog::present() {
     if (!isVisible()) {
-        open();
+        beginAnew();
         firstField()->setFocus();
     }
     show();

@@ -34,7 +34,7 @@ class TaskDialog : public QDialog {
     TaskDialog(const char* name, const char* title, const CodePage& codePage, QWidget* parent);
 
     // Fills the form for the user, who starts at firstField().
-    virtual void open() = 0;
+    virtual void beginAnew() = 0;
     [[nodiscard]] virtual QWidget* firstField() const = 0;
 
     // The user changed the text in the box.
