@@ -263,11 +263,13 @@ class Velmora:
 
     def main_window_id(self):
         """The main window's number on the display."""
-        found = wait_until(
-            lambda: xdo("search", "--all", "--onlyvisible", "--pid", self.process.pid,
-                        "--name", f"^{self.main.get_name()}$").split(),
-            "the main window on the display")
-        return found[0]
+        def on_display():
+            # A search that finds nothing fails.
+            with contextlib.suppress(NotSeen):
+                return xdo("search", "--all", "--onlyvisible", "--pid", self.process.pid,
+                           "--name", f"^{self.main.get_name()}$").split()
+            return None
+        return wait_until(on_display, "the main window on the display")[0]
 
     def activate(self):
         xdo("windowactivate", self.main_window_id())
