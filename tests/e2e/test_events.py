@@ -94,10 +94,16 @@ class EventsOfToday(EventsTest):
     def test_show_one_line_when_there_are_none(self):
         self.assertEqual(["No Events Today."], self.lines(self.start_with_events()))
 
-    def test_open_datewarden(self):
+    def test_open_the_windows_in_which_they_are_written_down(self):
         window = self.start_with_events()
-        self.press(window, "Datewarden")
-        self.program.dialog(DATEWARDEN)
+        for button, title in (("Datewarden", DATEWARDEN), ("Monthly", "Monthly Repetitive Tasks"),
+                              ("Weekly", "Weekly Repetitive Tasks")):
+            with self.subTest(button):
+                self.press(window, button)
+                self.program.dialog(title)
+                key("Escape")
+                self.program.wait_closed(title)
+        self.assert_closes_well()
 
 
 class PrintedEvents(EventsTest):
