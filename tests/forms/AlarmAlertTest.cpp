@@ -83,6 +83,18 @@ TEST_F(AlarmAlertTest, StandsInTheMiddleOfTheScreen) {
     EXPECT_LE(away.manhattanLength(), 4);
 }
 
+TEST_F(AlarmAlertTest, IsSmallForASmallMessageAgain) {
+    showAlert("x");
+    const QSize size = alertOnScreen()->size();
+    EXPECT_EQ(size.width(), 480);
+    EXPECT_LT(size.height(), 220);
+    windows.showAlert(std::string(20, '\n') + "x");
+    EXPECT_GT(alertOnScreen()->height(), size.height());
+    windows.closeAlert();
+    showAlert("one\r\ntwo");
+    EXPECT_EQ(alertOnScreen()->size(), size);
+}
+
 TEST_F(AlarmAlertTest, AnotherMessageComesIntoTheOpenAlertWhichGrowsWithIt) {
     showAlert("one");
     const int height = alertOnScreen()->height();

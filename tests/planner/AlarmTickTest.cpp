@@ -53,7 +53,7 @@ class AlarmTickTest : public ::testing::Test {
     }
     // What the alert shows, which is then closed.
     std::string takeAlert() {
-        const std::string text = windows.alert.value_or("(no alert)");
+        std::string text = windows.alert.value_or("(no alert)");
         alerts.Ok();
         return text;
     }

@@ -19,9 +19,10 @@ namespace {
 
 constexpr int kMargin = 20;
 constexpr int kIconBox = 60;
+constexpr int kIconGap = 18;
 constexpr QSize kIcon(32, 32);
 constexpr QSize kFormSize(480, 188);
-constexpr double kMostOfScreen = 0.6;
+constexpr double kMostOfScreen = 0.5;
 
 QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
@@ -89,7 +90,7 @@ void AlarmAlert::layOut() {
     texts->addWidget(scroll_, 1);
     auto* body = new QHBoxLayout;
     body->setContentsMargins(kMargin, kMargin, kMargin, 12);
-    body->setSpacing(18);
+    body->setSpacing(kIconGap);
     body->addWidget(icon, 0, Qt::AlignTop);
     body->addLayout(texts, 1);
 
@@ -113,7 +114,9 @@ void AlarmAlert::present(const std::string& message) {
         raise();
         return;
     }
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    scroll_->setMinimumHeight(0);  // as the last message left it
+    layout()->activate();
+    resize(kFormSize);
     fitToMessage();
     centre();
     Command1->setFocus();
@@ -124,13 +127,12 @@ void AlarmAlert::present(const std::string& message) {
 // The form grows with the messages that pile up in it, up to a part of the screen; then they
 // scroll.
 void AlarmAlert::fitToMessage() {
-    ensurePolished();
-    layout()->activate();
-    const int more =
-        Label2->heightForWidth(scroll_->viewport()->width()) - scroll_->viewport()->height();
+    Label2->ensurePolished();
+    const int room = width() - 2 * kMargin - kIconBox - kIconGap;
     const int most = static_cast<int>(screen()->availableGeometry().height() * kMostOfScreen);
-    if (more > 0 && height() < most)
-        resize(width(), std::min(height() + more, most));
+    scroll_->setMinimumHeight(std::min(Label2->heightForWidth(room), most));
+    layout()->activate();
+    resize(size().expandedTo(minimumSizeHint()));
     scroll_->ensureVisible(0, 0);
 }
 
