@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <set>
 
@@ -22,6 +23,7 @@
 #include "core/forms/StatusBar.h"
 #include "core/forms/ToolStrip.h"
 #include "forms/CalendarFixture.h"
+#include "forms/Widgets.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/Keypad.h"
@@ -216,6 +218,19 @@ TEST_F(CalendarTest, TheStatusTextStaysUntilTheNextOne) {
     EXPECT_EQ(calendar.status().text(), "Click a letter.");
     calendar.status().show("");
     EXPECT_EQ(calendar.status().text(), "");
+}
+
+// 25 seconds to the millisecond: two looks in every minute.
+TEST_F(CalendarTest, LooksForAlarmsFromItsStartAlsoWhileMinimised) {
+    auto& timer = test::named<QTimer>(calendar, "Timer3");
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer.interval(), 25000);
+    EXPECT_EQ(timer.timerType(), Qt::PreciseTimer);
+    int looks = 0;
+    QObject::connect(&calendar, &Calendar::alarmsDue, [&] { ++looks; });
+    calendar.showMinimized();
+    timer.setInterval(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return looks >= 2; }));
 }
 
 TEST_F(CalendarTest, ARefusedCloseKeepsTheWindow) {
