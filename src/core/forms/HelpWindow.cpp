@@ -49,11 +49,7 @@ HelpWindow::HelpWindow(const HelpIndex& index, const CodePage& codePage, QWidget
     body->addWidget(makePage(), 1);
     auto* footer = new DialogFooter(this);
     footer->addRight(Command3);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(body, 1);
-    layout->addWidget(footer);
+    layOutDialog(*this, body, footer);
     setMinimumSize(kLeastSize);
     resize(kSize);
     connectParts();

@@ -85,11 +85,7 @@ void PrinterDialog::layOut() {
     auto* footer = new DialogFooter(this);
     footer->addRight(ok_);
     footer->addRight(cancel_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(body, 1);
-    layout->addWidget(footer);
+    layOutDialog(*this, body, footer);
     resize(kSize);
 }
 

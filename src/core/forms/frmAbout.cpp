@@ -76,11 +76,7 @@ frmAbout::frmAbout(QWidget* parent)
     body->addLayout(texts, 1);
     auto* footer = new DialogFooter(this);
     footer->addRight(Command1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(body, 1);
-    layout->addWidget(footer);
+    layOutDialog(*this, body, footer);
     setMinimumWidth(kLeastWidth);
 
     connect(Label3, &QLabel::linkActivated, this, &frmAbout::webChosen);

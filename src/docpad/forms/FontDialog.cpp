@@ -105,11 +105,7 @@ void FontDialog::layOut() {
     auto* footer = new DialogFooter(this);
     footer->addRight(ok_);
     footer->addRight(cancel_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(grid);
-    layout->addWidget(footer);
+    layOutDialog(*this, grid, footer);
     resize(kSize);
 }
 

@@ -331,11 +331,7 @@ void AddForm::layOut() {
     body->addLayout(columns);
     body->addLayout(memoRow(), 1);
 
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer());
+    layOutDialog(*this, body, footer());
     resize(kFormSize.expandedTo(minimumSizeHint()));
 }
 

@@ -12,6 +12,7 @@
 #include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/controls/StatusLight.h"
 #include "platform/qt/QtText.h"
 
@@ -153,11 +154,7 @@ QWidget* Form4::fieldCard() {
 
 // The frame stays in view while the list is hidden, so that nothing moves.
 QWidget* Form4::hitCard() {
-    auto* frame = new QFrame(this);
-    frame->setProperty("role", QStringLiteral("raised"));
-    auto* inside = new QVBoxLayout(frame);
-    inside->setContentsMargins(1, 1, 1, 1);
-    inside->addWidget(List1);
+    QFrame* frame = makeListFrame(List1, this);
     frame->setMinimumHeight(kLeastHits * (fontMetrics().height() + 10) + 8);
     return frame;
 }
@@ -190,11 +187,7 @@ void Form4::layOut() {
     hits->addWidget(Label5);
     body->addLayout(hits, 1);
 
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer());
+    layOutDialog(*this, body, footer());
     resize(kFormSize.expandedTo(minimumSizeHint()));
 }
 

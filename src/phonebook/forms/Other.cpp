@@ -9,6 +9,7 @@
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 
 namespace velmora {
 namespace {
@@ -48,11 +49,7 @@ Other::Other(const PhonebookStore& store, const PhonebookPane& pane, StatusLine&
 }
 
 void Other::layOut() {
-    auto* frame = new QFrame(this);
-    frame->setProperty("role", QStringLiteral("raised"));
-    auto* inside = new QVBoxLayout(frame);
-    inside->setContentsMargins(1, 1, 1, 1);
-    inside->addWidget(List1);
+    QFrame* frame = makeListFrame(List1, this);
 
     auto* body = new QVBoxLayout;
     body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -62,11 +59,7 @@ void Other::layOut() {
 
     auto* strip = new DialogFooter(this);
     strip->addRight(Command1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(strip);
+    layOutDialog(*this, body, strip);
     resize(kFormSize.expandedTo(minimumSizeHint()));
 }
 

@@ -98,11 +98,7 @@ void AlarmAlert::layOut() {
     footer->addLeft(Command2);
     footer->addLeft(Command3);
     footer->addRight(Command1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer);
+    layOutDialog(*this, body, footer);
     setTabOrder(Command2, Command3);
     setTabOrder(Command3, Command1);
 }

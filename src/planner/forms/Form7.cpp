@@ -10,6 +10,7 @@
 #include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/controls/Stepper.h"
 #include "platform/qt/QtText.h"
 
@@ -84,11 +85,7 @@ void Form7::layOut() {
     question->setSpacing(4);
     question->addWidget(Label3);
     question->addWidget(Text1);
-    auto* frame = new QFrame(this);
-    frame->setProperty("role", QStringLiteral("raised"));
-    auto* inside = new QVBoxLayout(frame);
-    inside->setContentsMargins(1, 1, 1, 1);
-    inside->addWidget(List1);
+    QFrame* frame = makeListFrame(List1, this);
 
     auto* body = new QVBoxLayout;
     body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -101,11 +98,7 @@ void Form7::layOut() {
     footer->addRight(Command1);
     footer->addRight(Command2);
     footer->addRight(Command3);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer);
+    layOutDialog(*this, body, footer);
     resize(kFormSize.expandedTo(minimumSizeHint()));
 }
 

@@ -12,6 +12,7 @@
 #include "platform/Failure.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -78,11 +79,7 @@ void Form8::makeButtons() {
 }
 
 void Form8::layOut() {
-    auto* frame = new QFrame(this);
-    frame->setProperty("role", QStringLiteral("raised"));
-    auto* inside = new QVBoxLayout(frame);
-    inside->setContentsMargins(1, 1, 1, 1);
-    inside->addWidget(List1);
+    QFrame* frame = makeListFrame(List1, this);
     auto* body = new QVBoxLayout;
     body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
@@ -94,11 +91,7 @@ void Form8::layOut() {
     footer->addRight(Command5);
     footer->addRight(Command6);
     footer->addRight(Command1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer);
+    layOutDialog(*this, body, footer);
     resize(kFormSize.expandedTo(minimumSizeHint()));
     Command1->setFocus();
 }

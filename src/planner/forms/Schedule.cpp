@@ -68,11 +68,7 @@ Schedule::Schedule(ScheduleTimes& times, QWidget* parent)
     auto* footer = new DialogFooter(this);
     footer->addRight(Command2);
     footer->addRight(Command1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(questions, 1);
-    layout->addWidget(footer);
+    layOutDialog(*this, questions, footer);
     resize(430, 256);
 
     connect(Command2, &QPushButton::clicked, this, &Schedule::apply);

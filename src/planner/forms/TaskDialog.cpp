@@ -1,9 +1,9 @@
 #include "planner/forms/TaskDialog.h"
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogFooter.h"
@@ -63,11 +63,7 @@ QLabel* TaskDialog::makeLabel(const char* caption, QWidget* buddy) {
 
 void TaskDialog::layOut(QBoxLayout* body, DialogFooter* footer) {
     body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer);
+    layOutDialog(*this, body, footer);
 }
 
 void TaskDialog::setBoxText(const std::string& text) {

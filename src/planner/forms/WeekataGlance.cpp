@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
-#include <QVBoxLayout>
 #include <optional>
 
 #include "platform/controls/DialogFooter.h"
@@ -58,11 +57,7 @@ void WeekataGlance::layOut() {
         body->addWidget(day, 1);
     auto* strip = new DialogFooter(this);
     strip->addRight(Command1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(strip);
+    layOutDialog(*this, body, strip);
     resize(kFormSize);
 }
 
