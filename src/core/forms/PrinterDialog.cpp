@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
@@ -15,13 +16,6 @@ namespace velmora {
 namespace {
 
 constexpr QSize kSize(420, 320);
-
-QPushButton* makeFooterButton(const char* name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
 
 QRadioButton* makeChoice(const char* name, const QString& caption, QWidget* parent) {
     auto* button = new QRadioButton(caption, parent);
@@ -38,13 +32,12 @@ PrinterDialog::PrinterDialog(const std::vector<std::string>& printers, const Pri
       printers_(new QListWidget(this)),
       portrait_(makeChoice("portrait", tr("P&ortrait"), this)),
       landscape_(makeChoice("landscape", tr("&Landscape"), this)),
-      ok_(makeFooterButton("ok", tr("Ok"), this)),
-      cancel_(makeFooterButton("cancel", tr("Cancel"), this)) {
+      ok_(makeDialogButton("ok", "Ok", this)),
+      cancel_(makeDialogButton("cancel", "Cancel", this)) {
     setObjectName(QStringLiteral("PrinterDialog"));
     setWindowTitle(tr("Printer Setup"));
     printers_->setObjectName(QStringLiteral("printers"));
-    ok_->setProperty("role", "primary");
-    ok_->setDefault(true);
+    makePrimary(*ok_);
     const bool lying = now.orientation == PageOrientation::Landscape;
     (lying ? landscape_ : portrait_)->setChecked(true);
     fillPrinters(printers, now.printer);

@@ -8,6 +8,7 @@
 #include "core/ProductVersion.h"
 #include "core/forms/Type.h"
 #include "platform/Messages.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/Icons.h"
 
@@ -51,8 +52,7 @@ frmAbout::frmAbout(QWidget* parent)
     setType(*Label1, 13.5, QFont::DemiBold);
     setLinksEnabled(true);
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setProperty("role", "primary");
-    Command1->setDefault(true);
+    makePrimary(*Command1);
 
     auto* picture = makeLabel("Image1", QString(), this);
     picture->setPixmap(applicationIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));

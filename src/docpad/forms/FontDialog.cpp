@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
@@ -36,13 +37,6 @@ QLabel* makeLabel(const QString& caption, QWidget* buddy) {
     return label;
 }
 
-QPushButton* makeFooterButton(const char* name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 }  // namespace
 
 FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
@@ -51,11 +45,11 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
       codePage_(codePage),
       families_(new QListWidget(this)),
       size_(new QDoubleSpinBox(this)),
-      colourButton_(makeFooterButton("colour", tr("C&olor..."), this)),
-      ownColourButton_(makeFooterButton("ownColour", tr("&Default Color"), this)),
+      colourButton_(makeDialogButton("colour", "C&olor...", this)),
+      ownColourButton_(makeDialogButton("ownColour", "&Default Color", this)),
       sample_(new QLabel(tr("AaBbYyZz 0123456789"), this)),
-      ok_(makeFooterButton("ok", tr("Ok"), this)),
-      cancel_(makeFooterButton("cancel", tr("Cancel"), this)) {
+      ok_(makeDialogButton("ok", "Ok", this)),
+      cancel_(makeDialogButton("cancel", "Cancel", this)) {
     setObjectName(QStringLiteral("FontDialog"));
     setWindowTitle(tr("Font"));
     families_->setObjectName(QStringLiteral("families"));
@@ -64,8 +58,7 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
     size_->setValue(now.size);
     sample_->setObjectName(QStringLiteral("sample"));
     sample_->setAlignment(Qt::AlignCenter);
-    ok_->setProperty("role", "primary");
-    ok_->setDefault(true);
+    makePrimary(*ok_);
     fillFamilies(toQt(now.name, codePage_));
     layOut();
     connect(families_, &QListWidget::currentRowChanged, this, &FontDialog::showSample);

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/CodePageGuard.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/QtText.h"
 
@@ -13,13 +14,6 @@ namespace velmora {
 namespace {
 
 constexpr int kWidth = 380;
-
-QPushButton* makeButton(const char* name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
 
 }  // namespace
 
@@ -29,9 +23,9 @@ TextSearch::TextSearch(PadSearch& search, const CodePage& codePage, QWidget* par
       codePage_(codePage),
       Text1(new QLineEdit(this)),
       Check1(new QCheckBox(tr("&Match Case"), this)),
-      Command1(makeButton("Command1", tr("&Find"), this)),
-      Command2(makeButton("Command2", tr("&Find Next"), this)),
-      Command3(makeButton("Command3", tr("&Cancel"), this)) {
+      Command1(makeDialogButton("Command1", "&Find", this)),
+      Command2(makeDialogButton("Command2", "&Find Next", this)),
+      Command3(makeDialogButton("Command3", "&Cancel", this)) {
     setObjectName(QStringLiteral("TextSearch"));
     setWindowTitle(tr("Search..."));
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -41,8 +35,7 @@ TextSearch::TextSearch(PadSearch& search, const CodePage& codePage, QWidget* par
     Text1->setAccessibleName(tr("Text to find"));
     new CodePageGuard(*Text1, codePage_);
     Check1->setObjectName(QStringLiteral("Check1"));
-    Command1->setProperty("role", "primary");
-    Command1->setDefault(true);
+    makePrimary(*Command1);
 
     auto* fields = new QVBoxLayout;
     fields->setContentsMargins(16, 16, 16, 16);

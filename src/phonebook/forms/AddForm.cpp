@@ -17,6 +17,7 @@
 #include "platform/Failure.h"
 #include "platform/Text.h"
 #include "platform/controls/CodePageGuard.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/QtText.h"
 
@@ -310,8 +311,7 @@ QWidget* AddForm::footer() {
     auto* strip = new DialogFooter(this);
     strip->addRight(Command1);
     strip->addRight(Command2);
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
     Command2->setAutoDefault(false);
     Command3->setAutoDefault(false);
     return strip;

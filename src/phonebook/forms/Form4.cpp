@@ -10,6 +10,7 @@
 
 #include "core/HelpTopics.h"
 #include "platform/controls/CodePageGuard.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -109,8 +110,7 @@ void Form4::makeButtons() {
     make(Command3, "Command3", QStringLiteral("Clos&e"), this);
     make(Command4, "Command4", QStringLiteral("&Print List"), this);
     make(Command5, "Command5", QStringLiteral("&Help"), this);
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
     for (QPushButton* button : {Command2, Command3, Command4, Command5})
         button->setAutoDefault(false);
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "phonebook/HitLine.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
@@ -35,8 +36,7 @@ Other::Other(const PhonebookStore& store, const PhonebookPane& pane, StatusLine&
     List1->setDragEnabled(false);
     Label1->setObjectName(QStringLiteral("Label1"));
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
     layOut();
     setTabOrder(List1, Label1);
     setTabOrder(Label1, Command1);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "planner/forms/TimeSteppers.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -28,11 +29,10 @@ Alarm::Alarm(AlarmEditor& editor, const CodePage& codePage, QWidget* parent)
     : TaskDialog("Alarm", "Alarms...", codePage, parent),
       editor_(editor),
       time_(new TimeSteppers({"Label1", "Label3", "Label2"}, this)),
-      Command2(makeButton("Command2", "&Add/Change")),
-      Command1(makeButton("Command1", "&Remove")),
-      Command3(makeButton("Command3", "&Close")) {
-    Command2->setProperty("role", QStringLiteral("primary"));
-    Command2->setDefault(true);
+      Command2(makeDialogButton("Command2", "&Add/Change", this)),
+      Command1(makeDialogButton("Command1", "&Remove", this)),
+      Command3(makeDialogButton("Command3", "&Close", this)) {
+    makePrimary(*Command2);
     List1->setAccessibleName(QStringLiteral("Alarms"));
 
     auto* fields = new QVBoxLayout;

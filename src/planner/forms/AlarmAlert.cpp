@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/Text.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtText.h"
@@ -23,13 +24,6 @@ constexpr int kIconGap = 18;
 constexpr QSize kIcon(32, 32);
 constexpr QSize kFormSize(480, 188);
 constexpr double kMostOfScreen = 0.5;
-
-QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
 
 void setType(QLabel& label, qreal points, QFont::Weight weight) {
     QFont font = label.font();
@@ -46,9 +40,9 @@ AlarmAlert::AlarmAlert(const CodePage& codePage)
       Label1(new QLabel(QStringLiteral("ALARM"), this)),
       Label2(new QLabel(this)),
       scroll_(new QScrollArea(this)),
-      Command1(makeButton("Command1", "&Ok", this)),
-      Command2(makeButton("Command2", "5 Minute &Snooze", this)),
-      Command3(makeButton("Command3", "10 &Minute Snooze", this)) {
+      Command1(makeDialogButton("Command1", "&Ok", this)),
+      Command2(makeDialogButton("Command2", "5 Minute &Snooze", this)),
+      Command3(makeDialogButton("Command3", "10 &Minute Snooze", this)) {
     // A plain window: a dialog would go down with the main window when that is minimised.
     setWindowFlags(Qt::Window | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -61,8 +55,7 @@ AlarmAlert::AlarmAlert(const CodePage& codePage)
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     setType(*Label2, 11.25, QFont::Normal);
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
     layOut();
     connect(Command1, &QPushButton::clicked, this, &AlarmAlert::okPressed);
     connect(Command2, &QPushButton::clicked, this, [this] { emit snoozePressed(5); });

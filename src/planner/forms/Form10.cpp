@@ -10,6 +10,7 @@
 
 #include "planner/ListShapes.h"
 #include "planner/forms/TimeSteppers.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -28,11 +29,10 @@ Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
       tasks_(tasks),
       day_(new Stepper(QStringLiteral("VScroll3"), QStringLiteral("Label4"), this)),
       time_(new TimeSteppers({"Label1", "Label2", "Label3"}, this)),
-      Command1(makeButton("Command1", "&Add")),
-      Command2(makeButton("Command2", "&Remove")),
-      Command3(makeButton("Command3", "&Close")) {
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+      Command1(makeDialogButton("Command1", "&Add", this)),
+      Command2(makeDialogButton("Command2", "&Remove", this)),
+      Command3(makeDialogButton("Command3", "&Close", this)) {
+    makePrimary(*Command1);
     setUpDays();
     auto* when = new QHBoxLayout;
     when->setSpacing(20);

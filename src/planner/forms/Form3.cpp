@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -23,14 +24,13 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
     : TaskDialog("Form3", "Task Manager - To Do", codePage, parent),
       list_(list),
       codePage_(codePage),
-      Command1(makeButton("Command1", "&Add Task")),
-      Command2(makeButton("Command2", "&Remove Task")),
-      Command3(makeButton("Command3", "&Print Tasks")),
-      Command4(makeButton("Command4", "&Close")),
-      Command5(makeButton("Command5", "&Monthly")),
-      Command6(makeButton("Command6", "&Weekly")) {
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+      Command1(makeDialogButton("Command1", "&Add Task", this)),
+      Command2(makeDialogButton("Command2", "&Remove Task", this)),
+      Command3(makeDialogButton("Command3", "&Print Tasks", this)),
+      Command4(makeDialogButton("Command4", "&Close", this)),
+      Command5(makeDialogButton("Command5", "&Monthly", this)),
+      Command6(makeDialogButton("Command6", "&Weekly", this)) {
+    makePrimary(*Command1);
     List1->setAccessibleName(QStringLiteral("Tasks"));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);

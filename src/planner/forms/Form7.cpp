@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/CodePageGuard.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -24,13 +25,6 @@ constexpr int kLargeMonthStep = 3;
 constexpr int kLargeDayStep = 7;
 constexpr QSize kFormSize(520, 406);
 
-QPushButton* button(const char* name, const char* caption, QWidget* parent) {
-    auto* made = new QPushButton(QLatin1String(caption), parent);
-    made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false);
-    return made;
-}
-
 }  // namespace
 
 Form7::Form7(Datewarden& datewarden, StatusLine& status, const CodePage& codePage, QWidget* parent)
@@ -43,10 +37,10 @@ Form7::Form7(Datewarden& datewarden, StatusLine& status, const CodePage& codePag
       Label3(new QLabel(QStringLiteral("Enter New Event Description:"), this)),
       Text1(new QLineEdit(this)),
       List1(new EntryList(codePage, nullptr, this)),
-      Command1(button("Command1", "&Add", this)),
-      Command2(button("Command2", "&Remove", this)),
-      Command3(button("Command3", "&Close", this)),
-      Command4(button("Command4", "&Show Display", this)) {
+      Command1(makeDialogButton("Command1", "&Add", this)),
+      Command2(makeDialogButton("Command2", "&Remove", this)),
+      Command3(makeDialogButton("Command3", "&Close", this)),
+      Command4(makeDialogButton("Command4", "&Show Display", this)) {
     setObjectName(QStringLiteral("Form7"));
     setWindowTitle(QStringLiteral("Datewarden "));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -71,8 +65,7 @@ void Form7::makeControls() {
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(QStringLiteral("Occasions"));
     List1->setDragEnabled(false);
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
 }
 
 void Form7::layOut() {

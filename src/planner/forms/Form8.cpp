@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/Failure.h"
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -24,13 +25,6 @@ constexpr QSize kFormSize(540, 306);
 constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kBesideCorner(620 / kTwipsPerPixel, 50 / kTwipsPerPixel);
 constexpr int kInterval = 60000;  // milliseconds
-
-QPushButton* button(const char* name, const char* caption, QWidget* parent) {
-    auto* made = new QPushButton(QLatin1String(caption), parent);
-    made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false);
-    return made;
-}
 
 }  // namespace
 
@@ -69,13 +63,12 @@ void Form8::makeControls() {
 }
 
 void Form8::makeButtons() {
-    Command1 = button("Command1", "&Close", this);
-    Command2 = button("Command2", "&Datewarden", this);
-    Command3 = button("Command3", "&Print", this);
-    Command5 = button("Command5", "&Monthly", this);
-    Command6 = button("Command6", "&Weekly", this);
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    Command1 = makeDialogButton("Command1", "&Close", this);
+    Command2 = makeDialogButton("Command2", "&Datewarden", this);
+    Command3 = makeDialogButton("Command3", "&Print", this);
+    Command5 = makeDialogButton("Command5", "&Monthly", this);
+    Command6 = makeDialogButton("Command6", "&Weekly", this);
+    makePrimary(*Command1);
 }
 
 void Form8::layOut() {

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -25,11 +26,10 @@ Monthly::Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent)
     : TaskDialog("Monthly", "Monthly Repetitive Tasks", codePage, parent),
       tasks_(tasks),
       day_(new Stepper(QStringLiteral("VScroll1"), QStringLiteral("Label1"), this)),
-      Command1(makeButton("Command1", "&Add")),
-      Command2(makeButton("Command2", "&Remove")),
-      Command3(makeButton("Command3", "&Close")) {
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+      Command1(makeDialogButton("Command1", "&Add", this)),
+      Command2(makeDialogButton("Command2", "&Remove", this)),
+      Command3(makeDialogButton("Command3", "&Close", this)) {
+    makePrimary(*Command1);
     day_->setRange(1, kLastDay, kLargeStep);
     day_->arrows()->setAccessibleName(QStringLiteral("Day of the month"));
     List1->setAccessibleName(QStringLiteral("Tasks"));

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/Stepper.h"
 
@@ -51,8 +52,7 @@ Schedule::Schedule(ScheduleTimes& times, QWidget* parent)
     setObjectName(QStringLiteral("Schedule"));
     setWindowTitle(QStringLiteral("Schedule Event"));
     Command2->setObjectName(QStringLiteral("Command2"));
-    Command2->setProperty("role", "primary");
-    Command2->setDefault(true);
+    makePrimary(*Command2);
     Command1->setObjectName(QStringLiteral("Command1"));
 
     auto* questions = new QVBoxLayout;

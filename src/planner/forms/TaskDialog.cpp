@@ -47,13 +47,6 @@ void TaskDialog::present() {
     activateWindow();
 }
 
-QPushButton* TaskDialog::makeButton(const char* name, const char* caption) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 QLabel* TaskDialog::makeLabel(const char* caption, QWidget* buddy) {
     auto* label = new QLabel(QString::fromLatin1(caption), this);
     label->setProperty("role", QStringLiteral("label"));

@@ -40,7 +40,6 @@ class TaskDialog : public QDialog {
     // The user changed the text in the box.
     virtual void textTyped(const std::string& text) = 0;
 
-    [[nodiscard]] QPushButton* makeButton(const char* name, const char* caption);
     // A small label above its field.
     [[nodiscard]] QLabel* makeLabel(const char* caption, QWidget* buddy);
     void layOut(QBoxLayout* body, DialogFooter* footer);

@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <optional>
 
+#include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
 #include "platform/controls/SSDay.h"
 #include "platform/qt/QtText.h"
@@ -43,8 +44,7 @@ WeekataGlance::WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWi
         days_[static_cast<std::size_t>(day - 1)] = column;
     }
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setProperty("role", QStringLiteral("primary"));
-    Command1->setDefault(true);
+    makePrimary(*Command1);
     layOut();
     connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
 }

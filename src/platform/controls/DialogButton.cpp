@@ -1,0 +1,19 @@
+#include "platform/controls/DialogButton.h"
+
+#include <QPushButton>
+
+namespace velmora {
+
+QPushButton* makeDialogButton(const char* name, const char* caption, QWidget* parent) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+void makePrimary(QPushButton& button) {
+    button.setProperty("role", QStringLiteral("primary"));
+    button.setDefault(true);
+}
+
+}  // namespace velmora
