@@ -1,7 +1,6 @@
 #include "app/AccessoriesRoom.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QFile>
 #include <QKeyEvent>
 
@@ -71,13 +70,13 @@ void AccessoriesRoom::helpAt(std::string_view topic) {
     window->showTopic(topic);
 }
 
-// The main window has F1 in its menu; here the dialogs get it.
+// The main window has F1 in its menu; here the other windows get it.
 bool AccessoriesRoom::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = isHelpKey(*event) ? qobject_cast<QWidget*>(watched) : nullptr;
-    const auto* dialog = widget ? qobject_cast<QDialog*>(widget->window()) : nullptr;
-    if (!dialog)
+    const QWidget* window = widget ? widget->window() : nullptr;
+    if (!window || window == &calendar_ || window->windowType() == Qt::Popup)
         return QObject::eventFilter(watched, event);
-    helpAt(helpTopicOf(dialog->objectName().toStdString()));
+    helpAt(helpTopicOf(window->objectName().toStdString()));
     return true;
 }
 

@@ -15,7 +15,7 @@
 namespace velmora {
 
 // Builds the calculator, the help and the about box when they are asked for, and connects them with
-// the main window. F1 in a dialog opens the help at the page about it.
+// the main window. F1 in another window opens the help at the page about it.
 class AccessoriesRoom final : public QObject {
   public:
     // All must outlive the room.
