@@ -14,7 +14,7 @@ namespace {
 class QtSoundTest : public testing::Test {
   protected:
     QtSoundTest() {
-        folder.write("bell.wav", std::string("RIFF\x10\0\0\0WAVEfmt and so on", 28));
+        folder.write("bell.wav", "RIFF" + std::string("\x10\0\0\0", 4) + "WAVEfmt and so on");
         folder.write("noise.wav", "this is no sound");
     }
 
