@@ -250,7 +250,7 @@ void SSYear::paintDay(QPainter& painter, const QRect& rect, year_month_day date)
     const QRectF box = QRectF(rect).adjusted(0, 0, -1, -1);
     QColor number = theme.ink;
     if (filled) {
-        fillRounded(painter, box, 3, toQt(*style->backColor));
+        stamps_.fill(painter, box, 3, toQt(*style->backColor));
         number = Qt::black;
     } else if (hovered() == date) {
         fillRounded(painter, box, 3, theme.hover);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/controls/CalendarControl.h"
+#include "platform/controls/RoundedStamps.h"
 #include "platform/controls/models/MonthGrid.h"
 
 namespace velmora {
@@ -75,6 +76,7 @@ class SSYear final : public CalendarControl {
     std::chrono::year year_;
     mutable std::vector<Month> months_;  // empty until they are laid out
     mutable int rowHeight_ = 0;
+    mutable RoundedStamps stamps_;
 };
 
 }  // namespace velmora
