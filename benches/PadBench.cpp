@@ -52,6 +52,7 @@ KeyTimes timesIn(std::size_t size) {
     PaintCounter counter(*edit.viewport());
     counter.repaint();
     std::vector<Milliseconds> times;
+    times.reserve(kKeys);
     for (int i = 0; i < kKeys; ++i)
         times.push_back(timeOf([&] {
             QTest::keyClick(&edit, i % 6 == 5 ? Qt::Key_Space : Qt::Key_A);

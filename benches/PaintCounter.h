@@ -15,7 +15,7 @@ class PaintCounter final : public QObject {
     explicit PaintCounter(QWidget& widget) : widget_(widget) { widget.installEventFilter(this); }
 
     // Until the widget is on the screen.
-    void awaitFirst() {
+    void awaitFirst() const {
         while (paints_ == 0)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

@@ -171,6 +171,7 @@ void measureStyling(const std::vector<DayStyle>& styles, Report& report) {
          {static_cast<DateControl*>(&monthAdapter), static_cast<DateControl*>(&yearAdapter)})
         control->SetStyleSet("Event", kRedNumber);
     std::vector<Milliseconds> times;
+    times.reserve(kRepetitions);
     for (int i = 0; i < kRepetitions; ++i)
         times.push_back(timeOf([&] {
             monthAdapter.SetDayStyles(styles);
