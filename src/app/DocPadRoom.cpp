@@ -22,6 +22,10 @@ void CalendarDocPadView::announce(const std::string& text) {
     calendar_.docPad().title()->repaint();
 }
 
+void RailCancelIcon::showCancelIcon(bool shown) {
+    calendar_.rail().showCancelIcon(shown);
+}
+
 bool DroppedLine::available() const {
     const EntryList* list = calendar_.leftColumn().list();
     return list->isVisible() && list->hasSelection();
@@ -33,7 +37,11 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       view_(calendar),
       dialog_(world.messages),
       recovery_(world.codePage.fromUtf8(configurationFolder()), world.files, runningPrograms_),
-      printer_(world.messages),
+      textFont_(calendar.text(), world.codePage),
+      cancelIcon_(calendar),
+      printer_({world.printer, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
+                world.codePage, world.loop, calendar.status(), world.messages, cancelIcon_,
+                world.jobs}),
       docPad_({text_, view_, dialog_, state, world.messages, world.files, world.settings,
                calendar.status(), printer_, recovery_}),
       recoveryTimer_([this] { docPad_.keepForRecovery(); }),
@@ -42,7 +50,6 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       focused_(world.codePage),
       clipboard_(world.codePage),
       clipboardCommands_(focused_, clipboard_),
-      textFont_(calendar.text(), world.codePage),
       fontQuestion_(world.codePage),
       fontCommand_("DocFont", FontCommand::Keeps::NameSizeAndColour, textFont_, fontQuestion_,
                    world.settings),
@@ -61,6 +68,8 @@ void DocPadRoom::connect() {
     const auto tellReplaced = [this] { calendar_.status().show(kCharacterReplaced); };
     QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
     QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
+    QObject::connect(&calendar_.rail(), &Rail::cancelChosen, &calendar_,
+                     [this] { printer_.cancel(); });
     new DocumentDrag(*calendar_.docPad().titleIcon());
     TrashCan* can = calendar_.rail().trash();
     // Queued: the drag has to be over before a box opens.
@@ -76,6 +85,7 @@ void DocPadRoom::bindCommands(CommandSet& commands) {
     commands.bind("newmnu", [this] { docPad_.New(); });
     commands.bind("openmnu", [this] { docPad_.Open(); });
     commands.bind("savmnu", [this] { docPad_.Save(); });
+    commands.bind("printmnu", [this] { docPad_.Print(); });
     commands.bind("searchtxtmnu", [this] { searchForm_.present(); });
     commands.bind("ChfontD", [this] { fontCommand_.change(); });
     commands.bind("EditCut", [this] { clipboardCommands_.EditCut(); });

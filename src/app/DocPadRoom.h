@@ -9,7 +9,7 @@
 #include "docpad/DocPad.h"
 #include "docpad/DocPadView.h"
 #include "docpad/FontCommand.h"
-#include "docpad/NoPadPrinter.h"
+#include "docpad/PadPrint.h"
 #include "docpad/PadSearch.h"
 #include "docpad/PhoneLog.h"
 #include "docpad/PhoneLogViewer.h"
@@ -36,6 +36,17 @@ class CalendarDocPadView final : public DocPadView {
     void announce(const std::string& text) override;
     [[nodiscard]] std::string title() const override { return calendar_.docPadCaption(); }
     void setWindowCaption(const std::string& text) override { calendar_.setCaption(text); }
+
+  private:
+    Calendar& calendar_;
+};
+
+// The icon that cancels a print job, on the rail.
+class RailCancelIcon final : public CancelIcon {
+  public:
+    explicit RailCancelIcon(Calendar& calendar) : calendar_(calendar) {}
+
+    void showCancelIcon(bool shown) override;
 
   private:
     Calendar& calendar_;
@@ -77,7 +88,9 @@ class DocPadRoom {
     DialogState dialog_;
     PosixRunningPrograms runningPrograms_;
     RecoveryFile recovery_;
-    NoPadPrinter printer_;
+    PadEditFont textFont_;
+    RailCancelIcon cancelIcon_;
+    PadPrint printer_;
     DocPad docPad_;
     RecoveryTimer recoveryTimer_;
     PadSearch search_;
@@ -85,7 +98,6 @@ class DocPadRoom {
     FocusedWidget focused_;
     SystemClipboard clipboard_;
     ClipboardCommands clipboardCommands_;
-    PadEditFont textFont_;
     QtFontQuestion fontQuestion_;
     FontCommand fontCommand_;
     PhoneLog phoneLog_;

@@ -57,9 +57,11 @@ Form8& EventsRoom::eventsForm() {
                      [this] { parts_.runCommand("monthlytasks"); });
     QObject::connect(form, &Form8::weeklyWanted, &calendar_,
                      [this] { parts_.runCommand("reptmnu"); });
-    QObject::connect(
-        form, &Form8::printWanted, &calendar_,
-        [this](const std::vector<std::string>& lines) { events_.Print(world_.printer, lines); });
+    QObject::connect(form, &Form8::printWanted, &calendar_,
+                     [this](const std::vector<std::string>& lines) {
+                         if (!world_.jobs.refuses(calendar_.status()))
+                             events_.Print(world_.printer, lines);
+                     });
     return *form;
 }
 

@@ -17,13 +17,18 @@ PrintRoom::PrintRoom(World& world, Calendar& calendar)
       setup_(world.printer, question_, world.messages) {}
 
 void PrintRoom::bindCommands(CommandSet& commands) {
-    commands.bind("prints", [this] { setup_.change(); });
+    commands.bind("prints", [this] {
+        if (!world_.jobs.refuses(calendar_.status()))
+            setup_.change();
+    });
     commands.bind("prntcal", [this] { printDay(); });
     commands.bind("plprint", [this] { printWhatIsOnShow(); });
     commands.bind("PrintP", [this] { printWhatIsOnShow(); });
 }
 
 void PrintRoom::printDay() {
+    if (world_.jobs.refuses(calendar_.status()))
+        return;
     calendar_.day().commitEditor();
     const QFont font = calendar_.fontOf(FontTarget::DayView);
     PrintEventsOfDay(

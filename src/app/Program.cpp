@@ -189,6 +189,8 @@ void Program::connectStatusHelp() {
                          });
     QObject::connect(&calendar_.rail(), &Rail::paneHovered, &calendar_,
                      [&status](Pane pane) { status.show(paneHoverText(pane)); });
+    QObject::connect(&calendar_.rail(), &Rail::cancelHovered, &calendar_,
+                     [&status] { status.show("Click This Printer Icon to Cancel Print Job."); });
     QObject::connect(calendar_.phonebookPage().letterTabs(), &LetterTabs::hovered, &calendar_,
                      [&status] { status.show("Click a letter."); });
 }

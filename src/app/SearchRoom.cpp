@@ -20,7 +20,8 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
       flipCheck1_(std::move(flipCheck1)),
       openHelp_(std::move(openHelp)),
       pane_(calendar),
-      hitListPrint_(world.printer, world.messages, world.clock, world.locale) {
+      hitListPrint_(world.printer, world.jobs, calendar.status(), world.messages, world.clock,
+                    world.locale) {
     QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked, &calendar,
                      [this] { associatesForm().findOthers(); });
 }

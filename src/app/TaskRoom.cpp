@@ -29,7 +29,8 @@ void TaskRoom::presentToDo() {
     if (!toDoForm_) {
         Form3& form = make(toDoForm_, toDo_);
         QObject::connect(&form, &Form3::printWanted, &form, [this](const std::string& fontName) {
-            toDo_.PrintTasks(world_.printer, fontName);
+            if (!world_.jobs.refuses(calendar_.status()))
+                toDo_.PrintTasks(world_.printer, fontName);
         });
         QObject::connect(&form, &Form3::monthlyWanted, &form, [this] { presentMonthly(); });
         QObject::connect(&form, &Form3::weeklyWanted, &form, [this] { presentWeekly(); });

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/DataLocations.h"
+#include "core/JobRunning.h"
 #include "core/SettingsStore.h"
 #include "platform/CaseTwins.h"
 #include "platform/CodePage.h"
@@ -38,6 +39,7 @@ struct World {
     QtPrintMetrics printMetrics{codePage};
     QtPrinters printers{messages, files, codePage};
     PrintRecorder printer{printMetrics, printers};  // the one surface that all print on
+    JobRunning jobs;                                // asked by all that print
 };
 
 }  // namespace velmora

@@ -159,7 +159,7 @@ bool DocPad::print() {
     printing_ = true;
     bool printed = false;
     try {
-        printed = parts_.printer.print();
+        printed = parts_.printer.PrintDocPad();
     } catch (...) {
         printing_ = false;
         throw;

@@ -10,6 +10,8 @@ constexpr float kHeadSize = 14;  // points
 }  // namespace
 
 void HitListPrint::print(std::span<const std::string> lines) {
+    if (jobs_.refuses(status_))
+        return;
     const float size = printer_.FontSize();
     printer_.SetScaleMode(kInches);
     printer_.SetFontSize(kHeadSize);

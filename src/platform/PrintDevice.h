@@ -45,9 +45,9 @@ class PrintOutput {
     // The one that the system prints on by default; `kPrintToPdf` where it names none.
     [[nodiscard]] virtual std::string defaultPrinter() const = 0;
 
-    // Sends a job. Throws Failure when its printer is not there any more or does not take it;
-    // nothing is printed elsewhere instead.
-    virtual void print(const PrintJob& job) = 0;
+    // Sends a job. False when the user called it off. Throws Failure when its printer is not there
+    // any more or does not take it; nothing is printed elsewhere instead.
+    virtual bool print(const PrintJob& job) = 0;
 };
 
 }  // namespace velmora

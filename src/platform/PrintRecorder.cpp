@@ -161,15 +161,14 @@ void PrintRecorder::endJob() {
     y_ = 0;
 }
 
-void PrintRecorder::EndDoc() {
+bool PrintRecorder::EndDoc() {
     std::optional<PrintJob> done = std::move(job_);
     endJob();
     if (!done)
-        return;
+        return true;
     while (!done->pages.empty() && done->pages.back().empty())
         done->pages.pop_back();
-    if (!done->pages.empty())
-        output_.print(*done);
+    return done->pages.empty() || output_.print(*done);
 }
 
 void PrintRecorder::KillDoc() {

@@ -49,7 +49,7 @@ class PrintRecorder : public PrintSurface {
     void Line(float x1, float y1, float x2, float y2, int colour) override;
     void NewPage() override;
     [[nodiscard]] int Page() const override;
-    void EndDoc() override;
+    bool EndDoc() override;
     void KillDoc() override;
 
     [[nodiscard]] std::vector<std::string> PrinterNames() const override;

@@ -68,8 +68,9 @@ class PrintSurface {
     [[nodiscard]] virtual int Page() const = 0;
 
     // Sends the job; prints nothing when there was no output. Empty pages at the end are left out.
-    // Throws Failure when the job can not be printed; it is gone all the same.
-    virtual void EndDoc() = 0;
+    // False when the user called the job off, as "Print to PDF" lets them. Throws Failure when the
+    // job can not be printed. It is gone in any case.
+    virtual bool EndDoc() = 0;
     // Throws the job away: nothing of it reaches the printer.
     virtual void KillDoc() = 0;
 

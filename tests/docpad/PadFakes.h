@@ -89,7 +89,7 @@ class FakePadPrinter final : public PadPrinter {
   public:
     explicit FakePadPrinter(const PadText& text) : text_(text) {}
 
-    [[nodiscard]] bool print() override {
+    [[nodiscard]] bool PrintDocPad() override {
         if (!works)
             return false;
         printed.push_back(text_.bytes());

@@ -7,7 +7,7 @@ import planner
 from books import record
 from desk_test import DeskTest
 from print_shop import QUEUE, PrintShop, lines_of, words_of
-from velmora_driver import click, key, wait_until
+from velmora_driver import click, key, text_of, type_text, wait_until
 
 MARGIN = 0.25  # of the printer's paper, inches
 EXACT = 0.005
@@ -117,6 +117,47 @@ class TheHits(PrintTest):
         lines = lines_of(self.shop.next_sheet())
         self.assertRegex(lines[0], "^Velmora: Search Results [A-Z]")
         self.assertEqual(["Y: Buckley, Noor Match: First Name=Noor"], lines[1:])
+        self.assertTrue(self.shop.has_nothing_more())
+
+
+class DocPad(PrintTest):
+    def type_into_docpad(self, text):
+        self.start()
+        click(self.program.find(id="Text4"))
+        type_text(text)
+        self.wait_text(text)
+
+    def wait_text(self, text):
+        wait_until(lambda: text_of(self.program.find(id="Text4")) == text, f"DocPad with {text!r}")
+
+    def test_the_text_arrives_below_its_head(self):
+        self.type_into_docpad("Thank you for the tea.")
+        click(self.program.find(id="MainToolbar_PrintD"))
+        sheet = self.shop.next_sheet()
+        head = f"UNTITLED {datetime.date.today():%m-%d-%Y} Page # 1 of 1"
+        self.assertEqual([head, "Thank you for the tea."], lines_of(sheet))
+        tops = {word.text: word.top for word in words_of(sheet)}
+        self.assertAlmostEqual(MARGIN + 0.5, tops["UNTITLED"], delta=0.05)
+        self.assertAlmostEqual(MARGIN + 1.0, tops["Thank"], delta=0.05)
+        self.assertFalse(self.program.shows("Image8"))
+        self.assertTrue(self.shop.has_nothing_more())
+
+    def test_new_with_yes_prints_and_then_clears(self):
+        self.type_into_docpad("Thank you for the tea.")
+        self.program.menu("File", "New DocPad")
+        self.program.answer("Save", "Yes")
+        self.assertIn("Thank you for the tea.", lines_of(self.shop.next_sheet()))
+        self.wait_text("")
+
+    def test_new_keeps_a_text_that_was_not_printed(self):
+        self.type_into_docpad("Thank you for the tea.")
+        self.set_up_printer(PDF)
+        self.program.menu("File", "New DocPad")
+        self.program.answer("Save", "Yes")
+        self.program.dialog(PDF)
+        key("Escape")
+        self.program.wait_closed(PDF)
+        self.wait_text("Thank you for the tea.")
         self.assertTrue(self.shop.has_nothing_more())
 
 

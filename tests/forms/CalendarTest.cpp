@@ -212,6 +212,23 @@ TEST_F(CalendarTest, AFontIsAppliedPieceByPiece) {
     EXPECT_EQ(calendar.text().ink(), std::nullopt);
 }
 
+TEST_F(CalendarTest, TheIconThatCancelsAPrintJobIsThereOnlyWhileItCan) {
+    auto& icon = test::named<QToolButton>(calendar, "Image8");
+    int cancelled = 0, hovered = 0;
+    QObject::connect(&calendar.rail(), &Rail::cancelChosen, [&] { ++cancelled; });
+    QObject::connect(&calendar.rail(), &Rail::cancelHovered, [&] { ++hovered; });
+    EXPECT_FALSE(icon.isVisible());
+    calendar.rail().showCancelIcon(true);
+    EXPECT_TRUE(icon.isVisible());
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(&icon, &enter);
+    QTest::mouseClick(&icon, Qt::LeftButton);
+    EXPECT_EQ(hovered, 1);
+    EXPECT_EQ(cancelled, 1);
+    calendar.rail().showCancelIcon(false);
+    EXPECT_FALSE(icon.isVisible());
+}
+
 TEST_F(CalendarTest, TheStatusTextStaysUntilTheNextOne) {
     calendar.status().show("Click a letter.");
     QTest::mouseMove(&calendar, QPoint(600, 400));

@@ -105,7 +105,8 @@ class Form4Test : public ::testing::Test, protected test::PhonebookFixture {
     test::FakePrintSurface printer;
     test::FakeClock clock;
     LocaleFormats locale;
-    HitListPrint printing{printer, messages, clock, locale};
+    JobRunning jobs;
+    HitListPrint printing{printer, jobs, status, messages, clock, locale};
     Form4 form{
         {state, settings, store, letters, messages, status, loop, [this] { wish.flipped(); }},
         printing,

@@ -5,6 +5,7 @@
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
 #include "support/FakePrintSurface.h"
+#include "support/FakeStatusLine.h"
 #include "support/Golden.h"
 
 namespace velmora {
@@ -19,7 +20,9 @@ class HitListPrintTest : public testing::Test {
     test::FakeMessages messages_;
     test::FakeClock clock_;
     LocaleFormats locale_;
-    HitListPrint printing_{printer_, messages_, clock_, locale_};
+    JobRunning jobs_;
+    test::FakeStatusLine status_;
+    HitListPrint printing_{printer_, jobs_, status_, messages_, clock_, locale_};
 };
 
 TEST_F(HitListPrintTest, PrintsAHeadAndTheLines) {
@@ -58,6 +61,13 @@ TEST_F(HitListPrintTest, APrinterThatFailsIsToldAndNothingIsThrown) {
     printer_.refusal = "The printer is on fire.";
     EXPECT_NO_THROW(printing_.print({}));
     EXPECT_THAT(messages_.takeShown(), ElementsAre("error|Velmora|The printer is on fire."));
+}
+
+TEST_F(HitListPrintTest, WaitsForAJobThatIsUnderWay) {
+    const auto job = jobs_.begin();
+    printing_.print(std::vector<std::string>{"Y: Abel, Jo"});
+    EXPECT_EQ(printer_.takeDump(), "");
+    EXPECT_EQ(status_.text, "Velmora is still busy with a job. Try again when it is done.");
 }
 
 }  // namespace

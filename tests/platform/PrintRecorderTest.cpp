@@ -231,12 +231,15 @@ TEST_F(PrintRecorderTest, TheEndOfAJobResetsThePositionAndTheStyleOnly) {
     printer_.SetFontSize(12);
     printer_.SetForeColor(0x0000FF);
     printer_.SetOrientation(PageOrientation::Landscape);
-    for (const auto end : {&PrintSurface::EndDoc, &PrintSurface::KillDoc}) {
+    for (const bool sent : {true, false}) {
         printer_.SetFontBold(true);
         printer_.SetFontItalic(true);
         printer_.SetCurrentX(1);
         printer_.PrintPart("x");
-        (printer_.*end)();
+        if (sent)
+            printer_.EndDoc();
+        else
+            printer_.KillDoc();
         EXPECT_EQ(printer_.CurrentX(), 0);
         EXPECT_EQ(printer_.CurrentY(), 0);
     }
@@ -343,7 +346,7 @@ TEST_F(PrintRecorderTest, NoPrinterIsAskedForBeforeAJobBegins) {
     class NoOutput final : public PrintOutput {
         [[nodiscard]] std::vector<std::string> printerNames() const override { return fail(); }
         [[nodiscard]] std::string defaultPrinter() const override { return fail()[0]; }
-        void print(const PrintJob&) override { fail(); }
+        bool print(const PrintJob&) override { return fail().empty(); }
         static std::vector<std::string> fail() {
             ADD_FAILURE() << "asked";
             return {""};

@@ -38,14 +38,18 @@ class FakePrinters : public PrintOutput {
   public:
     std::vector<std::string> names{"Pocket", "Office", kPrintToPdf};
     std::string defaultName = "Pocket";
-    std::string refusal;  // when not empty, each job fails with this text
+    std::string refusal;     // when not empty, each job fails with this text
+    bool calledOff = false;  // as if the user named no file for each job
 
     [[nodiscard]] std::vector<std::string> printerNames() const override { return names; }
     [[nodiscard]] std::string defaultPrinter() const override { return defaultName; }
-    void print(const PrintJob& job) override {
+    bool print(const PrintJob& job) override {
         if (!refusal.empty())
             throw Failure(refusal);
+        if (calledOff)
+            return false;
         jobs_.push_back(job);
+        return true;
     }
 
     // The jobs since the last call.

@@ -58,12 +58,24 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     Image8->setAccessibleName(tr("Cancel Print Job"));
     Image8->setToolTip(tr("Cancel Print Job"));
     Image8->hide();
+    Image8->installEventFilter(this);
+    connect(Image8, &QToolButton::clicked, this, &Rail::cancelChosen);
     layout->addWidget(Image8, 0, Qt::AlignHCenter);
 
     Image2 = new TrashCan(this);
     Image2->setObjectName(QStringLiteral("Image2"));
     layout->addWidget(Image2, 0, Qt::AlignHCenter);
     raiseButton(Pane::Planner);
+}
+
+void Rail::showCancelIcon(bool shown) {
+    Image8->setVisible(shown);
+}
+
+bool Rail::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Image8 && event->type() == QEvent::Enter)
+        emit cancelHovered();
+    return QWidget::eventFilter(watched, event);
 }
 
 void Rail::raiseButton(Pane pane) const {

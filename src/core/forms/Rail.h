@@ -26,9 +26,17 @@ class Rail final : public QWidget {
 
     void raiseButton(Pane pane) const;
 
+    // The icon that cancels a print job.
+    void showCancelIcon(bool shown);
+
   signals:
     void paneChosen(velmora::Pane pane);
     void paneHovered(velmora::Pane pane);
+    void cancelChosen();
+    void cancelHovered();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     std::array<PaneButton*, kPaneCount> Picture1{};  // "Planner", "Phonebook", "Dialer"

@@ -76,11 +76,11 @@ std::string QtPrinters::defaultPrinter() const {
     return fromQt(name, codePage_);
 }
 
-void QtPrinters::print(const PrintJob& job) {
+bool QtPrinters::print(const PrintJob& job) {
     if (job.printer == kPrintToPdf)
-        printToFile(job);
-    else
-        printOnPaper(job);
+        return printToFile(job);
+    printOnPaper(job);
+    return true;
 }
 
 void QtPrinters::printOnPaper(const PrintJob& job) {
@@ -98,7 +98,7 @@ void QtPrinters::printOnPaper(const PrintJob& job) {
         throw notPrinted(name, "did not take it (" + *why + ")");
 }
 
-void QtPrinters::printToFile(const PrintJob& job) {
+bool QtPrinters::printToFile(const PrintJob& job) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString proposal = folder + QStringLiteral("/Velmora.pdf");
     const std::optional<std::string> path =
@@ -107,7 +107,7 @@ void QtPrinters::printToFile(const PrintJob& job) {
                                     .filter = "PDF (*.pdf)|*.pdf|All Files (*.*)|*.*",
                                     .fileName = fromQt(proposal, codePage_)});
     if (!path)
-        return;
+        return false;
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
     QPdfWriter writer(&bytes);
@@ -119,6 +119,7 @@ void QtPrinters::printToFile(const PrintJob& job) {
         throw Failure("Nothing was printed: the pages could not be made.");
     const QByteArray& pdf = bytes.data();
     files_.writeWhole(*path, {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+    return true;
 }
 
 }  // namespace velmora

@@ -27,12 +27,12 @@ class QtPrinters final : public PrintOutput {
     [[nodiscard]] std::vector<std::string> printerNames() const override;
     [[nodiscard]] std::string defaultPrinter() const override;
 
-    // The user may refuse to name a file: then nothing is printed, and that is no failure.
-    void print(const PrintJob& job) override;
+    // False when the user names no file for "Print to PDF".
+    bool print(const PrintJob& job) override;
 
   private:
     void printOnPaper(const PrintJob& job);
-    void printToFile(const PrintJob& job);
+    bool printToFile(const PrintJob& job);
 
     Messages& messages_;
     Files& files_;
