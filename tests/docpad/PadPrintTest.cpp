@@ -257,7 +257,8 @@ TEST_F(PadPrintTest, APrinterThatFailsIsToldAndAFileThatIsNotNamedIsNot) {
     text.text = "a";
     printer.refusal = "The printer is on fire.";
     EXPECT_FALSE(printing.PrintDocPad());
-    EXPECT_EQ(messages.takeShown(), std::vector<std::string>{"error|Velmora|The printer is on fire."});
+    EXPECT_EQ(messages.takeShown(),
+              std::vector<std::string>{"error|Velmora|The printer is on fire."});
     printer.refusal.clear();
     printer.calledOff = true;
     EXPECT_FALSE(printing.PrintDocPad());

@@ -20,7 +20,7 @@ class QtSoundTest : public testing::Test {
 
     // A player that ends with `code` after having waited for "release", if it is to.
     std::string makePlayer(const std::string& name, int code, bool waits = false) {
-        const std::string path = folder.file(name);
+        std::string path = folder.file(name);
         std::string script = "#!/bin/sh\necho \"$@\" >>'" + path + ".heard'\n";
         if (waits)
             script += "exec cat '" + folder.file("pipe") + "'\n";
@@ -34,6 +34,7 @@ class QtSoundTest : public testing::Test {
 
     std::unique_ptr<QtSound> soundWith(const std::vector<std::string>& players) {
         std::vector<QtSound::Player> list;
+        list.reserve(players.size());
         for (const std::string& player : players)
             list.push_back({QString::fromStdString(player), {QStringLiteral("-q")}});
         return std::make_unique<QtSound>([](const std::string& same) { return same; }, list,

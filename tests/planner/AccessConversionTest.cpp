@@ -31,9 +31,7 @@ class AccessConversionTest : public testing::Test {
         folder.write("qel.mdb", kAccessFile);
         reader.rows = {
             {"1", "2001-03-09 14:05:07", "2001-03-09 00:00:00", "11:00 AM", "1:00 PM",
-             "Gr\xC3\xBC\xC3\x9F"
-             "e\r\n",
-             "Event"},
+             "Gr\303\274\303\237e\r\n", "Event"},
             {"2", "2001-03-09 14:05:07", "2001-03-09 18:30:00", std::nullopt, "", "  ", "Vacation"},
             {"3", std::nullopt, std::nullopt, "x", std::nullopt, std::nullopt, std::nullopt},
         };
