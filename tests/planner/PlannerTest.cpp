@@ -140,7 +140,7 @@ TEST_F(PlannerTest, GivesTheSameColoursAsAWalkOverAllRows) {
         sqlite::Database database(path, sqlite::Access::ReadWrite);
         sqlite::Transaction transaction(database);
         auto insert = database.prepare(
-            "INSERT INTO appoint (\"Date\", \"StyleSet\") VALUES (?1, nullif(?2, 'NULL'))");
+            R"(INSERT INTO appoint ("Date", "StyleSet") VALUES (?1, nullif(?2, 'NULL')))");
         for (int i = 0; i < 3000; ++i) {
             random = random * 1664525 + 1013904223;
             const unsigned day = random >> 8 & 15;

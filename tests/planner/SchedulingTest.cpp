@@ -23,8 +23,8 @@ using testing::IsEmpty;
 
 class FakeScheduleDesk final : public ScheduleDesk {
   public:
-    void ShowPlannerPane() override { log.push_back("pane"); }
-    void OpenSchedule() override { log.push_back("schedule"); }
+    void ShowPlannerPane() override { log.emplace_back("pane"); }
+    void OpenSchedule() override { log.emplace_back("schedule"); }
     [[nodiscard]] std::string SelectedLine() const override { return line; }
     void SetCurrentEntry(const PhonebookRecord& record) override { current = record; }
     void EndProgram(const std::string& text) override { ended.push_back(text); }

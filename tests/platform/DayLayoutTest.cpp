@@ -66,6 +66,7 @@ TEST(DayLayout, DrawsAShortBlockLongEnoughToBeTakenHoldOf) {
 
 TEST(DayLayout, NeverLetsTwoBlocksShareAPlace) {
     std::vector<TimeSpan> spans;
+    spans.reserve(200);
     for (int i = 0; i < 200; ++i)
         spans.push_back(span(i * 37 % 1380, i * 37 % 1380 + 20 + i * 13 % 40));
     const auto blocks = placeSideBySide(spans, minutes(15));
