@@ -39,7 +39,7 @@ struct KeyTimes {
 // Types into the middle of a text of `size` bytes, with all that hangs on a change of the text.
 KeyTimes timesIn(std::size_t size) {
     PadEdit edit(CodePage::western());
-    RecoveryTimer recovery([] {});
+    RecoveryTimer recovery([] { return false; });
     QObject::connect(&edit, &PadEdit::textChanged, &recovery, &RecoveryTimer::changed);
     edit.setBytes(textOf(size));
     edit.resize(412, 600);

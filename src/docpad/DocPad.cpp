@@ -14,11 +14,41 @@ constexpr const char* kLoading = "DocPad: Loading";
 constexpr const char* kSaving = "DocPad: Saving";
 constexpr const char* kSaveTitle = "Save";
 constexpr const char* kSaveQuestion = "Save your DocPad changes?";
+constexpr const char* kNotKept =
+    "DocPad's text is only in memory: it could not be kept for the case that Velmora is cut short.";
+
+// The beginning of a text on one line, so that several that are offered can be told apart.
+std::string beginningOf(const std::string& text) {
+    constexpr std::size_t kMost = 60;
+    std::string beginning;
+    for (const char byte : text) {
+        const bool printable = static_cast<unsigned char>(byte) >= ' ' && byte != '\x7F';
+        if (beginning.size() == kMost)
+            return beginning + "...";
+        if (printable && (byte != ' ' || !beginning.empty()))
+            beginning += byte;
+        else if (!beginning.empty() && beginning.back() != ' ')
+            beginning += ' ';
+    }
+    return beginning;
+}
+
+std::string recoveryQuestion(const RecoveryFile::Kept& kept) {
+    std::string question =
+        "Velmora ended without saving DocPad's text. Do you want it back?\n\nIt begins: " +
+        beginningOf(kept.text);
+    if (!kept.documentName.empty())
+        question += "\nIts file: " + kept.documentName;
+    return question;
+}
 
 }  // namespace
 
 DocPad::DocPad(const Parts& parts) : parts_(parts) {
-    parts_.text.onChange([&state = parts_.state] { state.DocPadDirty = 1; });
+    parts_.text.onChange([this] {
+        parts_.state.DocPadDirty = 1;
+        keptBehind_ = true;
+    });
 }
 
 void DocPad::New() {
@@ -103,31 +133,62 @@ void DocPad::LoadAtStart() {
 }
 
 void DocPad::offerRecovery() {
-    const auto kept = parts_.recovery.abandoned(parts_.text.bytes());
-    if (!kept)
-        return;
-    if (!parts_.messages.ask("DocPad",
-                             "Velmora ended without saving DocPad's text. Do you want it back?")) {
-        ignoringErrors([&] { parts_.recovery.forget(*kept); });
-        return;
+    for (const RecoveryFile::Kept& kept : parts_.recovery.abandoned(parts_.text.bytes())) {
+        if (parts_.messages.ask("DocPad", recoveryQuestion(kept))) {
+            takeBack(kept);
+            return;
+        }
+        ignoringErrors([&] { parts_.recovery.forget(kept); });
     }
-    parts_.text.setBytes(kept->text);
-    if (!kept->documentName.empty())
-        parts_.dialog.setFileName(kept->documentName);
-    // The old copy goes only when the new one is there.
-    ignoringErrors([&] {
-        parts_.recovery.keep(kept->text, kept->documentName);
-        parts_.recovery.forget(*kept);
-    });
+}
+
+void DocPad::takeBack(const RecoveryFile::Kept& kept) {
+    parts_.text.reload(kept.text);
+    if (!kept.documentName.empty())
+        parts_.dialog.setFileName(kept.documentName);
+    tellingOfRecovery([&] { parts_.recovery.take(kept); });
 }
 
 void DocPad::keepForRecovery() {
-    ignoringErrors([&] {
-        if (parts_.text.empty())
-            parts_.recovery.discard();
-        else
+    tellingOfRecovery([&] {
+        if (worthKeeping())
             parts_.recovery.keep(parts_.text.bytes(), parts_.dialog.fileName());
+        else
+            parts_.recovery.discard();
+        keptBehind_ = false;
     });
+}
+
+bool DocPad::keepInBackground() {
+    if (parts_.recovery.busy())
+        return true;
+    bool again = false;
+    tellingOfRecovery([&] {
+        parts_.recovery.settle();
+        if (!keptBehind_)
+            return;
+        if (worthKeeping()) {
+            parts_.recovery.keepInBackground(parts_.text.bytes(), parts_.dialog.fileName());
+            again = true;
+        } else {
+            parts_.recovery.discard();
+        }
+        keptBehind_ = false;
+    });
+    return again;
+}
+
+// A text that is saved, or that is none, is not lost when the session is cut short.
+bool DocPad::worthKeeping() const {
+    return changed() && !parts_.text.empty();
+}
+
+void DocPad::tellingOfRecovery(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const Failure&) {
+        parts_.status.show(kNotKept);
+    }
 }
 
 bool DocPad::mayClose() {

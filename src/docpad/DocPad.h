@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "core/SettingsStore.h"
@@ -69,12 +70,17 @@ class DocPad {
     // Reads the document of the last session again if the user wants that.
     void LoadAtStart();
 
-    // After LoadAtStart(): offers the text of a session that did not end well.
+    // After LoadAtStart(): offers the texts of sessions that did not end well, the newest first,
+    // until one is taken. Those that were not asked about are offered at the next start.
     void offerRecovery();
 
-    // Keeps the text for the next start in case this session does not end well. To be called
-    // within seconds of each change. Failures are passed over.
+    // Keeps the text for the next start, where this session is about to end without a question.
+    // It is on the disk when this returns. A failure is shown on the status line.
     void keepForRecovery();
+
+    // The same while the user types on: to be called within seconds of each change, and again
+    // soon as long as it returns true. Costs a copy of the text.
+    [[nodiscard]] bool keepInBackground();
 
     // The question before the program ends. False when the text should have been saved and could
     // not: the program must go on. Otherwise DocPad is left without changes, title and name.
@@ -91,13 +97,17 @@ class DocPad {
     [[nodiscard]] bool changed() const { return parts_.state.DocPadDirty == 1; }
 
   private:
+    void takeBack(const RecoveryFile::Kept& kept);
+    [[nodiscard]] bool worthKeeping() const;
+    void tellingOfRecovery(const std::function<void()>& work);
     [[nodiscard]] bool print();
     [[nodiscard]] bool mayReplaceText();
     void keepOldContent(const std::string& path);
     void write(const std::string& path, bool keepOld);
 
     Parts parts_;
-    bool printing_ = false;  // events run meanwhile, and New would drop the text unprinted
+    bool printing_ = false;    // events run meanwhile, and New would drop the text unprinted
+    bool keptBehind_ = false;  // what is kept for recovery is not the present text
 };
 
 }  // namespace velmora

@@ -1,5 +1,8 @@
 #include "docpad/RecoveryFile.h"
 
+#include <algorithm>
+#include <charconv>
+#include <chrono>
 #include <limits>
 
 #include "platform/Failure.h"
@@ -8,7 +11,9 @@ namespace velmora {
 namespace {
 
 constexpr int kSlots = 9;
-constexpr std::string_view kHead = "Velmora DocPad recovery 1\n";
+constexpr std::string_view kHead = "Velmora DocPad recovery 2\n";
+// Without the line of the moment.
+constexpr std::string_view kEarlierHead = "Velmora DocPad recovery 1\n";
 
 // Cuts the first line off `rest` and returns it without its LF; nothing when there is no LF.
 std::optional<std::string> takeLine(std::string_view& rest) {
@@ -20,36 +25,102 @@ std::optional<std::string> takeLine(std::string_view& rest) {
     return line;
 }
 
+std::optional<long long> momentOf(const std::string& line) {
+    long long seconds = 0;
+    const char* end = line.data() + line.size();
+    const auto [stop, error] = std::from_chars(line.data(), end, seconds);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    return seconds;
+}
+
+// What a recovery file holds, but for its path; nothing when the bytes are none of ours.
+std::optional<RecoveryFile::Kept> parse(std::string_view bytes) {
+    const bool earlier = bytes.starts_with(kEarlierHead);
+    if (!earlier && !bytes.starts_with(kHead))
+        return std::nullopt;
+    bytes.remove_prefix(kHead.size());
+    const auto mark = takeLine(bytes);
+    std::optional<long long> moment = 0;
+    if (mark && !earlier) {
+        const auto line = takeLine(bytes);
+        moment = line ? momentOf(*line) : std::nullopt;
+    }
+    const auto name = mark && moment ? takeLine(bytes) : std::nullopt;
+    if (!name)
+        return std::nullopt;
+    return RecoveryFile::Kept{std::string(bytes), *name, {}, *mark, *moment};
+}
+
 }  // namespace
 
 void RecoveryFile::keep(const std::string& text, const std::string& documentName) {
+    ignoringErrors([&] { settle(); });
     const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
-    std::string bytes(kHead);
-    bytes += programs_.ownMark() + "\n" + documentName + "\n" + text;
-    files_.writeWhole(path, bytes);
+    files_.writeWhole(path, contents(text, documentName));
     ownPath_ = path;
 }
 
+void RecoveryFile::keepInBackground(std::string text, const std::string& documentName) {
+    settle();
+    if (ownPath_.empty())
+        ownPath_ = freeSlot();
+    writing_ = std::async(std::launch::async,
+                          [&files = files_, path = ownPath_, bytes = contents(text, documentName)] {
+                              files.writeWhole(path, bytes);
+                          });
+}
+
+bool RecoveryFile::busy() const {
+    return writing_.valid() &&
+           writing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+void RecoveryFile::settle() {
+    if (writing_.valid())
+        writing_.get();
+}
+
 void RecoveryFile::discard() {
+    ignoringErrors([&] { settle(); });
     if (ownPath_.empty())
         return;
-    files_.remove(ownPath_);
+    if (files_.exists(ownPath_))
+        files_.remove(ownPath_);
     ownPath_.clear();
 }
 
-std::optional<RecoveryFile::Kept> RecoveryFile::abandoned(const std::string& present) {
+std::vector<RecoveryFile::Kept> RecoveryFile::abandoned(const std::string& present) {
+    std::vector<Kept> found;
     for (int number = 1; number <= kSlots; ++number) {
         auto kept = readAbandoned(slot(number));
-        if (kept && kept->text == present)
+        if (kept && (kept->text.empty() || kept->text == present))
             ignoringErrors([&] { forget(*kept); });
         else if (kept)
-            return kept;
+            found.push_back(std::move(*kept));
     }
-    return std::nullopt;
+    std::stable_sort(found.begin(), found.end(),
+                     [](const Kept& a, const Kept& b) { return a.moment > b.moment; });
+    return found;
+}
+
+void RecoveryFile::take(const Kept& kept) {
+    ignoringErrors([&] { settle(); });
+    if (!stillAbandoned(kept)) {
+        keep(kept.text, kept.documentName);
+        return;
+    }
+    const std::string before = ownPath_;
+    files_.writeWhole(kept.path, contents(kept.text, kept.documentName));
+    ownPath_ = kept.path;
+    if (!before.empty() && before != kept.path)
+        ignoringErrors([&] { files_.remove(before); });
 }
 
 void RecoveryFile::forget(const Kept& kept) {
-    files_.remove(kept.path);
+    // Another copy may have taken it meanwhile.
+    if (stillAbandoned(kept))
+        files_.remove(kept.path);
 }
 
 std::string RecoveryFile::slot(int number) const {
@@ -63,22 +134,32 @@ std::string RecoveryFile::freeSlot() const {
     throw Failure("DocPad's text can not be kept for recovery: all places for it are taken.");
 }
 
+std::string RecoveryFile::contents(const std::string& text, const std::string& documentName) const {
+    std::string bytes(kHead);
+    bytes += programs_.ownMark() + "\n" + std::to_string(clock_.now().time_since_epoch().count()) +
+             "\n" + documentName + "\n";
+    bytes += text;
+    return bytes;
+}
+
 std::optional<RecoveryFile::Kept> RecoveryFile::readAbandoned(const std::string& path) const {
     std::optional<Kept> result;
     ignoringErrors([&] {
         if (!files_.exists(path))
             return;
         const auto bytes = files_.readWhole(path, std::numeric_limits<std::int64_t>::max());
-        if (!bytes || !bytes->starts_with(kHead))
+        auto kept = bytes ? parse(*bytes) : std::nullopt;
+        if (!kept || programs_.runs(kept->mark))
             return;
-        std::string_view rest = *bytes;
-        rest.remove_prefix(kHead.size());
-        const auto mark = takeLine(rest);
-        const auto name = mark ? takeLine(rest) : std::nullopt;
-        if (name && !programs_.runs(*mark))
-            result = Kept{std::string(rest), *name, path};
+        kept->path = path;
+        result = std::move(kept);
     });
     return result;
+}
+
+bool RecoveryFile::stillAbandoned(const Kept& kept) const {
+    const auto now = readAbandoned(kept.path);
+    return now && now->mark == kept.mark && now->text == kept.text;
 }
 
 }  // namespace velmora

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <future>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/RunningPrograms.h"
 
@@ -18,21 +21,40 @@ class RecoveryFile {
         std::string text;
         std::string documentName;  // full path of the document, or nothing
         std::string path;          // of the recovery file
+        std::string mark;          // of the run that left it
+        long long moment = 0;      // when it was kept, in seconds
     };
 
     // `folder` is one of this user on this machine, without a separator at its end.
-    RecoveryFile(std::string folder, Files& files, const RunningPrograms& programs)
-        : folder_(std::move(folder)), files_(files), programs_(programs) {}
+    RecoveryFile(std::string folder, Files& files, const RunningPrograms& programs,
+                 const Clock& clock)
+        : folder_(std::move(folder)), files_(files), programs_(programs), clock_(clock) {}
+    ~RecoveryFile() = default;
+    RecoveryFile(const RecoveryFile&) = delete;
+    RecoveryFile& operator=(const RecoveryFile&) = delete;
 
     // Replaces what this copy has kept so far. Throws Failure; what was kept before then stands.
     void keep(const std::string& text, const std::string& documentName);
 
+    // The same on a thread of its own, as a disk may take its time; not while busy(). Whether it
+    // worked, settle() tells.
+    void keepInBackground(std::string text, const std::string& documentName);
+    [[nodiscard]] bool busy() const;
+
+    // Waits for what keepInBackground() began. Throws its Failure, once.
+    void settle();
+
     // Removes what this copy has kept, if anything. Throws Failure.
     void discard();
 
-    // The first text that was left behind. One that equals `present` is removed and passed over:
-    // it is not lost. Files that are damaged or can not be read are passed over. Never fails.
-    [[nodiscard]] std::optional<Kept> abandoned(const std::string& present);
+    // The texts that were left behind, the newest first. One that is empty or equals `present` is
+    // removed and passed over: it is not lost. Files that are damaged or can not be read are
+    // passed over. Never fails.
+    [[nodiscard]] std::vector<Kept> abandoned(const std::string& present);
+
+    // Makes a text that was left behind that of this copy, in its place of the nine. Throws
+    // Failure; the text is then still where it was.
+    void take(const Kept& kept);
 
     // Removes a text that was left behind. Throws Failure.
     void forget(const Kept& kept);
@@ -40,12 +62,17 @@ class RecoveryFile {
   private:
     [[nodiscard]] std::string slot(int number) const;
     [[nodiscard]] std::string freeSlot() const;
+    [[nodiscard]] std::string contents(const std::string& text,
+                                       const std::string& documentName) const;
     [[nodiscard]] std::optional<Kept> readAbandoned(const std::string& path) const;
+    [[nodiscard]] bool stillAbandoned(const Kept& kept) const;
 
     std::string folder_;
     Files& files_;
     const RunningPrograms& programs_;
+    const Clock& clock_;
     std::string ownPath_;  // nothing while nothing is kept
+    std::future<void> writing_;
 };
 
 }  // namespace velmora

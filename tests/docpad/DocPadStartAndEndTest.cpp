@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <thread>
+
 #include "docpad/DocPadWorld.h"
 
 namespace velmora {
@@ -11,7 +14,9 @@ using ::testing::IsEmpty;
 
 constexpr const char* kSaveAsked = "ask|Save|Save your DocPad changes?";
 constexpr const char* kBackAsked =
-    "ask|DocPad|Velmora ended without saving DocPad's text. Do you want it back?";
+    "ask|DocPad|Velmora ended without saving DocPad's text. Do you want it back?\n\nIt begins: ";
+constexpr const char* kNotKept =
+    "DocPad's text is only in memory: it could not be kept for the case that Velmora is cut short.";
 
 class DocPadStart : public ::testing::Test, protected test::DocPadWorld {
   protected:
@@ -143,8 +148,9 @@ class DocPadRecovery : public ::testing::Test, protected test::DocPadWorld {
     // Leaves a text behind as a session that was cut short does.
     void leaveBehind(const std::string& bytes, const std::string& name = "") {
         programs.own = "an earlier run";
-        RecoveryFile earlier(folder.path(), files, programs);
+        RecoveryFile earlier(folder.path(), files, programs, clock);
         earlier.keep(bytes, name);
+        clock.advance(std::chrono::seconds(1));
         programs.own = "this run";
     }
     [[nodiscard]] bool kept(int number = 1) const {
@@ -156,12 +162,126 @@ TEST_F(DocPadRecovery, OffersTheTextOfASessionThatWasCutShort) {
     leaveBehind(std::string("a\r\n\0\xFF", 5), "/docs/letter.txt");
     messages.willAnswer(true);
     pad.offerRecovery();
-    EXPECT_THAT(messages.takeShown(), ElementsAre(kBackAsked));
+    EXPECT_THAT(messages.takeShown(),
+                ElementsAre(std::string(kBackAsked) + "a \xFF\nIts file: /docs/letter.txt"));
     EXPECT_EQ(text.text, std::string("a\r\n\0\xFF", 5));
     EXPECT_EQ(dialog.fileName(), "/docs/letter.txt");
     EXPECT_EQ(state.DocPadDirty, 1);
+    EXPECT_THAT(folder.read("docpad.recovery1"),
+                ::testing::StartsWith("Velmora DocPad recovery 2\nthis run\n"))
+        << "it stays kept until it is saved, now as this run's own";
+    EXPECT_FALSE(kept(2)) << "and takes no second place";
+}
+
+TEST_F(DocPadRecovery, NineTextsThatWereLeftBehindDoNotEndAllKeeping) {
+    for (int number = 1; number <= 9; ++number)
+        leaveBehind("text " + std::to_string(number));
+    messages.willAnswer(true);
+    pad.offerRecovery();
+    EXPECT_EQ(text.text, "text 9");
+    type(" and more");
+    pad.keepForRecovery();
+    EXPECT_THAT(folder.read("docpad.recovery9"), ::testing::EndsWith("\ntext 9 and more"));
+    EXPECT_EQ(status.text, "");
+}
+
+TEST_F(DocPadRecovery, AsksAboutOneTextAfterTheOtherTheNewestFirst) {
+    folder.write("docpad.recovery3", "Velmora DocPad recovery 1\nsome mark\n\nof an old version");
+    leaveBehind("first");
+    leaveBehind("second");
+    leaveBehind("third");
+    messages.willAnswer(false);
+    messages.willAnswer(true);
+    pad.offerRecovery();
+    EXPECT_THAT(messages.takeShown(),
+                ElementsAre(std::string(kBackAsked) + "third", std::string(kBackAsked) + "second"));
+    EXPECT_EQ(text.text, "second");
+    // The rest at the next start.
+    messages.willAnswer(false);
+    messages.willAnswer(false);
+    pad.offerRecovery();
+    EXPECT_THAT(messages.takeShown(), ElementsAre(std::string(kBackAsked) + "first",
+                                                  std::string(kBackAsked) + "of an old version"));
     EXPECT_FALSE(kept(1));
-    EXPECT_TRUE(kept(2)) << "it stays kept under this run's own mark until it is saved";
+    EXPECT_TRUE(kept(2)) << "the one that was taken";
+    EXPECT_FALSE(kept(3));
+    EXPECT_FALSE(kept(4));
+}
+
+TEST_F(DocPadRecovery, NeverAsksAboutAnEmptyText) {
+    leaveBehind("");
+    text.setBytes("present");
+    pad.offerRecovery();
+    EXPECT_THAT(messages.takeShown(), IsEmpty());
+    EXPECT_FALSE(kept());
+}
+
+TEST_F(DocPadRecovery, ATextThatAnotherCopyTookWhileTheQuestionStoodStaysWithIt) {
+    leaveBehind("text");
+    for (const bool answer : {false, true}) {
+        messages.whileOpen([this] {
+            programs.own = "another run";
+            programs.running.emplace_back("another run");
+            RecoveryFile another(folder.path(), files, programs, clock);
+            for (const auto& kept : another.abandoned(""))
+                another.take(kept);
+            programs.own = "this run";
+        });
+        messages.willAnswer(answer);
+        pad.offerRecovery();
+        EXPECT_THAT(folder.read("docpad.recovery1"), ::testing::HasSubstr("\nanother run\n"));
+        programs.running = {"this run"};
+    }
+    EXPECT_EQ(text.text, "text");
+    EXPECT_THAT(folder.read("docpad.recovery2"), ::testing::EndsWith("\ntext"))
+        << "who took it too has a place of its own";
+}
+
+TEST_F(DocPadRecovery, ASavedTextIsNotKept) {
+    type("text");
+    willChoose("a.txt");
+    EXPECT_TRUE(pad.Save());
+    pad.keepForRecovery();
+    EXPECT_FALSE(kept());
+    EXPECT_FALSE(pad.keepInBackground());
+    EXPECT_FALSE(kept());
+}
+
+TEST_F(DocPadRecovery, KeepsTheTextInTheBackgroundAndTellsWhenItIsThere) {
+    type("text");
+    EXPECT_TRUE(pad.keepInBackground());
+    while (pad.keepInBackground())
+        std::this_thread::yield();
+    EXPECT_THAT(folder.read("docpad.recovery1"), ::testing::EndsWith("\ntext"));
+    EXPECT_FALSE(pad.keepInBackground()) << "nothing has changed since";
+    type(" and more");
+    EXPECT_TRUE(pad.keepInBackground());
+    messages.willAnswer(false);
+    EXPECT_TRUE(pad.mayClose());
+    EXPECT_FALSE(kept()) << "a write under way is waited for";
+}
+
+TEST_F(DocPadRecovery, ATextThatCanNotBeKeptIsTold) {
+    for (int number = 1; number <= 9; ++number)
+        folder.write("docpad.recovery" + std::to_string(number), "something else");
+    type("text");
+    pad.keepForRecovery();
+    EXPECT_EQ(status.text, kNotKept);
+    status.text.clear();
+    EXPECT_FALSE(pad.keepInBackground());
+    EXPECT_EQ(status.text, kNotKept);
+}
+
+TEST_F(DocPadRecovery, ATextThatCanNotBeWrittenInTheBackgroundIsTold) {
+    type("text");
+    pad.keepForRecovery();
+    std::filesystem::remove(folder.file("docpad.recovery1"));
+    std::filesystem::create_directory(folder.file("docpad.recovery1"));
+    type(" and more");
+    EXPECT_TRUE(pad.keepInBackground());
+    while (pad.keepInBackground())
+        std::this_thread::yield();
+    EXPECT_EQ(status.text, kNotKept);
 }
 
 TEST_F(DocPadRecovery, NoForgetsTheText) {
@@ -194,6 +314,7 @@ TEST_F(DocPadRecovery, OffersNothingThatStandsInThePadAlready) {
 TEST_F(DocPadRecovery, PassesOverFilesThatAreNoRecovery) {
     folder.write("docpad.recovery1", "something else");
     folder.write("docpad.recovery2", "Velmora DocPad recovery 1\nmark without an end");
+    folder.write("docpad.recovery3", "Velmora DocPad recovery 2\nmark\nnoon\nname\ntext");
     pad.offerRecovery();
     EXPECT_THAT(messages.takeShown(), IsEmpty());
     EXPECT_TRUE(kept(1));
@@ -202,11 +323,12 @@ TEST_F(DocPadRecovery, PassesOverFilesThatAreNoRecovery) {
 TEST_F(DocPadRecovery, KeepsTheTextUntilItIsSaved) {
     type("text");
     pad.keepForRecovery();
-    EXPECT_EQ(folder.read("docpad.recovery1"), "Velmora DocPad recovery 1\nthis run\n\ntext");
+    const std::string head = "Velmora DocPad recovery 2\nthis run\n" +
+                             std::to_string(clock.now().time_since_epoch().count()) + "\n\n";
+    EXPECT_EQ(folder.read("docpad.recovery1"), head + "text");
     type(" and more");
     pad.keepForRecovery();
-    EXPECT_EQ(folder.read("docpad.recovery1"),
-              "Velmora DocPad recovery 1\nthis run\n\ntext and more");
+    EXPECT_EQ(folder.read("docpad.recovery1"), head + "text and more");
     willChoose("a.txt");
     EXPECT_TRUE(pad.Save());
     EXPECT_FALSE(kept());

@@ -11,6 +11,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/PosixFiles.h"
+#include "support/FakeClock.h"
 #include "support/FakeMessages.h"
 #include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
@@ -44,7 +45,8 @@ struct DocPadWorld {
     FakePadPrinter printer{text};
     DialogState dialog{messages};
     FakeRunningPrograms programs;
-    RecoveryFile recovery{folder.path(), files, programs};
+    FakeClock clock;
+    RecoveryFile recovery{folder.path(), files, programs, clock};
     DocPad pad{{text, view, dialog, state, messages, files, settings, status, printer, recovery}};
 };
 

@@ -137,7 +137,10 @@ TEST_F(Focus, CopyOfNothingEmptiesTheClipboard) {
 
 TEST(RecoveryTimer, RunsOnceAfterThePause) {
     int runs = 0;
-    RecoveryTimer timer([&runs] { ++runs; });
+    RecoveryTimer timer([&runs] {
+        ++runs;
+        return false;
+    });
     timer.setTimes(1, 1000000);
     timer.changed();
     timer.changed();
@@ -148,7 +151,10 @@ TEST(RecoveryTimer, RunsOnceAfterThePause) {
 
 TEST(RecoveryTimer, RunsDuringTypingWithoutAPauseToo) {
     int runs = 0;
-    RecoveryTimer timer([&runs] { ++runs; });
+    RecoveryTimer timer([&runs] {
+        ++runs;
+        return false;
+    });
     timer.setTimes(1000000, 1);
     timer.changed();
     EXPECT_TRUE(QTest::qWaitFor([&] {
@@ -158,7 +164,10 @@ TEST(RecoveryTimer, RunsDuringTypingWithoutAPauseToo) {
 }
 
 TEST(RecoveryTimer, AStoppedOneWaitsForNothing) {
-    RecoveryTimer timer([] { ADD_FAILURE(); });
+    RecoveryTimer timer([] {
+        ADD_FAILURE();
+        return false;
+    });
     timer.changed();
     timer.stop();
     EXPECT_FALSE(timer.waiting());

@@ -5,12 +5,12 @@
 namespace velmora {
 namespace {
 
-constexpr int kPause = 1000;
-constexpr int kLongest = 5000;
+constexpr int kPause = 700;
+constexpr int kLongest = 1500;
 
 }  // namespace
 
-RecoveryTimer::RecoveryTimer(std::function<void()> work, QObject* parent)
+RecoveryTimer::RecoveryTimer(std::function<bool()> work, QObject* parent)
     : QObject(parent), work_(std::move(work)) {
     pause_.setSingleShot(true);
     latest_.setSingleShot(true);
@@ -37,7 +37,8 @@ void RecoveryTimer::stop() {
 
 void RecoveryTimer::run() {
     stop();
-    work_();
+    if (work_())
+        changed();
 }
 
 }  // namespace velmora

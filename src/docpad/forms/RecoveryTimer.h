@@ -7,12 +7,13 @@
 namespace velmora {
 
 // Calls for work some time after changes: a moment after the last of them, and during typing
-// without a pause still every few seconds. Noting a change costs the same however long the text.
+// without a pause still often enough that less than two seconds of it wait. Work that returns true
+// is called for again. Noting a change costs the same however long the text.
 class RecoveryTimer final : public QObject {
     Q_OBJECT
 
   public:
-    explicit RecoveryTimer(std::function<void()> work, QObject* parent = nullptr);
+    explicit RecoveryTimer(std::function<bool()> work, QObject* parent = nullptr);
 
     // There was a change.
     void changed();
@@ -28,7 +29,7 @@ class RecoveryTimer final : public QObject {
   private:
     void run();
 
-    std::function<void()> work_;
+    std::function<bool()> work_;
     QTimer pause_;   // since the last change
     QTimer latest_;  // since the first one
 };
