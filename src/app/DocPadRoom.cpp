@@ -22,16 +22,13 @@ void CalendarDocPadView::announce(const std::string& text) {
     calendar_.docPad().title()->repaint();
 }
 
-void RailCancelIcon::showCancelIcon(bool shown) {
-    calendar_.rail().showCancelIcon(shown);
-}
-
 bool DroppedLine::available() const {
     const EntryList* list = calendar_.leftColumn().list();
     return list->isVisible() && list->hasSelection();
 }
 
-DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries)
+DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries,
+                       PrintJobs& printing)
     : calendar_(calendar),
       text_(calendar.text()),
       view_(calendar),
@@ -39,10 +36,8 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       recovery_(world.codePage.fromUtf8(configurationFolder()), world.files, runningPrograms_,
                 world.clock),
       textFont_(calendar.text(), world.codePage),
-      cancelIcon_(calendar),
-      printer_({world.printer, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
-                world.codePage, world.loop, calendar.status(), world.messages, cancelIcon_,
-                world.jobs}),
+      printer_({printing, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
+                world.codePage}),
       docPad_({text_, view_, dialog_, state, world.messages, world.files, world.settings,
                calendar.status(), printer_, recovery_}),
       recoveryTimer_([this] { return docPad_.keepInBackground(); }),
@@ -69,8 +64,6 @@ void DocPadRoom::connect() {
     const auto tellReplaced = [this] { calendar_.status().show(kCharacterReplaced); };
     QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
     QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
-    QObject::connect(&calendar_.rail(), &Rail::cancelChosen, &calendar_,
-                     [this] { printer_.cancel(); });
     new DocumentDrag(*calendar_.docPad().titleIcon());
     TrashCan* can = calendar_.rail().trash();
     // Queued: the drag has to be over before a box opens.

@@ -41,17 +41,6 @@ class CalendarDocPadView final : public DocPadView {
     Calendar& calendar_;
 };
 
-// The icon that cancels a print job, on the rail.
-class RailCancelIcon final : public CancelIcon {
-  public:
-    explicit RailCancelIcon(Calendar& calendar) : calendar_(calendar) {}
-
-    void showCancelIcon(bool shown) override;
-
-  private:
-    Calendar& calendar_;
-};
-
 // The selected line of the entry list, dropped on the trash.
 class DroppedLine final : public DroppedEntry {
   public:
@@ -70,7 +59,8 @@ class DroppedLine final : public DroppedEntry {
 class DocPadRoom {
   public:
     // All must outlive the room.
-    DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries);
+    DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries,
+               PrintJobs& printing);
 
     void bindCommands(CommandSet& commands);
 
@@ -89,7 +79,6 @@ class DocPadRoom {
     PosixRunningPrograms runningPrograms_;
     RecoveryFile recovery_;
     PadEditFont textFont_;
-    RailCancelIcon cancelIcon_;
     PadPrint printer_;
     DocPad docPad_;
     RecoveryTimer recoveryTimer_;

@@ -57,11 +57,11 @@ Form8& EventsRoom::eventsForm() {
                      [this] { parts_.runCommand("monthlytasks"); });
     QObject::connect(form, &Form8::weeklyWanted, &calendar_,
                      [this] { parts_.runCommand("reptmnu"); });
-    QObject::connect(form, &Form8::printWanted, &calendar_,
-                     [this](const std::vector<std::string>& lines) {
-                         if (!world_.jobs.refuses(calendar_.status()))
-                             events_.Print(world_.printer, lines);
-                     });
+    // Queued: events run while it prints, and the form may be closed and gone by then.
+    QObject::connect(
+        form, &Form8::printWanted, &calendar_,
+        [this](const std::vector<std::string>& lines) { events_.Print(parts_.printing, lines); },
+        Qt::QueuedConnection);
     return *form;
 }
 

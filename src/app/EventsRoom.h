@@ -6,6 +6,7 @@
 
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PrintJobs.h"
 #include "core/forms/Calendar.h"
 #include "planner/Datewarden.h"
 #include "planner/EventsForToday.h"
@@ -16,6 +17,7 @@ namespace velmora {
 
 // What the windows of the occasions need of the rest of the program.
 struct EventsRoomParts {
+    PrintJobs& printing;
     std::function<void()> ring;                                // plays the alarm sound
     std::function<void(std::string_view command)> runCommand;  // nothing for an unknown one
 };

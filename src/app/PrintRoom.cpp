@@ -10,15 +10,16 @@
 
 namespace velmora {
 
-PrintRoom::PrintRoom(World& world, Calendar& calendar)
+PrintRoom::PrintRoom(World& world, Calendar& calendar, PrintJobs& printing)
     : world_(world),
       calendar_(calendar),
+      printing_(printing),
       question_(world.codePage),
       setup_(world.printer, question_, world.messages) {}
 
 void PrintRoom::bindCommands(CommandSet& commands) {
     commands.bind("prints", [this] {
-        if (!world_.jobs.refuses(calendar_.status()))
+        if (!printing_.refuses())
             setup_.change();
     });
     commands.bind("prntcal", [this] { printDay(); });
@@ -27,18 +28,18 @@ void PrintRoom::bindCommands(CommandSet& commands) {
 }
 
 void PrintRoom::printDay() {
-    if (world_.jobs.refuses(calendar_.status()))
+    if (printing_.refuses())
         return;
     calendar_.day().commitEditor();
     const QFont font = calendar_.fontOf(FontTarget::DayView);
     PrintEventsOfDay(
-        world_.printer,
+        printing_,
         {.tasks = calendar_.day().Tasks(),
          .fontName = fromQt(font.family(), world_.codePage),
          .fontSize = static_cast<float>(font.pointSizeF()),
          .colour = calendar_.colourOf(FontTarget::DayView),
          .longDate = fromQt(calendar_.plannerPage().dateLine()->text(), world_.codePage)},
-        world_.messages, world_.codePage);
+        world_.codePage);
 }
 
 void PrintRoom::printWhatIsOnShow() {

@@ -2,6 +2,7 @@
 
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PrintJobs.h"
 #include "core/PrinterSetup.h"
 #include "core/forms/Calendar.h"
 #include "core/forms/PrinterDialog.h"
@@ -9,11 +10,11 @@
 namespace velmora {
 
 // Connects the printer with the commands of the main window that print, and with the one that
-// chooses it. Other rooms print on World::printer.
+// chooses it.
 class PrintRoom {
   public:
-    // Both must outlive the room.
-    PrintRoom(World& world, Calendar& calendar);
+    // All must outlive the room.
+    PrintRoom(World& world, Calendar& calendar, PrintJobs& printing);
 
     void bindCommands(CommandSet& commands);
 
@@ -23,6 +24,7 @@ class PrintRoom {
 
     World& world_;
     Calendar& calendar_;
+    PrintJobs& printing_;
     QtPrinterQuestion question_;
     PrinterSetup setup_;
 };

@@ -7,6 +7,7 @@
 #include "app/EntryForms.h"
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
+#include "app/JobRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
 #include "app/SearchRoom.h"
@@ -75,6 +76,7 @@ class Program {
     EntryForms entryForms_;
     EntryCommands entries_;
 
+    JobRoom jobs_;
     DocPadRoom docPad_;
     PlannerRoom planner_;
     AlarmRoom alarms_;

@@ -9,7 +9,7 @@
 namespace velmora {
 
 SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
-                       const PhonebookStore& store, LetterView& letters,
+                       const PhonebookStore& store, LetterView& letters, PrintJobs& printing,
                        std::function<void()> flipCheck1,
                        std::function<void(const std::string& topic)> openHelp)
     : world_(world),
@@ -20,8 +20,7 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
       flipCheck1_(std::move(flipCheck1)),
       openHelp_(std::move(openHelp)),
       pane_(calendar),
-      hitListPrint_(world.printer, world.jobs, calendar.status(), world.messages, world.clock,
-                    world.locale) {
+      hitListPrint_(printing, world.settings, world.clock, world.locale) {
     QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked, &calendar,
                      [this] { associatesForm().findOthers(); });
 }

@@ -7,6 +7,7 @@
 #include "app/CalendarPhonebookPane.h"
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PrintJobs.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
 #include "phonebook/HitListPrint.h"
@@ -24,7 +25,7 @@ class SearchRoom {
     // All must outlive the room. `flipCheck1` flips the main window's hidden check box; `openHelp`
     // shows the help page of a topic.
     SearchRoom(World& world, SharedState& state, Calendar& calendar, const PhonebookStore& store,
-               LetterView& letters, std::function<void()> flipCheck1,
+               LetterView& letters, PrintJobs& printing, std::function<void()> flipCheck1,
                std::function<void(const std::string& topic)> openHelp);
 
     void bindCommands(CommandSet& commands);

@@ -4,9 +4,10 @@
 
 namespace velmora {
 
-TaskRoom::TaskRoom(World& world, Calendar& calendar)
+TaskRoom::TaskRoom(World& world, Calendar& calendar, PrintJobs& printing)
     : world_(world),
       calendar_(calendar),
+      printing_(printing),
       toDo_(world.settings, world.messages, world.clock, world.locale),
       weekly_(world.settings, world.clock),
       monthly_(world.settings, world.clock) {}
@@ -29,8 +30,7 @@ void TaskRoom::presentToDo() {
     if (!toDoForm_) {
         Form3& form = make(toDoForm_, toDo_);
         QObject::connect(&form, &Form3::printWanted, &form, [this](const std::string& fontName) {
-            if (!world_.jobs.refuses(calendar_.status()))
-                toDo_.PrintTasks(world_.printer, fontName);
+            toDo_.PrintTasks(printing_, fontName);
         });
         QObject::connect(&form, &Form3::monthlyWanted, &form, [this] { presentMonthly(); });
         QObject::connect(&form, &Form3::weeklyWanted, &form, [this] { presentWeekly(); });

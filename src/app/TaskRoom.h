@@ -6,6 +6,7 @@
 
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PrintJobs.h"
 #include "core/forms/Calendar.h"
 #include "planner/MonthlyTasks.h"
 #include "planner/ToDoList.h"
@@ -20,8 +21,8 @@ namespace velmora {
 // they are first asked for.
 class TaskRoom {
   public:
-    // Both must outlive the room.
-    TaskRoom(World& world, Calendar& calendar);
+    // All must outlive the room.
+    TaskRoom(World& world, Calendar& calendar, PrintJobs& printing);
 
     void bindCommands(CommandSet& commands);
 
@@ -36,6 +37,7 @@ class TaskRoom {
 
     World& world_;
     Calendar& calendar_;
+    PrintJobs& printing_;
     ToDoList toDo_;
     WeeklyTasks weekly_;
     MonthlyTasks monthly_;

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/DataLocations.h"
-#include "core/JobRunning.h"
 #include "core/SettingsStore.h"
 #include "platform/CaseTwins.h"
 #include "platform/CodePage.h"
@@ -38,8 +37,7 @@ struct World {
     QtMessages messages{codePage};
     QtPrintMetrics printMetrics{codePage};
     QtPrinters printers{messages, files, codePage};
-    PrintRecorder printer{printMetrics, printers};  // the one surface that all print on
-    JobRunning jobs;                                // asked by all that print
+    PrintRecorder printer{printMetrics, printers};  // jobs on it run through JobRoom
 };
 
 }  // namespace velmora

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "core/JobRunning.h"
+#include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
 #include "docpad/ControlFont.h"
 #include "docpad/DialogState.h"
@@ -11,20 +11,9 @@
 #include "docpad/PadText.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
-#include "platform/EventLoop.h"
 #include "platform/Format.h"
-#include "platform/Messages.h"
-#include "platform/PrintSurface.h"
-#include "platform/StatusLine.h"
 
 namespace velmora {
-
-// The icon `Image8`, which is in view while a job can be cancelled.
-class CancelIcon {
-  public:
-    virtual ~CancelIcon() = default;
-    virtual void showCancelIcon(bool shown) = 0;
-};
 
 // Prints DocPad's text on portrait sheets, in its font but in black. The number of pages is
 // estimated from the height of the text, 9 inches to a page, and holds: a page ends wherever its
@@ -37,7 +26,7 @@ class PadPrint final : public PadPrinter {
   public:
     // All must outlive it.
     struct Parts {
-        PrintSurface& printer;
+        PrintJobs& printing;
         const PadText& text;
         const FontHolder& font;
         const DialogState& dialog;
@@ -45,36 +34,27 @@ class PadPrint final : public PadPrinter {
         const Clock& clock;
         const LocaleFormats& locale;
         const CodePage& codePage;
-        EventLoop& loop;
-        StatusLine& status;
-        Messages& messages;
-        CancelIcon& icon;
-        JobRunning& jobs;
     };
 
     explicit PadPrint(const Parts& parts) : parts_(parts) {}
 
     [[nodiscard]] bool PrintDocPad() override;
 
-    // The icon was clicked: the job under way is thrown away.
-    void cancel();
-
   private:
-    void printPages();
-    void printHead();
-    void beginPage();
-    [[nodiscard]] std::string nextPageText();
-    [[nodiscard]] std::string wrapped(const std::string& text) const;
-    [[nodiscard]] std::size_t lineCapacity() const;
+    void printPages(PrintRun& run);
+    void printHead(PrintRun& run) const;
+    void beginPage(PrintRun& run) const;
+    [[nodiscard]] std::string nextPageText(PrintRun& run) const;
+    [[nodiscard]] static std::string wrapped(PrintSurface& printer, const std::string& text);
+    [[nodiscard]] static std::size_t lineCapacity(PrintSurface& printer);
 
     Parts parts_;
-    std::string text_;  // of the job in hand
+    // Of the job in hand:
+    std::string title_;  // of the document, in capitals
+    std::string text_;
     ControlFont font_;
     bool withHead_ = false;
     std::size_t position_ = 0;  // of the first byte that is not printed yet
-    int ReportPage = 1;
-    int ReportPages = 1;  // estimated
-    bool ReportCancel = false;
 };
 
 }  // namespace velmora

@@ -1,6 +1,8 @@
 #include "phonebook/HitListPrint.h"
 
-#include "platform/Failure.h"
+#include <vector>
+
+#include "core/PrintFace.h"
 
 namespace velmora {
 namespace {
@@ -10,23 +12,23 @@ constexpr float kHeadSize = 14;  // points
 }  // namespace
 
 void HitListPrint::print(std::span<const std::string> lines) {
-    if (jobs_.refuses(status_))
-        return;
-    const float size = printer_.FontSize();
-    printer_.SetScaleMode(kInches);
-    printer_.SetFontSize(kHeadSize);
-    printer_.Print("Velmora: Search Results          " +
-                   formatMoment(clock_.now(), NamedFormat::LongDate, locale_));
-    printer_.Print("");
-    printer_.Print("");
-    printer_.SetFontSize(size);
-    for (const std::string& line : lines)
-        printer_.Print(line);
-    try {
-        printer_.EndDoc();
-    } catch (const Failure& failure) {
-        messages_.standardError(failure.what());
-    }
+    const std::vector<std::string> hits(lines.begin(), lines.end());
+    const PrintTask task{.title = "Search Results", .fontName = listFace(settings_)};
+    printing_.run(task, [&](PrintRun& run) {
+        PrintSurface& printer = run.printer;
+        const float size = printer.FontSize();
+        printer.SetFontSize(kHeadSize);
+        printer.Print("Velmora: Search Results          " +
+                      formatMoment(clock_.now(), NamedFormat::LongDate, locale_));
+        printer.Print("");
+        printer.Print("");
+        printer.SetFontSize(size);
+        for (const std::string& line : hits) {
+            printer.Print(line);
+            if (!run.goOn())
+                return;
+        }
+    });
 }
 
 }  // namespace velmora

@@ -3,38 +3,28 @@
 #include <span>
 #include <string>
 
-#include "core/JobRunning.h"
+#include "core/PrintJobs.h"
+#include "core/SettingsStore.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
-#include "platform/Messages.h"
-#include "platform/PrintSurface.h"
-#include "platform/StatusLine.h"
 
 namespace velmora {
 
 // Prints the list of hits of a search: a head with today's date in a larger font, two empty lines,
-// and the lines as they stand.
+// and the lines as they stand, in the face of the entry list.
 class HitListPrint {
   public:
     // All must outlive it.
-    HitListPrint(PrintSurface& printer, const JobRunning& jobs, StatusLine& status,
-                 Messages& messages, const Clock& clock, const LocaleFormats& locale)
-        : printer_(printer),
-          jobs_(jobs),
-          status_(status),
-          messages_(messages),
-          clock_(clock),
-          locale_(locale) {}
+    HitListPrint(PrintJobs& printing, const SettingsStore& settings, const Clock& clock,
+                 const LocaleFormats& locale)
+        : printing_(printing), settings_(settings), clock_(clock), locale_(locale) {}
 
-    // A printer that does not take the job is told in the standard error box. While another job
-    // runs it only says so on the status line.
+    // Events run meanwhile; the lines may change then.
     void print(std::span<const std::string> lines);
 
   private:
-    PrintSurface& printer_;
-    const JobRunning& jobs_;
-    StatusLine& status_;
-    Messages& messages_;
+    PrintJobs& printing_;
+    const SettingsStore& settings_;
     const Clock& clock_;
     const LocaleFormats& locale_;
 };

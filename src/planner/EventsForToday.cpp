@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "core/PrintFace.h"
 #include "planner/ListShapes.h"
 #include "platform/Text.h"
 
@@ -93,16 +94,22 @@ std::vector<std::string> EventsForToday::Open() const {
     return orNone(std::move(lines));
 }
 
-void EventsForToday::Print(PrintSurface& printer, const std::vector<std::string>& lines) const {
-    printer.SetFontSize(kFontSize);
-    printer.SetFontBold(true);
-    printer.Print("Events and Occasions for " +
-                  formatMoment(clock_.now(), "mmmm dd, yyyy", formats_));
-    printer.SetScaleMode(kInches);
-    printer.SetCurrentY(printer.CurrentY() + kGapBelowHeading);
-    for (const std::string& line : lines)
-        printer.Print(line);
-    printer.EndDoc();
+void EventsForToday::Print(PrintJobs& printing, const std::vector<std::string>& lines) const {
+    const PrintTask task{
+        .title = "Events and Occasions", .fontName = listFace(settings_), .fontSize = kFontSize};
+    printing.run(task, [&](PrintRun& run) {
+        PrintSurface& printer = run.printer;
+        printer.SetFontBold(true);
+        printer.Print("Events and Occasions for " +
+                      formatMoment(clock_.now(), "mmmm dd, yyyy", formats_));
+        printer.SetScaleMode(kInches);
+        printer.SetCurrentY(printer.CurrentY() + kGapBelowHeading);
+        for (const std::string& line : lines) {
+            printer.Print(line);
+            if (!run.goOn())
+                return;
+        }
+    });
 }
 
 bool isEventOfToday(std::string_view line) {

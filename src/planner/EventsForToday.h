@@ -5,11 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
 #include "planner/Occasions.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
-#include "platform/PrintSurface.h"
 
 namespace velmora {
 
@@ -31,8 +31,8 @@ class EventsForToday {
     // As Lines(), for a form that opens: rings once if there is anything on the list.
     [[nodiscard]] std::vector<std::string> Open() const;
 
-    // Prints the lines under a heading with the present date. Throws Failure as the printer does.
-    void Print(PrintSurface& printer, const std::vector<std::string>& lines) const;
+    // Prints the lines under a heading with the present date.
+    void Print(PrintJobs& printing, const std::vector<std::string>& lines) const;
 
   private:
     [[nodiscard]] std::vector<std::string> events() const;

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "phonebook/Sorts.h"
-#include "platform/Failure.h"
 #include "platform/Text.h"
 
 namespace velmora {
@@ -39,25 +38,25 @@ void printRow(PrintSurface& printer, const std::string& row) {
 
 }  // namespace
 
-void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, Messages& messages,
-                      const CodePage& codePage) {
-    printer.SetFontName(day.fontName);
-    printer.SetForeColor(day.colour);
-    printer.SetFontSize(day.fontSize);
-    printer.SetScaleMode(kInches);
-    printer.SetFontBold(true);
-    printer.Print(std::string("Velmora: Events of the Day") + kLineEnd);
-    printer.SetFontSize(day.fontSize + kHeadLarger);
-    printer.Print(day.longDate + kLineEnd);
-    printer.SetFontSize(day.fontSize);
-    printer.SetFontBold(false);
-    for (const std::string& row : sortedRows(day.tasks, codePage))
-        printRow(printer, row);
-    try {
-        printer.EndDoc();
-    } catch (const Failure& failure) {
-        messages.standardError(failure.what());
-    }
+void PrintEventsOfDay(PrintJobs& printing, const DayOnShow& day, const CodePage& codePage) {
+    const std::vector<std::string> rows = sortedRows(day.tasks, codePage);
+    const PrintTask task{
+        .title = "Events of the Day", .fontName = day.fontName, .fontSize = day.fontSize};
+    printing.run(task, [&](PrintRun& run) {
+        PrintSurface& printer = run.printer;
+        printer.SetForeColor(day.colour);
+        printer.SetFontBold(true);
+        printer.Print(std::string("Velmora: Events of the Day") + kLineEnd);
+        printer.SetFontSize(day.fontSize + kHeadLarger);
+        printer.Print(day.longDate + kLineEnd);
+        printer.SetFontSize(day.fontSize);
+        printer.SetFontBold(false);
+        for (const std::string& row : rows) {
+            printRow(printer, row);
+            if (!run.goOn())
+                return;
+        }
+    });
 }
 
 }  // namespace velmora

@@ -2,9 +2,8 @@
 
 #include <string>
 
+#include "core/PrintJobs.h"
 #include "platform/CodePage.h"
-#include "platform/Messages.h"
-#include "platform/PrintSurface.h"
 #include "platform/controls/models/DayTasks.h"
 
 namespace velmora {
@@ -20,9 +19,8 @@ struct DayOnShow {
 
 // Prints the appointments of the day on show in the day view's font: a head with the date, then
 // each with its times in bold, its text below and an empty line. They come in the order of their
-// times as text, so "01:00 PM" before "09:00 AM". A printer that does not take the job is told in
-// the standard error box; nothing is thrown.
-void PrintEventsOfDay(PrintSurface& printer, const DayOnShow& day, Messages& messages,
-                      const CodePage& codePage);
+// times as text, so "01:00 PM" before "09:00 AM". Events run meanwhile; changes that they make to
+// the day are not for this job.
+void PrintEventsOfDay(PrintJobs& printing, const DayOnShow& day, const CodePage& codePage);
 
 }  // namespace velmora

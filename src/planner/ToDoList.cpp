@@ -6,6 +6,9 @@
 namespace velmora {
 namespace {
 
+constexpr float kHeadSize = 14;  // points
+constexpr float kLineSize = 11;
+
 NumberedList::Matches saying(const std::string& line) {
     return [&line](const NumberedEntry& entry) {
         return trimBlanks(entry.message) == trimBlanks(line);
@@ -52,18 +55,22 @@ void ToDoList::RemoveTask(const std::string& line) {
     fill(false);
 }
 
-void ToDoList::PrintTasks(PrintSurface& printer, const std::string& fontName) const {
-    printer.SetScaleMode(kInches);
-    printer.SetFontName(fontName);
-    printer.SetFontSize(14);
-    printer.Print("Task Manager - To Do       " +
-                  formatMoment(clock_.now(), NamedFormat::LongDate, locale_));
-    printer.Print("");
-    printer.Print("");
-    printer.SetFontSize(11);
-    for (const std::string& line : lines_)
-        printer.Print(line);
-    printer.EndDoc();
+void ToDoList::PrintTasks(PrintJobs& printing, const std::string& fontName) const {
+    const std::vector<std::string> lines = lines_;  // what is added meanwhile is not for this job
+    const PrintTask task{.title = "To-Do List", .fontName = fontName, .fontSize = kHeadSize};
+    printing.run(task, [&](PrintRun& run) {
+        PrintSurface& printer = run.printer;
+        printer.Print("Task Manager - To Do       " +
+                      formatMoment(clock_.now(), NamedFormat::LongDate, locale_));
+        printer.Print("");
+        printer.Print("");
+        printer.SetFontSize(kLineSize);
+        for (const std::string& line : lines) {
+            printer.Print(line);
+            if (!run.goOn())
+                return;
+        }
+    });
 }
 
 void ToDoList::fill(bool blankOnesToo) {

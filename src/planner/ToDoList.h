@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
 #include "planner/NumberedList.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
 #include "platform/Messages.h"
-#include "platform/PrintSurface.h"
 
 namespace velmora {
 
@@ -39,9 +39,8 @@ class ToDoList {
     // Removes the first line of this text and empties text(); nothing for a blank line.
     void RemoveTask(const std::string& line);
 
-    // Prints the lines on show under the date of today. `fontName` is code-page text. Throws
-    // Failure.
-    void PrintTasks(PrintSurface& printer, const std::string& fontName) const;
+    // Prints the lines on show under the date of today. `fontName` is code-page text.
+    void PrintTasks(PrintJobs& printing, const std::string& fontName) const;
 
   private:
     void fill(bool blankOnesToo);

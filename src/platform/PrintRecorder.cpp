@@ -168,6 +168,7 @@ bool PrintRecorder::EndDoc() {
         return true;
     while (!done->pages.empty() && done->pages.back().empty())
         done->pages.pop_back();
+    done->title = title_;
     return done->pages.empty() || output_.print(*done);
 }
 

@@ -49,6 +49,7 @@ class PrintRecorder : public PrintSurface {
     void Line(float x1, float y1, float x2, float y2, int colour) override;
     void NewPage() override;
     [[nodiscard]] int Page() const override;
+    void SetTitle(const std::string& title) override { title_ = title; }
     bool EndDoc() override;
     void KillDoc() override;
 
@@ -73,6 +74,7 @@ class PrintRecorder : public PrintSurface {
     PrintOutput& output_;
     PrintFont font_{.name = "Arial", .size = 10};
     int colour_ = 0;
+    std::string title_ = "Velmora";
     float x_ = 0;
     float y_ = 0;
     PageOrientation orientation_ = PageOrientation::Portrait;

@@ -67,6 +67,10 @@ class PrintSurface {
     // a page is full.
     [[nodiscard]] virtual int Page() const = 0;
 
+    // Names the jobs that end from now on, in the printer's queue and in the file. Code-page text
+    // without control characters.
+    virtual void SetTitle(const std::string& title) = 0;
+
     // Sends the job; prints nothing when there was no output. Empty pages at the end are left out.
     // False when the user called the job off, as "Print to PDF" lets them. Throws Failure when the
     // job can not be printed. It is gone in any case.

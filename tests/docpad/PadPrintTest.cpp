@@ -7,11 +7,8 @@
 
 #include "docpad/PadFakes.h"
 #include "support/FakeClock.h"
-#include "support/FakeEventLoop.h"
-#include "support/FakeMessages.h"
-#include "support/FakePrintSurface.h"
-#include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -25,11 +22,6 @@ struct FakeFont final : FontHolder {
     [[nodiscard]] ControlFont font() const override { return now; }
     void setFont(const ControlFont& font) override { now = font; }
     ControlFont now{"Courier New", kQuarterInch, 0x0000FF};
-};
-
-struct FakeCancelIcon final : CancelIcon {
-    void showCancelIcon(bool shown) override { log.push_back(shown); }
-    std::vector<bool> log;
 };
 
 class PadPrintTest : public testing::Test {
@@ -66,21 +58,20 @@ class PadPrintTest : public testing::Test {
         return result;
     }
 
-    test::FakePrintSurface printer;
+    test::PrintDesk desk;
+    test::FakePrintSurface& printer = desk.printer;
+    test::FakeEventLoop& loop = desk.loop;
+    test::FakeStatusLine& status = desk.status;
+    test::FakeMessages& messages = desk.messages;
     test::FakePadText text;
     FakeFont font;
-    test::FakeMessages messages;
     DialogState dialog{messages};
     test::MemorySettings medium;
     SettingsStore settings{medium};
     test::FakeClock clock;
     LocaleFormats locale;
-    test::FakeEventLoop loop;
-    test::FakeStatusLine status;
-    FakeCancelIcon icon;
-    JobRunning jobs;
-    PadPrint printing{{printer, text, font, dialog, settings, clock, locale, CodePage::western(),
-                       loop, status, messages, icon, jobs}};
+    PadPrint printing{
+        {desk.printing, text, font, dialog, settings, clock, locale, CodePage::western()}};
 };
 
 TEST_F(PadPrintTest, PrintsTheTextInItsFontInBlackFromHalfAnInchOn) {
@@ -168,8 +159,9 @@ TEST_F(PadPrintTest, PagesEndWhereTheirHeightIsReached) {
             std::vector<std::string> texts;
         } recorder;
         text.text = each.text;
-        PadPrint recording{{recorder, text, font, dialog, settings, clock, locale,
-                            CodePage::western(), loop, status, messages, icon, jobs}};
+        PrintJobs ownPrinting{{recorder, desk.jobs, messages, CodePage::western()}};
+        PadPrint recording{
+            {ownPrinting, text, font, dialog, settings, clock, locale, CodePage::western()}};
         EXPECT_TRUE(recording.PrintDocPad());
         EXPECT_EQ(recorder.texts, expected) << each.text.size() << " bytes";
     }
@@ -215,13 +207,13 @@ TEST_F(PadPrintTest, PrintsOnPortraitAndPutsTheOrientationBack) {
 TEST_F(PadPrintTest, ACancelledJobSendsNothingAndSaysThatTheTextWasNotPrinted) {
     text.text = lines(200, 18);
     loop.onYield = [this] {
-        EXPECT_EQ(icon.log, std::vector<bool>{true});
+        EXPECT_TRUE(desk.icon.shown);
         loop.onYield = nullptr;
-        printing.cancel();
+        desk.jobs.cancel();
     };
     EXPECT_FALSE(printing.PrintDocPad());
     EXPECT_EQ(printer.takeDump(), "");
-    EXPECT_EQ(icon.log, (std::vector<bool>{true, false, false}));
+    EXPECT_FALSE(desk.icon.shown);
     EXPECT_EQ(status.text, "Velmora");
     EXPECT_EQ(pagesOf("next").size(), 1U);
 }
@@ -231,6 +223,45 @@ TEST_F(PadPrintTest, TheEndOfTheProgramCancelsTheJob) {
     loop.onYield = [this] { loop.isClosing = true; };
     EXPECT_FALSE(printing.PrintDocPad());
     EXPECT_EQ(printer.takeDump(), "");
+}
+
+TEST_F(PadPrintTest, EventsRunAtEachPageWhateverItsFirstTryGives) {
+    // Two pages of which each is too high at once.
+    text.text = std::string();
+    for (int i = 0; i < 72; ++i)
+        text.text += "\r\n";
+    text.text += std::string(288, 'x');
+    desk.cancelInYield(1);
+    EXPECT_FALSE(printing.PrintDocPad());
+    EXPECT_EQ(printer.takeDump(), "");
+}
+
+TEST_F(PadPrintTest, SetsScaleFontAndPlaceAnewOnEachPage) {
+    struct Recorder final : test::FixedPrintMetrics, test::FakePrinters, PrintRecorder {
+        Recorder() : PrintRecorder(static_cast<PrintMetrics&>(*this), *this) {}
+        void SetScaleMode(int mode) override { log += "scale " + std::to_string(mode) + ","; }
+        void SetFontName(const std::string& name) override {
+            log += name + ",";
+            PrintRecorder::SetFontName(name);
+        }
+        void NewPage() override {
+            log += "page,";
+            PrintRecorder::NewPage();
+        }
+        std::string log;
+    } recorder;
+    PrintJobs ownPrinting{{recorder, desk.jobs, messages, CodePage::western()}};
+    PadPrint recording{
+        {ownPrinting, text, font, dialog, settings, clock, locale, CodePage::western()}};
+    text.text = lines(60, 18);
+    EXPECT_TRUE(recording.PrintDocPad());
+    EXPECT_EQ(recorder.log, "scale 5,Courier New,page,scale 5,Courier New,");
+}
+
+TEST_F(PadPrintTest, TheJobIsNamedAfterTheDocument) {
+    text.text = "a";
+    EXPECT_TRUE(printing.PrintDocPad());
+    EXPECT_EQ(printer.takeJobs().at(0).title, "Velmora: Untitled");
 }
 
 TEST_F(PadPrintTest, WhatIsTypedMeanwhileIsNotForThisJob) {

@@ -16,13 +16,10 @@
 #include "platform/controls/EntryList.h"
 #include "platform/controls/StatusLight.h"
 #include "support/FakeClock.h"
-#include "support/FakeEventLoop.h"
-#include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
-#include "support/FakePrintSurface.h"
-#include "support/FakeStatusLine.h"
 #include "support/Golden.h"
 #include "support/PhonebookFixture.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -99,14 +96,14 @@ class Form4Test : public ::testing::Test, protected test::PhonebookFixture {
     PendingWish wish{state,
                      [this](int kind) { letters.SelectBook(static_cast<std::int16_t>(kind)); },
                      [this](int index) { letters.LetterClick(index); }};
-    test::FakeMessages messages;
-    test::FakeStatusLine status;
-    test::FakeEventLoop loop;
-    test::FakePrintSurface printer;
+    test::PrintDesk desk;
+    test::FakeMessages& messages = desk.messages;
+    test::FakeStatusLine& status = desk.status;
+    test::FakeEventLoop& loop = desk.loop;
+    test::FakePrintSurface& printer = desk.printer;
     test::FakeClock clock;
     LocaleFormats locale;
-    JobRunning jobs;
-    HitListPrint printing{printer, jobs, status, messages, clock, locale};
+    HitListPrint printing{desk.printing, settings, clock, locale};
     Form4 form{
         {state, settings, store, letters, messages, status, loop, [this] { wish.flipped(); }},
         printing,

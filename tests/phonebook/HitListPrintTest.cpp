@@ -3,10 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "support/FakeClock.h"
-#include "support/FakeMessages.h"
-#include "support/FakePrintSurface.h"
-#include "support/FakeStatusLine.h"
 #include "support/Golden.h"
+#include "support/MemorySettings.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -16,13 +15,14 @@ using testing::HasSubstr;
 
 class HitListPrintTest : public testing::Test {
   protected:
-    test::FakePrintSurface printer_;
-    test::FakeMessages messages_;
+    test::PrintDesk desk_;
+    test::FakePrintSurface& printer_ = desk_.printer;
+    test::FakeMessages& messages_ = desk_.messages;
+    test::MemorySettings medium_;
+    SettingsStore settings_{medium_};
     test::FakeClock clock_;
     LocaleFormats locale_;
-    JobRunning jobs_;
-    test::FakeStatusLine status_;
-    HitListPrint printing_{printer_, jobs_, status_, messages_, clock_, locale_};
+    HitListPrint printing_{desk_.printing, settings_, clock_, locale_};
 };
 
 TEST_F(HitListPrintTest, PrintsAHeadAndTheLines) {
@@ -41,13 +41,16 @@ TEST_F(HitListPrintTest, AnEmptyListHasItsHead) {
               "0.000 0.000 Arial 14 |Velmora: Search Results          Thursday, March 12, 2026|\n");
 }
 
-TEST_F(HitListPrintTest, TheFontGoesBackToWhatItWas) {
-    printer_.SetFontName("Inter");
-    printer_.SetFontSize(7.75F);
-    printing_.print({});
-    EXPECT_EQ(printer_.FontSize(), 7.75F);
+TEST_F(HitListPrintTest, LinesHaveTheFaceOfTheListAndTenPointsWhateverWasPrintedBefore) {
+    settings_.Save("ListFont", "Inter");
+    printer_.SetFontName("Times");
+    printer_.SetFontSize(13);
+    printer_.SetForeColor(0x0000FF);
+    printer_.SetFontBold(true);
     printing_.print(std::vector<std::string>{"a line"});
-    EXPECT_THAT(printer_.takeDump(), HasSubstr("Inter 7.75 |a line|"));
+    const std::string dump = printer_.takeDump();
+    EXPECT_THAT(dump, HasSubstr("Inter 14 |Velmora: "));
+    EXPECT_THAT(dump, HasSubstr("Inter 10 |a line|"));
 }
 
 TEST_F(HitListPrintTest, ALongListGoesOnOnTheNextPage) {
@@ -63,11 +66,19 @@ TEST_F(HitListPrintTest, APrinterThatFailsIsToldAndNothingIsThrown) {
     EXPECT_THAT(messages_.takeShown(), ElementsAre("error|Velmora|The printer is on fire."));
 }
 
-TEST_F(HitListPrintTest, WaitsForAJobThatIsUnderWay) {
-    const auto job = jobs_.begin();
-    printing_.print(std::vector<std::string>{"Y: Abel, Jo"});
+TEST_F(HitListPrintTest, IsRefusedWhileAnotherJobRuns) {
+    desk_.jobs.run([&](LongJob&) { printing_.print(std::vector<std::string>{"Y: Abel, Jo"}); });
     EXPECT_EQ(printer_.takeDump(), "");
-    EXPECT_EQ(status_.text, "Velmora is still busy with a job. Try again when it is done.");
+    EXPECT_EQ(desk_.status.text, "Velmora is still busy with a job. Try again when it is done.");
+}
+
+TEST_F(HitListPrintTest, HitsThatGoMeanwhileAreStillPrinted) {
+    std::vector<std::string> hits(3, "Y: Abel, Jo");
+    desk_.loop.onYield = [&] { hits.clear(); };
+    printing_.print(hits);
+    const auto jobs = printer_.takeJobs();
+    ASSERT_EQ(jobs.size(), 1U);
+    EXPECT_EQ(jobs[0].pages.at(0).size(), 4U);
 }
 
 }  // namespace

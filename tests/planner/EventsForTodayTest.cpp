@@ -4,8 +4,8 @@
 
 #include "platform/Failure.h"
 #include "support/FakeClock.h"
-#include "support/FakePrintSurface.h"
 #include "support/MemorySettings.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -190,10 +190,10 @@ TEST_F(EventsForTodayTest, OnlyLinesOfTodayAreAboutToday) {
 }
 
 TEST_F(EventsForTodayTest, PrintsItsLinesUnderAHeading) {
-    test::FakePrintSurface printer;
-    printer.SetFontName("Times");
-    events.Print(printer, {"TODAY - Tea & <b>cake</b>", "In  1 Day - x"});
-    EXPECT_EQ(printer.takeDump(),
+    test::PrintDesk desk;
+    settings.Save("ListFont", "Times");
+    events.Print(desk.printing, {"TODAY - Tea & <b>cake</b>", "In  1 Day - x"});
+    EXPECT_EQ(desk.printer.takeDump(),
               "printer Pocket, portrait\n"
               "page 1\n"
               "0.000 0.000 Times 13 bold |Events and Occasions for March 12, 2026|\n"
@@ -202,23 +202,24 @@ TEST_F(EventsForTodayTest, PrintsItsLinesUnderAHeading) {
 }
 
 TEST_F(EventsForTodayTest, AnEmptyListIsPrintedAsItShows) {
-    test::FakePrintSurface printer;
-    events.Print(printer, {kNone});
-    EXPECT_THAT(printer.takeDump(), testing::HasSubstr("|No Events Today.|"));
+    test::PrintDesk desk;
+    events.Print(desk.printing, {kNone});
+    EXPECT_THAT(desk.printer.takeDump(), testing::HasSubstr("|No Events Today.|"));
 }
 
 TEST_F(EventsForTodayTest, AListOfManyLinesGoesOnOnFurtherPages) {
-    test::FakePrintSurface printer;
-    events.Print(printer, std::vector<std::string>(100, "line"));
-    const auto jobs = printer.takeJobs();
+    test::PrintDesk desk;
+    events.Print(desk.printing, std::vector<std::string>(100, "line"));
+    const auto jobs = desk.printer.takeJobs();
     ASSERT_THAT(jobs, SizeIs(1));
     EXPECT_THAT(jobs[0].pages, SizeIs(3));
 }
 
 TEST_F(EventsForTodayTest, APrinterThatFailsIsTold) {
-    test::FakePrintSurface printer;
-    printer.refusal = "The printer is on fire.";
-    EXPECT_THROW(events.Print(printer, {kNone}), Failure);
+    test::PrintDesk desk;
+    desk.printer.refusal = "The printer is on fire.";
+    events.Print(desk.printing, {kNone});
+    EXPECT_THAT(desk.messages.takeShown(), ElementsAre("error|Velmora|The printer is on fire."));
 }
 
 }  // namespace

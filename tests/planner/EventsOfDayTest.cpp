@@ -4,9 +4,8 @@
 
 #include <algorithm>
 
-#include "support/FakeMessages.h"
-#include "support/FakePrintSurface.h"
 #include "support/Golden.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -18,13 +17,13 @@ using testing::IsEmpty;
 class EventsOfDayTest : public testing::Test {
   protected:
     void print() {
-        PrintEventsOfDay(printer_,
+        PrintEventsOfDay(desk_.printing,
                          {.tasks = tasks_,
                           .fontName = "Inter",
                           .fontSize = 9.5F,
                           .colour = 0x800000,
                           .longDate = "Friday, March 09, 2001"},
-                         messages_, CodePage::western());
+                         CodePage::western());
     }
 
     // The texts of the only job, one a line.
@@ -37,8 +36,9 @@ class EventsOfDayTest : public testing::Test {
         return all;
     }
 
-    test::FakePrintSurface printer_;
-    test::FakeMessages messages_;
+    test::PrintDesk desk_;
+    test::FakePrintSurface& printer_ = desk_.printer;
+    test::FakeMessages& messages_ = desk_.messages;
     DayTasks tasks_;
 };
 
@@ -103,6 +103,21 @@ TEST_F(EventsOfDayTest, TheNextJobIsNotBold) {
     printer_.Print("next");
     printer_.EndDoc();
     EXPECT_THAT(printer_.takeDump(), HasSubstr("Inter 9.5 #000080 |next|"));
+}
+
+TEST_F(EventsOfDayTest, AnAppointmentThatGoesMeanwhileIsStillPrinted) {
+    tasks_.Add("09:00 AM", "10:00 AM", "first");
+    tasks_.Add("11:00 AM", "12:00 PM", "second");
+    desk_.loop.onYield = [this] { tasks_.RemoveAll(); };
+    print();
+    EXPECT_THAT(texts(), HasSubstr("second"));
+}
+
+TEST_F(EventsOfDayTest, AClickOnTheCancelIconSendsNothing) {
+    tasks_.Add("09:00 AM", "10:00 AM", "first");
+    desk_.cancelInYield(1);
+    print();
+    EXPECT_EQ(printer_.takeDump(), "");
 }
 
 TEST_F(EventsOfDayTest, APrinterThatFailsIsToldAndNothingIsThrown) {

@@ -7,8 +7,8 @@
 #include "platform/Failure.h"
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
-#include "support/FakePrintSurface.h"
 #include "support/MemorySettings.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -165,9 +165,9 @@ TEST_F(ToDoListTest, AListThatOutgrewItsLimitCanNotBeRemovedFromAndStaysAsItWas)
 TEST_F(ToDoListTest, PrintsTheLinesUnderTheDateOfToday) {
     for (const char* text : {"buy milk", "call Ann"})
         add(text);
-    test::FakePrintSurface printer;
-    list.PrintTasks(printer, "Inter");
-    EXPECT_EQ(printer.takeDump(),
+    test::PrintDesk desk;
+    list.PrintTasks(desk.printing, "Inter");
+    EXPECT_EQ(desk.printer.takeDump(),
               "printer Pocket, portrait\n"
               "page 1\n"
               "0.000 0.000 Inter 14 |Task Manager - To Do       Thursday, March 12, 2026|\n"
@@ -176,9 +176,9 @@ TEST_F(ToDoListTest, PrintsTheLinesUnderTheDateOfToday) {
 }
 
 TEST_F(ToDoListTest, PrintsTheHeadOfAnEmptyList) {
-    test::FakePrintSurface printer;
-    list.PrintTasks(printer, "Inter");
-    EXPECT_EQ(printer.takeDump(),
+    test::PrintDesk desk;
+    list.PrintTasks(desk.printing, "Inter");
+    EXPECT_EQ(desk.printer.takeDump(),
               "printer Pocket, portrait\n"
               "page 1\n"
               "0.000 0.000 Inter 14 |Task Manager - To Do       Thursday, March 12, 2026|\n");

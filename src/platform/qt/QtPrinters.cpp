@@ -15,7 +15,7 @@
 namespace velmora {
 namespace {
 
-const QString kDocumentName = QStringLiteral("Velmora");
+const QString kCreator = QStringLiteral("Velmora");
 
 // The printer of this name; one that is null where there is none. QPrinter would silently take the
 // default printer instead.
@@ -90,7 +90,8 @@ void QtPrinters::printOnPaper(const PrintJob& job) {
         throw notPrinted(name, "is not there any more");
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setResolution(kPrinterResolution);
-    printer.setDocName(kDocumentName);
+    printer.setCreator(kCreator);
+    printer.setDocName(toQt(job.title, codePage_));
     prepare(printer, info, job.orientation);
     if (!paintPages(printer, job, codePage_))
         throw notPrinted(name, "can not be reached");
@@ -112,8 +113,8 @@ bool QtPrinters::printToFile(const PrintJob& job) {
     bytes.open(QIODevice::WriteOnly);
     QPdfWriter writer(&bytes);
     writer.setResolution(kPrinterResolution);
-    writer.setTitle(kDocumentName);
-    writer.setCreator(kDocumentName);
+    writer.setTitle(toQt(job.title, codePage_));
+    writer.setCreator(kCreator);
     writer.setPageLayout(letterLayout(job.orientation));
     if (!paintPages(writer, job, codePage_))
         throw Failure("Nothing was printed: the pages could not be made.");
