@@ -23,20 +23,20 @@ enum class FailureIsTold { InABox, OnTheStatusLine };
 struct PrintTask {
     // Names the job in the printer's queue and in the file, behind "Velmora: ": "Complete Report,
     // Yellow Pages". Without one it is just "Velmora".
-    std::string title;
+    std::string title{};
 
     // The job starts in this face (`kPrintFace` when empty) and size, in black, upright, at (0, 0),
     // in inches.
-    std::string fontName;
+    std::string fontName{};
     float fontSize = 10;  // points
 
     // How the sheets lie. Without one they lie as the user chose. With one the user's choice is put
     // back at the end; not, however, by a cancelled job that `cancelLeavesOrientation`.
-    std::optional<PageOrientation> orientation;
+    std::optional<PageOrientation> orientation{};
     bool cancelLeavesOrientation = false;
 
     // What the status line shows once the job is over. Empty: nothing of its own.
-    std::string lastText;
+    std::string lastText{};
 
     FailureIsTold failureIsTold = FailureIsTold::InABox;
 };

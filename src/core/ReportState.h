@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velmora {
@@ -27,10 +28,12 @@ struct ReportState {
 
     // The job begins, or is over: what belongs to one job is as at the start.
     void beginJob() {
-        *this = {.ReportBook = ReportBook,
-                 .MergePending = MergePending,
-                 .ListingPending = ListingPending,
-                 .ReportPending = ReportPending};
+        ReportState fresh;
+        fresh.ReportBook = ReportBook;
+        fresh.MergePending = MergePending;
+        fresh.ListingPending = ListingPending;
+        fresh.ReportPending = ReportPending;
+        *this = std::move(fresh);
     }
 };
 

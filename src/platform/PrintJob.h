@@ -40,7 +40,7 @@ using PrintPage = std::vector<std::variant<PrintedText, PrintedLine>>;
 
 // A job that is ready to be printed. It has at least one page, and the last one is not empty.
 struct PrintJob {
-    std::string title;  // for the queue and the file, without control characters
+    std::string title{};  // for the queue and the file, without control characters
     std::string printer;
     PageOrientation orientation = PageOrientation::Portrait;
     std::vector<PrintPage> pages;

@@ -74,7 +74,10 @@ float PrintRecorder::TextWidth(const std::string& text) const {
 
 PrintJob& PrintRecorder::job() {
     if (!job_) {
-        job_ = PrintJob{.printer = CurrentPrinter(), .orientation = orientation_, .pages = {{}}};
+        job_.emplace();
+        job_->printer = CurrentPrinter();
+        job_->orientation = orientation_;
+        job_->pages.emplace_back();
         pageHeight_.reset();
     }
     return *job_;
