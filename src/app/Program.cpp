@@ -179,7 +179,7 @@ void Program::connectStatusHelp() {
     StatusBar& status = calendar_.status();
     QObject::connect(&calendar_.menus(), &CommandMenus::highlighted, &calendar_,
                      [this, &status](const MenuRow& row) {
-                         if (const auto text = menuHelp_.MenuSelect(menuHelp_.wordOf(row.name)))
+                         if (const auto text = menuHelp_.helpOf(row))
                              status.show(*text);
                      });
     for (ToolStrip* strip : {&calendar_.mainKeys(), calendar_.phonebookPage().contactKeys(),

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/CommandTable.h"
-
 namespace velmora {
 namespace {
 
@@ -39,6 +37,10 @@ std::optional<std::string> MenuHelp::MenuSelect(std::uint32_t word) const {
     if (found == rows_.end())
         return std::nullopt;
     return std::string(found->text);
+}
+
+std::optional<std::string> MenuHelp::helpOf(const MenuRow& item) const {
+    return item.unnumbered ? std::string(item.help) : MenuSelect(wordOf(item.name));
 }
 
 std::uint32_t MenuHelp::wordOf(std::string_view name) const {

@@ -48,6 +48,7 @@ class PatternWriter {
 
     std::string write(std::string_view pattern) {
         twelveHours_ = hasHalfDayToken(pattern);
+        besideDay_ = hasDayNumber(pattern);
         for (std::size_t i = 0; i < pattern.size();)
             i += writeToken(pattern.substr(i));
         return std::move(out_);
@@ -58,6 +59,22 @@ class PatternWriter {
         for (std::size_t i = 0; i < pattern.size(); ++i)
             if (isHalfDayToken(pattern.substr(i)))
                 return true;
+        return false;
+    }
+
+    static bool hasDayNumber(std::string_view pattern) {
+        bool quoted = false;
+        for (std::size_t i = 0; i < pattern.size();) {
+            std::size_t run = 1;
+            while (i + run < pattern.size() &&
+                   lowerAscii(pattern[i + run]) == lowerAscii(pattern[i]))
+                ++run;
+            if (pattern[i] == '\'')
+                quoted ^= run % 2 == 1;
+            else if (!quoted && lowerAscii(pattern[i]) == 'd' && run <= 2)
+                return true;
+            i += run;
+        }
         return false;
     }
 
@@ -100,8 +117,7 @@ class PatternWriter {
                 else if (count <= 2)
                     number(unsigned(parts_.date.month()), count);
                 else
-                    out_ += names(count, locale_.shortMonths,
-                                  locale_.months)[unsigned(parts_.date.month()) - 1];
+                    out_ += monthName(count);
                 break;
             case 'y':
                 count = count >= 4 ? 4 : std::min<std::size_t>(count, 2);
@@ -131,6 +147,15 @@ class PatternWriter {
         return count;
     }
 
+    [[nodiscard]] const std::string& monthName(std::size_t count) const {
+        const std::size_t month = unsigned(parts_.date.month()) - 1;
+        const std::string& inDate =
+            names(count, locale_.shortMonthsInDate, locale_.monthsInDate)[month];
+        if (besideDay_ && !inDate.empty())
+            return inDate;
+        return names(count, locale_.shortMonths, locale_.months)[month];
+    }
+
     template <typename Names>
     static const Names& names(std::size_t count, const Names& shortNames, const Names& fullNames) {
         return count == 3 ? shortNames : fullNames;
@@ -147,6 +172,7 @@ class PatternWriter {
     const LocaleFormats& locale_;
     std::string out_;
     bool twelveHours_ = false;
+    bool besideDay_ = false;  // the pattern has the number of a day
     bool behindHour_ = false;
 };
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string_view>
+
 #include <set>
 #include <string>
 
@@ -75,6 +78,20 @@ TEST(MenuHelp, SeparatorsHeadsAndKeyboardHighlightsSayNothing) {
     EXPECT_EQ(help.MenuSelect(0x8080000F), std::nullopt);  // the first separator
     EXPECT_EQ(help.MenuSelect(0x0080000C), std::nullopt);
     EXPECT_EQ(help.MenuSelect(0), std::nullopt);
+}
+
+TEST(MenuHelp, EveryItemUnderThePointerHasItsTextNumberedOrNot) {
+    const MenuHelp help;
+    std::map<std::string_view, std::string> texts;
+    for (const MenuRow& row : menuTree())
+        if (!isHead(row) && !isSeparator(row))
+            texts[row.name] = help.helpOf(row).value_or("nothing");
+    EXPECT_EQ(texts["dialmnu"], "Activate the Dialer.");
+    EXPECT_EQ(texts["calcmnu"], "Activate VLMCalc calculator.");
+    EXPECT_EQ(texts["importoldmnu"], "Import the phonebooks of an earlier release.");
+    EXPECT_EQ(texts["exitwinmnu"], "Ends the session of the desktop.");
+    for (const auto& [name, text] : texts)
+        EXPECT_NE(text, "nothing") << name;
 }
 
 TEST(MenuHelp, TheWindowMenuHasItsTexts) {

@@ -2,7 +2,9 @@
 
 #include <QAction>
 #include <QLocale>
+#include <QMainWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 #include <QTimer>
 
@@ -82,6 +84,26 @@ TEST(MenuTap, TellsWhatThePointerRestsOnAndNothingElse) {
     menu.close();
 }
 
+TEST(MenuTap, TellsOfTheItemsOfTheBarToo) {
+    std::vector<QString> seen;
+    MenuTap tap([&](const QAction& item) { seen.push_back(item.text()); });
+    QMainWindow window;
+    QMenuBar* bar = window.menuBar();
+    bar->setNativeMenuBar(false);
+    QAction* dialer = bar->addAction("Dialer");
+    bar->addAction("Calculator");
+    tap.watch(bar);
+    window.show();
+    const auto moveTo = [&](QPoint place) { QTest::mouseMove(bar, place); };
+    moveTo(bar->actionGeometry(dialer).center());
+    moveTo(bar->actionGeometry(dialer).center() + QPoint(1, 0));
+    EXPECT_EQ(seen, (std::vector<QString>{"Dialer"}));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(bar, &leave);
+    moveTo(bar->actionGeometry(dialer).center());
+    EXPECT_EQ(seen, (std::vector<QString>{"Dialer", "Dialer"}));
+}
+
 TEST(QtLocaleFormats, TheLanguageOfTheMachineSpeaksEnglish) {
     const LocaleFormats formats = localeFormats(QLocale::c(), CodePage::western());
     EXPECT_EQ(formats.weekdays[0], "Sunday");
@@ -104,6 +126,60 @@ TEST(QtLocaleFormats, ALocaleBringsItsNamesItsPatternAndItsWeek) {
 TEST(QtLocaleFormats, AmericansReadTheLongDateWithTwoDigits) {
     const QLocale american(QLocale::English, QLocale::UnitedStates);
     EXPECT_EQ(localeFormats(american, CodePage::western()).longDate, "dddd, mmmm dd, yyyy");
+}
+
+// A date in each of them; `page` is what the program takes for that locale.
+TEST(QtLocaleFormats, NamesThatTheCodePageCanNotWriteGiveWayToEnglishDates) {
+    using namespace std::chrono;
+    const Moment moment{local_days(year(2001) / 3 / 9) + hours(14)};
+    for (const char* name : {"ja_JP", "fa_IR", "hi_IN", "ko_KR", "ka_GE"}) {
+        SCOPED_TRACE(name);
+        const LocaleFormats formats =
+            localeFormats(QLocale(QLatin1String(name)), CodePage::forLocale(name));
+        EXPECT_EQ(formatMoment(moment, NamedFormat::LongDate, formats), "Friday, March 09, 2001");
+        EXPECT_EQ(formatMoment(moment, NamedFormat::MediumDate, formats), "09-Mar-01");
+        EXPECT_EQ(formatMoment(moment, NamedFormat::MediumTime, formats).find('?'),
+                  std::string::npos);
+        EXPECT_EQ(formats.shortWeekdays[5], "Fri");
+    }
+    // The week still begins where the locale begins it.
+    EXPECT_EQ(localeFormats(QLocale(QLatin1String("fa_IR")), CodePage::numbered(1256)).firstWeekday,
+              6U);
+}
+
+TEST(QtLocaleFormats, NoLocaleOfTheToolkitWritesQuestionMarksIntoADate) {
+    using namespace std::chrono;
+    const auto all =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    ASSERT_GT(all.size(), 400);
+    for (const QLocale& locale : all) {
+        const CodePage page = CodePage::forLocale(locale.name().toStdString());
+        const LocaleFormats formats = localeFormats(locale, page);
+        for (int month = 1; month <= 12; ++month) {
+            const Moment moment{local_days(year(2001) / month / 9) + hours(14)};
+            for (const NamedFormat format :
+                 {NamedFormat::LongDate, NamedFormat::MediumDate, NamedFormat::MediumTime})
+                EXPECT_EQ(formatMoment(moment, format, formats).find('?'), std::string::npos)
+                    << locale.name().toStdString();
+        }
+    }
+}
+
+TEST(QtLocaleFormats, MonthsBesideADayHaveTheFormThatStandsInADate) {
+    using namespace std::chrono;
+    const Moment moment{local_days(year(2001) / 3 / 9)};
+    const auto in = [&](const char* name, const char* pattern) {
+        const CodePage page = CodePage::forLocale(name);
+        return page.toUtf8(
+            formatMoment(moment, pattern, localeFormats(QLocale(QLatin1String(name)), page)));
+    };
+    EXPECT_EQ(in("pl_PL", "d mmmm yyyy"), "9 marca 2001");
+    EXPECT_EQ(in("pl_PL", "mmmm yyyy"), "marzec 2001");
+    EXPECT_EQ(in("cs_CZ", "d. mmmm yyyy"), "9. b\u0159ezna 2001");
+    EXPECT_EQ(in("ru_RU", "d mmmm"), "9 \u043C\u0430\u0440\u0442\u0430");
+    EXPECT_EQ(in("el_GR", "dd mmmm"), "09 \u039C\u03B1\u03C1\u03C4\u03AF\u03BF\u03C5");
+    EXPECT_EQ(in("el_GR", "mmmm"), "\u039C\u03AC\u03C1\u03C4\u03B9\u03BF\u03C2");
+    EXPECT_EQ(in("de_DE", "d. mmmm"), "9. M\u00E4rz");
 }
 
 TEST(TestIds, AWidgetTellsItsNameOnceItIsPolished) {

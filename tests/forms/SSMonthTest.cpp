@@ -234,6 +234,19 @@ TEST_F(SSMonthTest, TellsWhenTheFocusComesAndGoes) {
     EXPECT_EQ(month.focusPolicy(), Qt::StrongFocus);
 }
 
+TEST_F(SSMonthTest, AMenuThatTakesTheKeysIsNoLossOfFocus) {
+    int told = 0;
+    QObject::connect(&month, &SSMonth::focusEntered, [&] { ++told; });
+    QObject::connect(&month, &SSMonth::focusLeft, [&] { ++told; });
+    for (const Qt::FocusReason reason : {Qt::MenuBarFocusReason, Qt::PopupFocusReason}) {
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QFocusEvent in(QEvent::FocusIn, reason);
+        QApplication::sendEvent(&month, &out);
+        QApplication::sendEvent(&month, &in);
+    }
+    EXPECT_EQ(told, 0);
+}
+
 TEST_F(SSMonthTest, KeepsAPlaceForAButtonInItsCaption) {
     const QPoint without = arrow(1);
     month.setCaptionReserve(60);

@@ -53,6 +53,21 @@ TEST(Format, NamedFormatsFollowTheLocaleButShortTimeHasTwentyFourHours) {
               "Friday, March 09, 2001");
 }
 
+TEST(Format, AMonthBesideTheNumberOfADayTakesTheFormForDates) {
+    LocaleFormats polish;
+    polish.months[2] = "marzec";
+    polish.monthsInDate[2] = "marca";
+    polish.shortMonths[2] = "mrz";
+    polish.shortMonthsInDate[2] = "mar";
+    const Moment moment = at(2001, 3, 9);
+    EXPECT_EQ(formatMoment(moment, "dddd, d mmmm yyyy", polish), "Friday, 9 marca 2001");
+    EXPECT_EQ(formatMoment(moment, "dd-mmm-yy", polish), "09-mar-01");
+    EXPECT_EQ(formatMoment(moment, "mmmm yyyy", polish), "marzec 2001");
+    EXPECT_EQ(formatMoment(moment, "dddd mmmm", polish), "Friday marzec");
+    EXPECT_EQ(formatMoment(moment, "'d' mmmm", polish), "d marzec");
+    EXPECT_EQ(formatMoment(moment, "mmm", polish), "mrz");
+}
+
 TEST(Format, TimesAreReadInTheirUsualForms) {
     EXPECT_EQ(readTimeOfDay("9:5"), hours(9) + minutes(5));
     EXPECT_EQ(readTimeOfDay("09:05:30"), hours(9) + minutes(5) + seconds(30));

@@ -30,6 +30,7 @@ CommandMenus::CommandMenus(QMenuBar* bar) : QObject(bar) {
                 emit highlighted(*found->second);
         },
         this);
+    tap->watch(bar);
     for (QMenu* menu : bar->findChildren<QMenu*>())
         tap->watch(menu);
 }

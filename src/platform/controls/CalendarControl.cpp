@@ -190,16 +190,28 @@ void CalendarControl::keyPressEvent(QKeyEvent* event) {
         setDate(to);
 }
 
+namespace {
+
+// A menu has the keys only for as long as it is open: to the window around the control, the
+// control has them still.
+bool isForMenu(const QFocusEvent& event) {
+    return event.reason() == Qt::MenuBarFocusReason || event.reason() == Qt::PopupFocusReason;
+}
+
+}  // namespace
+
 void CalendarControl::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     update();
-    emit focusEntered();
+    if (!isForMenu(*event))
+        emit focusEntered();
 }
 
 void CalendarControl::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     update();
-    emit focusLeft();
+    if (!isForMenu(*event))
+        emit focusLeft();
 }
 
 }  // namespace velmora

@@ -3,13 +3,14 @@
 #include <QObject>
 #include <functional>
 
-class QMenu;
 class QAction;
+class QMenu;
+class QMenuBar;
 
 namespace velmora {
 
-// Reports the menu items that the pointer comes to rest on. Items reached by the keyboard are not
-// reported.
+// Reports the items of menus and of the menu bar that the pointer comes to rest on. Items reached
+// by the keyboard are not reported.
 class MenuTap final : public QObject {
     Q_OBJECT
 
@@ -18,6 +19,7 @@ class MenuTap final : public QObject {
                      QObject* parent = nullptr);
 
     void watch(QMenu* menu);
+    void watch(QMenuBar* bar);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,0 +1,13 @@
+#include "phonebook/SelectedEntry.h"
+
+namespace velmora {
+
+PhonebookRecord SelectedEntry::read() const {
+    PhonebookRecord record;
+    const OpenBook book = store_.Open(state_.BookFile);
+    if (const auto number = book.FindByListLine(pane_.selectedLine()))
+        (void)book.ReadAt(*number, record);
+    return record;
+}
+
+}  // namespace velmora
