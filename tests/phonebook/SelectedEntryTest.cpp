@@ -8,6 +8,8 @@
 namespace velmora {
 namespace {
 
+using test::bytesOf;
+
 class SelectedEntryTest : public ::testing::Test, protected test::PhonebookFixture {
   protected:
     std::string_view memoOf(const std::string& line) {
