@@ -149,10 +149,8 @@ class PatternWriter {
 
     [[nodiscard]] const std::string& monthName(std::size_t count) const {
         const std::size_t month = unsigned(parts_.date.month()) - 1;
-        const std::string& inDate =
-            names(count, locale_.shortMonthsInDate, locale_.monthsInDate)[month];
-        if (besideDay_ && !inDate.empty())
-            return inDate;
+        if (count == 4 && besideDay_ && !locale_.monthsInDate[month].empty())
+            return locale_.monthsInDate[month];
         return names(count, locale_.shortMonths, locale_.months)[month];
     }
 

@@ -22,10 +22,9 @@ struct LocaleFormats {
                                        "September", "October",  "November", "December"};
     std::array<std::string, 12> shortMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    // The forms that stand beside the number of a day, where a language has others for that ("9
-    // marca" in "marzec"). An empty one is as above.
+    // The full names as they stand beside the number of a day, where a language has others for that
+    // ("9 marca" in "marzec"). An empty one is as above.
     std::array<std::string, 12> monthsInDate;
-    std::array<std::string, 12> shortMonthsInDate;
     std::string am = "AM";
     std::string pm = "PM";
     std::string longDate = "dddd, mmmm dd, yyyy";  // in the pattern letters of formatMoment()

@@ -50,8 +50,6 @@ std::optional<LocaleFormats> datesOf(const QLocale& locale, const CodePage& code
         formats.shortMonths[index] =
             text(withoutPoint(locale.standaloneMonthName(month, QLocale::ShortFormat)));
         formats.monthsInDate[index] = text(locale.monthName(month, QLocale::LongFormat));
-        formats.shortMonthsInDate[index] =
-            text(withoutPoint(locale.monthName(month, QLocale::ShortFormat)));
     }
     const bool american =
         locale.language() == QLocale::English && locale.territory() == QLocale::UnitedStates;
