@@ -58,7 +58,7 @@ std::optional<RecordNumber> OpenBook::FindByListLine(std::string_view line,
         return std::nullopt;
     BookScan records = scan();
     while (records.next())
-        if (key.matches(records.record(), rule) && !isTombstone(records.record(), codePage_))
+        if (key.matches(records.record(), rule))
             return records.number();
     return std::nullopt;
 }

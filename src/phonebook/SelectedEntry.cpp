@@ -1,5 +1,7 @@
 #include "phonebook/SelectedEntry.h"
 
+#include "phonebook/RecordState.h"
+
 namespace velmora {
 
 PhonebookRecord SelectedEntry::read() const {
@@ -7,7 +9,7 @@ PhonebookRecord SelectedEntry::read() const {
     const OpenBook book = store_.Open(state_.BookFile);
     if (const auto number = book.FindByListLine(pane_.selectedLine()))
         (void)book.ReadAt(*number, record);
-    return record;
+    return isTombstone(record, store_.codePage()) ? PhonebookRecord() : record;
 }
 
 }  // namespace velmora
