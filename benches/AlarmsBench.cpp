@@ -65,7 +65,7 @@ void setTime(AlarmEditor& editor, ClockTime time) {
 }
 
 int measure(const std::string& folder) {
-    SqliteSettings medium(folder + "/settings.db");
+    SqliteSettings medium{NativePath(folder + "/settings.db")};
     SettingsStore settings(medium);
     NumberedList alarms(settings, alarmsOf(kDay));
     settings.batch([&] {

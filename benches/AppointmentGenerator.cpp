@@ -10,8 +10,8 @@ namespace velmora::bench {
 
 void writePlanner(const std::string& path, std::size_t rows) {
     using namespace std::chrono;
-    layDownDatabase(path);
-    sqlite::Database database(path, sqlite::Access::ReadWrite);
+    layDownDatabase(NativePath(path));
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
     sqlite::Transaction transaction(database);
     auto insert = database.prepare("INSERT INTO appoint VALUES (?1, ?2, ?3, ?4, ?5, 'Event')");
     const Moment firstTag{local_days(year(2000) / 1 / 1)};

@@ -17,8 +17,8 @@
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
 #include "platform/CodePage.h"
-#include "platform/NativePaths.h"
-#include "platform/PosixFiles.h"
+#include "platform/files/NativePaths.h"
+#include "platform/files/PosixFiles.h"
 #include "support/MemorySettings.h"
 
 namespace velmora::bench {

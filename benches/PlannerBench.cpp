@@ -27,6 +27,7 @@
 #include "support/FakePlannerControls.h"
 #include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
+#include "support/SamePaths.h"
 
 namespace velmora::bench {
 namespace {
@@ -90,7 +91,7 @@ class BenchPlanner {
     test::FakeStatusLine status_;
     test::FakePlannerDesk desk_;
     test::FakeDayControl day_;
-    AppointmentStore store_{codePage_, clock_, [](const std::string& same) { return same; }};
+    AppointmentStore store_{codePage_, clock_, test::samePaths()};
 
   public:
     Planner planner{store_, {day_, month, year, desk_}, status_, settings_, clock_, formats_};
@@ -187,8 +188,7 @@ int measure(const std::string& folder) {
     measureDays(path, report);
     measureColouring(path, report);
     const SystemClock clock;
-    AppointmentStore store(CodePage::western(), clock,
-                           [](const std::string& same) { return same; });
+    AppointmentStore store(CodePage::western(), clock, test::samePaths());
     store.OpenDatabase(path);
     const std::vector<DayStyle> styles = store.DayStyles();
     measureStyling(styles, report);

@@ -9,7 +9,7 @@ namespace velmora {
 AlarmRoom::AlarmRoom(World& world, Calendar& calendar)
     : world_(world),
       calendar_(calendar),
-      sound_([&world](const std::string& path) { return world.files.nativePath(path); }),
+      sound_(world.files),
       alarmSound_(world.settings, world.files, sound_),
       windows_(world.codePage, {.ok = [this] { alerts_.Ok(); },
                                 .snooze = [this](int minutes) { alerts_.Snooze(minutes); }}),

@@ -7,10 +7,10 @@
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
 #include "docpad/forms/DocumentDrag.h"
-#include "platform/ProgramFolder.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/TrashCan.h"
+#include "platform/files/ProgramFolder.h"
 
 namespace velmora {
 void CalendarDocPadView::setTitle(const std::string& text) {
@@ -33,8 +33,8 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       text_(calendar.text()),
       view_(calendar),
       dialog_(world.messages),
-      recovery_(world.codePage.fromUtf8(configurationFolder()), world.files, runningPrograms_,
-                world.clock),
+      recovery_(world.codePage.fromUtf8(configurationFolder().utf8()), world.files,
+                runningPrograms_, world.clock),
       textFont_(calendar.text(), world.codePage),
       printer_({printing, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
                 world.codePage}),

@@ -23,7 +23,7 @@
 #include "docpad/forms/TextSearch.h"
 #include "docpad/forms/TrashPictures.h"
 #include "phonebook/EntryCommands.h"
-#include "platform/PosixRunningPrograms.h"
+#include "platform/files/PosixRunningPrograms.h"
 
 namespace velmora {
 

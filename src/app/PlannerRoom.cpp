@@ -57,10 +57,8 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       scheduleForm_(scheduleTimes_, &calendar),
       week_(world, month_, calendar),
       desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
-      opener_(accessReader_, world.messages, world.codePage,
-              [&world](const std::string& path) { return world.files.nativePath(path); }),
-      store_(world.codePage, world.clock,
-             [&world](const std::string& path) { return world.files.nativePath(path); }),
+      opener_(accessReader_, world.messages, world.codePage, world.files),
+      store_(world.codePage, world.clock, world.files),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
@@ -118,8 +116,8 @@ void PlannerRoom::bindCommands(CommandSet& commands) {
 void PlannerRoom::openDatabase() {
     // A folder that Velmora begins to keep data in gets its two databases, once.
     const std::string& folder = world_.locations.programFolder();
-    const std::string planner = world_.files.nativePath(folder + kPlannerDatabaseFile);
-    const std::string blank = world_.files.nativePath(folder + kBlankDatabaseFile);
+    const NativePath planner = world_.files.nativePath(folder + kPlannerDatabaseFile);
+    const NativePath blank = world_.files.nativePath(folder + kBlankDatabaseFile);
     if (kindOfDatabase(planner) == DatabaseKind::Missing &&
         kindOfDatabase(blank) == DatabaseKind::Missing) {
         ignoringErrors([&] { layDownDatabase(planner); });

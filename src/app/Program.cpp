@@ -203,7 +203,7 @@ void Program::tellOfDamagedSettings() {
         world_.messages.tell(kApplicationTitle,
                              "The settings were damaged and begin anew. The damaged file was kept "
                              "as " +
-                                 world_.codePage.fromUtf8(*file) + ".");
+                                 world_.codePage.fromUtf8(file->utf8()) + ".");
 }
 
 void Program::endAfter(const std::string& utf8Text) {

@@ -5,10 +5,7 @@ namespace velmora {
 WeekWindow::WeekWindow(World& world, const MonthControl& month, QWidget& window)
     : world_(world),
       window_(window),
-      load_(
-          world.locations,
-          [&world](const std::string& path) { return world.files.nativePath(path); },
-          world.codePage, month, world.clock, world.locale) {}
+      load_(world.locations, world.files, world.codePage, month, world.clock, world.locale) {}
 
 void WeekWindow::present() {
     if (!form_)

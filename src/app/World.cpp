@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-#include "platform/ProgramFolder.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/qt/QtLocaleFormats.h"
 
 namespace velmora {
@@ -20,9 +20,10 @@ World::World()
       nativeProgramFolder(programFolder()),
       books(codePage, clock,
             {withoutSeparator(kYellowPagesFile), withoutSeparator(kWhitePagesFile)}),
-      files(NativePaths(codePage, codePage.fromUtf8(nativeProgramFolder), nativeProgramFolder),
-            &books),
-      settingsMedium(configurationFolder() + "/settings.db"),
-      locations(codePage.fromUtf8(nativeProgramFolder), settings, files, codePage) {}
+      files(
+          NativePaths(codePage, codePage.fromUtf8(nativeProgramFolder.utf8()), nativeProgramFolder),
+          &books),
+      settingsMedium(configurationFolder() / "settings.db"),
+      locations(codePage.fromUtf8(nativeProgramFolder.utf8()), settings, files, codePage) {}
 
 }  // namespace velmora

@@ -4,12 +4,12 @@
 
 #include "core/DataLocations.h"
 #include "core/SettingsStore.h"
-#include "platform/CaseTwins.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
-#include "platform/PosixFiles.h"
 #include "platform/PrintRecorder.h"
 #include "platform/SystemClock.h"
+#include "platform/files/CaseTwins.h"
+#include "platform/files/PosixFiles.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPrintMetrics.h"
@@ -27,7 +27,7 @@ struct World {
     CodePage codePage;
     LocaleFormats locale;
     SystemClock clock;
-    std::string nativeProgramFolder;  // UTF-8
+    NativePath nativeProgramFolder;
     CaseTwins books;
     PosixFiles files;
     SqliteSettings settingsMedium;

@@ -4,16 +4,15 @@
 #include <array>
 #include <cctype>
 #include <chrono>
-#include <filesystem>
 #include <optional>
 
 #include "planner/AppointmentRow.h"
-#include "planner/FileLock.h"
 #include "planner/PlannerDatabase.h"
-#include "planner/SafeReplace.h"
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
 #include "platform/Failure.h"
+#include "platform/files/FileLock.h"
+#include "platform/files/FileSteps.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -90,42 +89,41 @@ AppointmentValue converted(Column column, AccessType type, const AppointmentValu
     return *value;
 }
 
-std::string nameForOriginal(const std::string& path) {
-    const std::filesystem::path original(path);
+NativePath nameForOriginal(const NativePath& path) {
     for (int number = 1;; ++number) {
-        std::string name = original.stem().string() + ".access-original" +
-                           (number == 1 ? "" : "-" + std::to_string(number)) +
-                           original.extension().string();
-        if (!identityOf((original.parent_path() / name).string()))
+        NativePath name =
+            path.sibling(path.stem() + ".access-original" +
+                         (number == 1 ? "" : "-" + std::to_string(number)) + path.extension());
+        if (!isNameTaken(name))
             return name;
     }
 }
 
 }  // namespace
 
-std::string AccessConversion::convert(const std::string& path) {
+std::string AccessConversion::convert(const NativePath& path) {
     const FileLock lock(path, kPatience);
     if (!lock.isOn(path) || kindOfDatabase(path) != DatabaseKind::Access)
         return {};
-    const std::string beside = path + ".converting";
+    const NativePath beside = path.withEnding(".converting");
     const auto clear = [&] {
-        removeIfThere(beside + "-journal");
+        removeIfThere(beside.withEnding("-journal"));
         removeIfThere(beside);
     };
     try {
         clear();  // what a conversion that was broken off may have left
         copyRows(path, beside);
-        std::string name = nameForOriginal(path);
-        keepUnderSecondName(path, (std::filesystem::path(path).parent_path() / name).string());
+        const NativePath original = nameForOriginal(path);
+        keepUnderSecondName(path, original);
         renameOver(beside, path);
-        return name;
+        return original.name();
     } catch (...) {
         ignoringErrors(clear);
         throw;
     }
 }
 
-void AccessConversion::copyRows(const std::string& from, const std::string& to) {
+void AccessConversion::copyRows(const NativePath& from, const NativePath& to) {
     const std::vector<AccessTable> tables = reader_.tables(from);
     const AccessTable& table = tableOfAppointments(tables);
     const Places places = placesIn(table);

@@ -1,5 +1,6 @@
 #include "planner/AppointmentConnection.h"
 
+#include "planner/PlannerDatabase.h"
 #include "platform/Failure.h"
 
 namespace velmora {
@@ -28,9 +29,9 @@ void read(const sqlite::Statement& statement, AppointmentRow& row) {
             row.values[i].emplace(*text);
 }
 
-const std::string& checkedPath(const std::string& path) {
+const NativePath& checkedPath(const NativePath& path) {
     if (kindOfDatabase(path) != DatabaseKind::Planner)
-        throw Failure("\"" + path + "\" is no planner database.");
+        throw Failure("\"" + path.utf8() + "\" is no planner database.");
     return path;
 }
 
@@ -43,7 +44,7 @@ void bind(sqlite::Statement& statement, int parameter, const AppointmentValue& v
 
 }  // namespace
 
-AppointmentConnection::AppointmentConnection(const std::string& path,
+AppointmentConnection::AppointmentConnection(const NativePath& path,
                                              std::chrono::milliseconds patience)
     : path_(path),
       identity_(identityOf(path)),
@@ -126,7 +127,7 @@ void AppointmentConnection::write(sqlite::Statement& statement) {
     // While this waited for the lock another copy of the program may have put a new file in the
     // place of this one; what is written here would never be seen.
     if (!stillMeant())
-        throw Failure("The planner database \"" + path_ + "\" has just been replaced.");
+        throw Failure("The planner database \"" + path_.utf8() + "\" has just been replaced.");
     statement.run();
     transaction.commit();
 }

@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "planner/AppointmentRow.h"
-#include "planner/PlannerDatabase.h"
+#include "platform/NativePath.h"
+#include "platform/files/FileIdentity.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -20,7 +21,7 @@ namespace velmora {
 class AppointmentConnection {
   public:
     // A file that is missing, foreign or without the table is a Failure, and stays as it is.
-    AppointmentConnection(const std::string& path, std::chrono::milliseconds patience);
+    AppointmentConnection(const NativePath& path, std::chrono::milliseconds patience);
 
     // False once the path means another file than the one that is open, or none.
     [[nodiscard]] bool stillMeant() const { return identityOf(path_) == identity_; }
@@ -53,7 +54,7 @@ class AppointmentConnection {
     [[nodiscard]] sqlite::Statement& query(Condition condition);
     void write(sqlite::Statement& statement);
 
-    std::string path_;
+    NativePath path_;
     std::optional<FileIdentity> identity_;
     sqlite::Database database_;
     std::array<std::optional<sqlite::Statement>, 3> queries_;

@@ -36,11 +36,8 @@ std::string shownForm(Column column, const AppointmentValue& value) {
 }  // namespace
 
 AppointmentStore::AppointmentStore(const CodePage& codePage, const Clock& clock,
-                                   ToSystemPath toSystemPath, std::chrono::milliseconds patience)
-    : codePage_(codePage),
-      clock_(clock),
-      toSystemPath_(std::move(toSystemPath)),
-      patience_(patience) {}
+                                   const SystemPaths& paths, std::chrono::milliseconds patience)
+    : codePage_(codePage), clock_(clock), paths_(paths), patience_(patience) {}
 
 void AppointmentStore::OpenDatabase(const std::string& path) {
     dropEditing();
@@ -215,7 +212,7 @@ AppointmentConnection& AppointmentStore::connection() {
         dropRows();  // their numbers mean other rows in the new file
     }
     if (!connection_)
-        connection_ = std::make_unique<AppointmentConnection>(toSystemPath_(path_), patience_);
+        connection_ = std::make_unique<AppointmentConnection>(paths_.nativePath(path_), patience_);
     return *connection_;
 }
 

@@ -14,6 +14,7 @@
 #include "planner/DayStyle.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
+#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -26,11 +27,8 @@ namespace velmora {
 // database. No lock is held between two calls. All text is code-page text.
 class AppointmentStore {
   public:
-    // Turns a code-page path, with "\" or "/", into the path that the system knows.
-    using ToSystemPath = std::function<std::string(const std::string&)>;
-
     // `patience`: how long another program's lock is waited for.
-    AppointmentStore(const CodePage& codePage, const Clock& clock, ToSystemPath toSystemPath,
+    AppointmentStore(const CodePage& codePage, const Clock& clock, const SystemPaths& paths,
                      std::chrono::milliseconds patience = std::chrono::seconds(5));
 
     // Makes `path` the database, whether a file is there or not. The rows on hand are gone.
@@ -114,7 +112,7 @@ class AppointmentStore {
 
     const CodePage& codePage_;
     const Clock& clock_;
-    ToSystemPath toSystemPath_;
+    const SystemPaths& paths_;
     std::chrono::milliseconds patience_;
     std::string path_;
     std::unique_ptr<AppointmentConnection> connection_;

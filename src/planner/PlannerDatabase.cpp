@@ -1,15 +1,10 @@
 #include "planner/PlannerDatabase.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <string_view>
 
-#include "planner/SafeReplace.h"
 #include "platform/Failure.h"
+#include "platform/files/FileIdentity.h"
+#include "platform/files/FileSteps.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -19,6 +14,7 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::string_view kPlannerSignature = "SQLite format 3\0"sv;
+constexpr std::size_t kHeadSize = 32;
 constexpr std::size_t kAccessSignatureOffset = 4;
 constexpr std::string_view kAccessSignatures[] = {"Standard Jet DB"sv, "Standard ACE DB"sv};
 
@@ -37,16 +33,11 @@ CREATE INDEX appoint_tag ON appoint ("TagVariant");
 
 }  // namespace
 
-DatabaseKind kindOfDatabase(const std::string& path) {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored))
+DatabaseKind kindOfDatabase(const NativePath& path) {
+    const auto head = headOf(path, kHeadSize);
+    if (!head)
         return DatabaseKind::Missing;
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        return DatabaseKind::Missing;
-    std::array<char, 32> head{};
-    file.read(head.data(), head.size());
-    const std::string_view bytes(head.data(), static_cast<std::size_t>(file.gcount()));
+    const std::string_view bytes = *head;
     if (bytes.starts_with(kPlannerSignature))
         return DatabaseKind::Planner;
     for (const auto signature : kAccessSignatures)
@@ -63,10 +54,10 @@ void createAppointmentTable(sqlite::Database& database) {
     transaction.commit();
 }
 
-void layDownDatabase(const std::string& path) {
+void layDownDatabase(const NativePath& path) {
     if (identityOf(path))
         return;
-    const std::string beside = path + ".laying-" + std::to_string(::getpid());
+    const NativePath beside = path.withEnding(".laying-" + processNumber());
     try {
         removeIfThere(beside);
         {
@@ -83,13 +74,6 @@ void layDownDatabase(const std::string& path) {
         throw;
     }
     ignoringErrors([&] { removeIfThere(beside); });
-}
-
-std::optional<FileIdentity> identityOf(const std::string& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
-        return std::nullopt;
-    return FileIdentity{status.st_dev, status.st_ino};
 }
 
 }  // namespace velmora

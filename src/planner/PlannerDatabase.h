@@ -1,14 +1,12 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
+#include "platform/NativePath.h"
 
 namespace velmora::sqlite {
 class Database;
 }
 
-// The file that holds the table of appointments. Paths here are those of the system.
+// The file that holds the table of appointments.
 namespace velmora {
 
 enum class DatabaseKind {
@@ -19,22 +17,13 @@ enum class DatabaseKind {
 };
 
 // Looks at the file's first bytes only.
-[[nodiscard]] DatabaseKind kindOfDatabase(const std::string& path);
+[[nodiscard]] DatabaseKind kindOfDatabase(const NativePath& path);
 
 // Makes the table of appointments and its indexes in an empty database. Throws Failure.
 void createAppointmentTable(sqlite::Database& database);
 
 // Lays down an empty database where no file is, whole or not at all; a file that is there stays as
 // it is. The folder must exist. Throws Failure.
-void layDownDatabase(const std::string& path);
-
-// Which file a path means at this moment; nothing when it means none.
-struct FileIdentity {
-    std::uint64_t device = 0;
-    std::uint64_t node = 0;
-
-    bool operator==(const FileIdentity&) const = default;
-};
-[[nodiscard]] std::optional<FileIdentity> identityOf(const std::string& path);
+void layDownDatabase(const NativePath& path);
 
 }  // namespace velmora

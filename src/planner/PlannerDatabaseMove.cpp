@@ -1,16 +1,11 @@
 #include "planner/PlannerDatabaseMove.h"
 
-#include <unistd.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "planner/PlannerDatabase.h"
-#include "planner/SafeReplace.h"
 #include "platform/Failure.h"
+#include "platform/files/FileIdentity.h"
+#include "platform/files/FileSteps.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -22,7 +17,7 @@ namespace {
 class StandStill {
   public:
     // `begin`: how the transaction begins that stands for all that time.
-    StandStill(const std::string& path, const char* begin)
+    StandStill(const NativePath& path, const char* begin)
         : database_(path, sqlite::Access::ReadWrite) {
         database_.execute(begin);
         (void)database_.prepare("SELECT 1 FROM sqlite_master").step();
@@ -38,19 +33,9 @@ constexpr const char* kToRead = "BEGIN";
 // The write lock, so that whoever wants to write waits, and finds the new file then.
 constexpr const char* kToReplace = "BEGIN IMMEDIATE";
 
-bool sameBytes(const std::string& a, const std::string& b) {
-    std::ifstream first(a, std::ios::binary);
-    std::ifstream second(b, std::ios::binary);
-    using Bytes = std::istreambuf_iterator<char>;
-    return first && second && std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
-}
-
-void keepGeneration(const std::string& path) {
-    const std::filesystem::path file(path);
-    const std::string kept =
-        (file.parent_path() / (file.stem().string() + ".previous" + file.extension().string()))
-            .string();
-    const std::string beside = kept + ".keeping-" + std::to_string(::getpid());
+void keepGeneration(const NativePath& path) {
+    const NativePath kept = path.sibling(path.stem() + ".previous" + path.extension());
+    const NativePath beside = kept.withEnding(".keeping-" + processNumber());
     removeIfThere(beside);
     keepUnderSecondName(path, beside);
     renameOver(beside, kept);
@@ -58,12 +43,12 @@ void keepGeneration(const std::string& path) {
 
 }  // namespace
 
-void copyPlannerDatabase(const std::string& from, const std::string& to) {
+void copyPlannerDatabase(const NativePath& from, const NativePath& to) {
     if (kindOfDatabase(from) != DatabaseKind::Planner)
-        throw Failure("\"" + from + "\" is no planner database.");
+        throw Failure("\"" + from.utf8() + "\" is no planner database.");
     if (identityOf(from) == identityOf(to))
         return;
-    const std::string beside = to + ".copying-" + std::to_string(::getpid());
+    const NativePath beside = to.withEnding(".copying-" + processNumber());
     try {
         {
             const StandStill source(from, kToRead);
@@ -82,7 +67,7 @@ void copyPlannerDatabase(const std::string& from, const std::string& to) {
         throw;
     }
     // A journal of the replaced file must not be played back into the new one.
-    ignoringErrors([&] { removeIfThere(to + "-journal"); });
+    ignoringErrors([&] { removeIfThere(to.withEnding("-journal")); });
 }
 
 }  // namespace velmora

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
+#include "platform/NativePath.h"
 
-// Copying the planner database from one folder to another. Paths are those of the system.
+// Copying the planner database from one folder to another.
 namespace velmora {
 
 // Makes `to` a copy of the planner database `from`, whatever was there; that is kept beside it as
@@ -12,6 +12,6 @@ namespace velmora {
 //
 // Throws Failure when `from` is no planner database, when either file is in use for too long, or
 // when the copy can not be written; what was at `to` is then still there.
-void copyPlannerDatabase(const std::string& from, const std::string& to);
+void copyPlannerDatabase(const NativePath& from, const NativePath& to);
 
 }  // namespace velmora

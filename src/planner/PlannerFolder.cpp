@@ -32,10 +32,10 @@ void PlannerFolder::Move(const std::string& folder) {
     const std::string target = wanted + kPlannerDatabaseFile;
     opener_.Prepare(own);
     ignoringErrors(
-        [&] { copyPlannerDatabase(opener_.systemPath(own), opener_.systemPath(target)); });
+        [&] { copyPlannerDatabase(opener_.nativePath(own), opener_.nativePath(target)); });
     // After a copy that failed this is what lay there before; with nothing there, the planner
     // stays where it is.
-    if (kindOfDatabase(opener_.systemPath(target)) != DatabaseKind::Missing)
+    if (kindOfDatabase(opener_.nativePath(target)) != DatabaseKind::Missing)
         opener_.Open(store_, target);
     show();
     messages_.warn(kApplicationTitle,

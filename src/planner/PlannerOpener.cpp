@@ -1,18 +1,13 @@
 #include "planner/PlannerOpener.h"
 
-#include <utility>
-
 #include "planner/PlannerDatabase.h"
 #include "platform/Failure.h"
 
 namespace velmora {
 
 PlannerOpener::PlannerOpener(AccessTableReader& reader, Messages& messages,
-                             const CodePage& codePage, AppointmentStore::ToSystemPath toSystemPath)
-    : conversion_(reader),
-      messages_(messages),
-      codePage_(codePage),
-      toSystemPath_(std::move(toSystemPath)) {}
+                             const CodePage& codePage, const SystemPaths& paths)
+    : conversion_(reader), messages_(messages), codePage_(codePage), paths_(paths) {}
 
 void PlannerOpener::Open(AppointmentStore& store, const std::string& path) {
     Prepare(path);
@@ -20,7 +15,7 @@ void PlannerOpener::Open(AppointmentStore& store, const std::string& path) {
 }
 
 void PlannerOpener::Prepare(const std::string& path) {
-    const std::string file = toSystemPath_(path);
+    const NativePath file = paths_.nativePath(path);
     if (kindOfDatabase(file) != DatabaseKind::Access)
         return;
     try {

@@ -6,6 +6,7 @@
 #include "planner/AppointmentStore.h"
 #include "platform/CodePage.h"
 #include "platform/Messages.h"
+#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -15,7 +16,7 @@ namespace velmora {
 class PlannerOpener {
   public:
     PlannerOpener(AccessTableReader& reader, Messages& messages, const CodePage& codePage,
-                  AppointmentStore::ToSystemPath toSystemPath);
+                  const SystemPaths& paths);
 
     // `path` is code-page text. Never throws.
     void Open(AppointmentStore& store, const std::string& path);
@@ -23,15 +24,15 @@ class PlannerOpener {
     // Only converts, where there is something to convert. Never throws.
     void Prepare(const std::string& path);
 
-    [[nodiscard]] std::string systemPath(const std::string& path) const {
-        return toSystemPath_(path);
+    [[nodiscard]] NativePath nativePath(const std::string& path) const {
+        return paths_.nativePath(path);
     }
 
   private:
     AccessConversion conversion_;
     Messages& messages_;
     const CodePage& codePage_;
-    AppointmentStore::ToSystemPath toSystemPath_;
+    const SystemPaths& paths_;
 };
 
 }  // namespace velmora

@@ -24,11 +24,11 @@ void loadDay(AppointmentStore& store, WeekView& view, int day) {
 
 }  // namespace
 
-WeekLoad::WeekLoad(const DataLocations& locations, AppointmentStore::ToSystemPath toSystemPath,
+WeekLoad::WeekLoad(const DataLocations& locations, const SystemPaths& paths,
                    const CodePage& codePage, const MonthControl& month, const Clock& clock,
                    const LocaleFormats& formats)
     : locations_(locations),
-      toSystemPath_(std::move(toSystemPath)),
+      paths_(paths),
       codePage_(codePage),
       month_(month),
       clock_(clock),
@@ -37,7 +37,7 @@ WeekLoad::WeekLoad(const DataLocations& locations, AppointmentStore::ToSystemPat
 void WeekLoad::Load(WeekView& view) const {
     using std::chrono::days;
     using std::chrono::local_days;
-    AppointmentStore store(codePage_, clock_, toSystemPath_);
+    AppointmentStore store(codePage_, clock_, paths_);
     ignoringErrors([&] { store.OpenDatabase(locations_.PlannerDatabasePath()); });
     const auto today = dateOf(clock_.now());
     const auto selected = readDate(month_.Date(), today.year()).value_or(today);

@@ -8,6 +8,7 @@
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
+#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -35,9 +36,8 @@ class WeekView {
 class WeekLoad {
   public:
     // All must outlive this object.
-    WeekLoad(const DataLocations& locations, AppointmentStore::ToSystemPath toSystemPath,
-             const CodePage& codePage, const MonthControl& month, const Clock& clock,
-             const LocaleFormats& formats);
+    WeekLoad(const DataLocations& locations, const SystemPaths& paths, const CodePage& codePage,
+             const MonthControl& month, const Clock& clock, const LocaleFormats& formats);
 
     // Fills `view` anew. Every step is on its own: without a database there are six empty days
     // under their captions. Never throws.
@@ -45,7 +45,7 @@ class WeekLoad {
 
   private:
     const DataLocations& locations_;
-    AppointmentStore::ToSystemPath toSystemPath_;
+    const SystemPaths& paths_;
     const CodePage& codePage_;
     const MonthControl& month_;
     const Clock& clock_;

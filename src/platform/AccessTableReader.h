@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/NativePath.h"
+
 namespace velmora {
 
 enum class AccessType {
@@ -34,18 +36,17 @@ struct AccessTable {
 using AccessRow = std::vector<std::optional<std::string>>;
 
 // Reads Access databases (97 to 2019) that were made elsewhere, whatever is in them: a damaged or
-// foreign file is a Failure, never worse, and no file is ever written. All text is UTF-8; paths
-// are those of the system.
+// foreign file is a Failure, never worse, and no file is ever written. All text is UTF-8.
 class AccessTableReader {
   public:
     virtual ~AccessTableReader() = default;
 
     // All tables in the order of the file, the system's own too. Throws Failure.
-    [[nodiscard]] virtual std::vector<AccessTable> tables(const std::string& path) = 0;
+    [[nodiscard]] virtual std::vector<AccessTable> tables(const NativePath& path) = 0;
 
     // Hands on the rows of a table, whose name counts in its exact spelling, in the order of the
     // file. Throws Failure, possibly after some rows; a Failure from `take` passes through.
-    virtual void readRows(const std::string& path, const std::string& table,
+    virtual void readRows(const NativePath& path, const std::string& table,
                           const std::function<void(const AccessRow&)>& take) = 0;
 };
 

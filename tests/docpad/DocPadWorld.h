@@ -10,7 +10,7 @@
 #include "docpad/RecoveryFile.h"
 
 #include "platform/CodePage.h"
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
 #include "support/FakeStatusLine.h"

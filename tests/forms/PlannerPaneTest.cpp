@@ -20,6 +20,7 @@
 #include "platform/controls/SSYear.h"
 #include "support/FakeStatusLine.h"
 #include "support/PlannerFixture.h"
+#include "support/SamePaths.h"
 
 namespace velmora::test {
 namespace {
@@ -60,7 +61,7 @@ class PlannerPaneTest : public testing::Test {
         window.resize(800, 1250);
         pane.resize(724, 548);
         pane.layout()->activate();
-        layDownDatabase(path);
+        layDownDatabase(NativePath(path));
         store.OpenDatabase(path);
         connectPlanner({.day = day,
                         .month = month,
@@ -173,8 +174,7 @@ class PlannerPaneTest : public testing::Test {
     MonthAdapter monthAdapter{month};
     YearAdapter yearAdapter{*sheet};
     PaneDesk desk{pane};
-    AppointmentStore store{CodePage::western(), clock, [](const std::string& same) { return same; },
-                           milliseconds(50)};
+    AppointmentStore store{CodePage::western(), clock, test::samePaths(), milliseconds(50)};
     Planner planner{store,  {dayAdapter, monthAdapter, yearAdapter, desk}, status, settings, clock,
                     formats};
 };

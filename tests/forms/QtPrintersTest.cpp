@@ -8,8 +8,8 @@
 #include <filesystem>
 
 #include "platform/Failure.h"
-#include "platform/PosixFiles.h"
 #include "platform/PrintRecorder.h"
+#include "platform/files/PosixFiles.h"
 #include "platform/qt/PrintPages.h"
 #include "platform/qt/QtPrintMetrics.h"
 #include "support/FakeMessages.h"
@@ -60,7 +60,7 @@ class QtPrintersTest : public testing::Test {
     test::TemporaryFolder folder_;
     const CodePage& codePage_ = CodePage::western();
     test::FakeMessages messages_;
-    PosixFiles files_{NativePaths(codePage_, folder_.path(), folder_.path())};
+    PosixFiles files_{NativePaths(codePage_, folder_.path(), NativePath(folder_.path()))};
     QtPrintMetrics metrics_{codePage_};
     QtPrinters printers_{messages_, files_, codePage_};
     PrintRecorder surface_{metrics_, printers_};

@@ -5,6 +5,7 @@
 
 #include <QTest>
 
+#include "support/SamePaths.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora::test {
@@ -37,8 +38,7 @@ class QtSoundTest : public testing::Test {
         list.reserve(players.size());
         for (const std::string& player : players)
             list.push_back({QString::fromStdString(player), {QStringLiteral("-q")}});
-        return std::make_unique<QtSound>([](const std::string& same) { return same; }, list,
-                                         [this] { ++beeps; });
+        return std::make_unique<QtSound>(test::samePaths(), list, [this] { ++beeps; });
     }
 
     TemporaryFolder folder;

@@ -7,8 +7,8 @@
 
 #include "core/DataLocations.h"
 #include "forms/Widgets.h"
-#include "platform/PosixFiles.h"
 #include "platform/controls/SSDay.h"
+#include "platform/files/PosixFiles.h"
 #include "support/PlannerFixture.h"
 
 namespace velmora::test {
@@ -38,12 +38,7 @@ class WeekataGlanceTest : public testing::Test, protected PlannerFixture {
 
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    WeekLoad load{locations,
-                  [this](const std::string& each) { return files.nativePath(each); },
-                  CodePage::western(),
-                  SSMonth1,
-                  clock,
-                  formats};
+    WeekLoad load{locations, files, CodePage::western(), SSMonth1, clock, formats};
     WeekataGlance form{load, CodePage::western()};
 };
 

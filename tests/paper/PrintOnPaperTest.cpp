@@ -2,8 +2,8 @@
 
 #include "paper/PrintShop.h"
 #include "platform/Failure.h"
-#include "platform/PosixFiles.h"
 #include "platform/PrintRecorder.h"
+#include "platform/files/PosixFiles.h"
 #include "platform/qt/QtPrintMetrics.h"
 #include "platform/qt/QtPrinters.h"
 #include "support/FakeMessages.h"

@@ -11,7 +11,7 @@
 #include "phonebook/EntryWriter.h"
 #include "phonebook/ListLine.h"
 #include "platform/Failure.h"
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 #include "support/ChildProcess.h"
 #include "support/FakeMessages.h"
 #include "support/MemorySettings.h"

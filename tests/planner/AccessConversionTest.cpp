@@ -13,6 +13,7 @@
 #include "support/FakeAccessReader.h"
 #include "support/FakeMessages.h"
 #include "support/PlannerFixture.h"
+#include "support/SamePaths.h"
 
 namespace velmora {
 namespace {
@@ -51,7 +52,7 @@ class AccessConversionTest : public testing::Test {
 };
 
 TEST_F(AccessConversionTest, CopiesAllRowsWithTheirSixColumns) {
-    EXPECT_EQ(conversion.convert(path), "qel.access-original.mdb");
+    EXPECT_EQ(conversion.convert(NativePath(path)), "qel.access-original.mdb");
     EXPECT_THAT(reader.asked, ElementsAre("Appoint"));
     EXPECT_THAT(
         test::rawRows(path),
@@ -64,14 +65,14 @@ TEST_F(AccessConversionTest, CopiesAllRowsWithTheirSixColumns) {
 }
 
 TEST_F(AccessConversionTest, KeepsTheOriginalBesideIt) {
-    (void)conversion.convert(path);
+    (void)conversion.convert(NativePath(path));
     EXPECT_EQ(folder.read("qel.access-original.mdb"), kAccessFile);
     EXPECT_THAT(names(), ElementsAre("qel.access-original.mdb", "qel.mdb"));
 }
 
 TEST_F(AccessConversionTest, KeepsEarlierOriginalsToo) {
     folder.write("qel.access-original.mdb", "earlier");
-    EXPECT_EQ(conversion.convert(path), "qel.access-original-2.mdb");
+    EXPECT_EQ(conversion.convert(NativePath(path)), "qel.access-original-2.mdb");
     EXPECT_EQ(folder.read("qel.access-original.mdb"), "earlier");
     EXPECT_EQ(folder.read("qel.access-original-2.mdb"), kAccessFile);
 }
@@ -84,7 +85,7 @@ TEST_F(AccessConversionTest, TurnsTypedTimesAndTextualDatesIntoOurs) {
     reader.rows = {{"1", "3/9/01 2:05:07 PM", "03/09/98", "1899-12-30 00:05:00",
                     "1899-12-30 14:05:00", "a", "Event"},
                    {"2", "some time", "some day", "1899-12-30 12:00:00", std::nullopt, "b", ""}};
-    (void)conversion.convert(path);
+    (void)conversion.convert(NativePath(path));
     EXPECT_THAT(test::rawRows(path),
                 ElementsAre(RawRow{"2001-03-09 14:05:07", "1998-03-09", "12:05 AM", "02:05 PM", "a",
                                    "Event"},
@@ -93,7 +94,7 @@ TEST_F(AccessConversionTest, TurnsTypedTimesAndTextualDatesIntoOurs) {
 
 TEST_F(AccessConversionTest, ConvertsAnEmptyTable) {
     reader.rows.clear();
-    (void)conversion.convert(path);
+    (void)conversion.convert(NativePath(path));
     EXPECT_THAT(test::rawRows(path), IsEmpty());
 }
 
@@ -115,7 +116,7 @@ TEST_F(AccessConversionTest, ChangesNothingWhenTheFileCanNotBeRead) {
     for (const auto& trouble : troubles) {
         reader = before;
         trouble();
-        EXPECT_THROW((void)conversion.convert(path), Failure);
+        EXPECT_THROW((void)conversion.convert(NativePath(path)), Failure);
         EXPECT_EQ(folder.read("qel.mdb"), kAccessFile);
         EXPECT_THAT(names(), ElementsAre("qel.mdb"));
     }
@@ -124,11 +125,11 @@ TEST_F(AccessConversionTest, ChangesNothingWhenTheFileCanNotBeRead) {
 TEST_F(AccessConversionTest, LeavesAFileAloneThatAnotherCopyConverts) {
     test::ChildOfTest first([&](const auto& report) {
         reader.atEnd = [&] { report('e'); };
-        (void)conversion.convert(path);
+        (void)conversion.convert(NativePath(path));
     });
     ASSERT_EQ(first.nextReport(), 'e');
     reader.damaged = true;  // nothing may be read a second time
-    EXPECT_EQ(conversion.convert(path), "");
+    EXPECT_EQ(conversion.convert(NativePath(path)), "");
     EXPECT_TRUE(first.wait());
     EXPECT_EQ(test::rawRows(path).size(), 3U);
     EXPECT_THAT(names(), ElementsAre("qel.access-original.mdb", "qel.mdb"));
@@ -141,13 +142,13 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBetweenRows) {
                 if (i == last)
                     ::raise(SIGKILL);
             };
-            (void)conversion.convert(path);
+            (void)conversion.convert(NativePath(path));
         });
         EXPECT_FALSE(child.wait());
         EXPECT_EQ(folder.read("qel.mdb"), kAccessFile);
         EXPECT_FALSE(folder.has("qel.access-original.mdb"));
     }
-    EXPECT_EQ(conversion.convert(path), "qel.access-original.mdb");
+    EXPECT_EQ(conversion.convert(NativePath(path)), "qel.access-original.mdb");
     EXPECT_EQ(test::rawRows(path).size(), 3U);
     EXPECT_THAT(names(), ElementsAre("qel.access-original.mdb", "qel.mdb"));
 }
@@ -157,7 +158,7 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBehindTheRows) {
     for (int round = 0; round < 30; ++round) {
         test::ChildOfTest child([&](const auto& report) {
             reader.atEnd = [&] { report('e'); };
-            (void)conversion.convert(path);
+            (void)conversion.convert(NativePath(path));
             report('d');
         });
         ASSERT_EQ(child.nextReport(), 'e');
@@ -168,7 +169,7 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBehindTheRows) {
         for (int i = 0; i < round * 100; ++i)
             std::this_thread::yield();
         child.kill();
-        if (kindOfDatabase(path) == DatabaseKind::Planner) {
+        if (kindOfDatabase(NativePath(path)) == DatabaseKind::Planner) {
             ++converted;
             ASSERT_EQ(test::rawRows(path).size(), 3U);
             ASSERT_TRUE(folder.has("qel.access-original.mdb"));
@@ -190,10 +191,8 @@ class PlannerOpenerTest : public AccessConversionTest {
   protected:
     test::FakeClock clock;
     test::FakeMessages messages;
-    PlannerOpener opener{reader, messages, CodePage::western(),
-                         [](const std::string& same) { return same; }};
-    AppointmentStore store{CodePage::western(), clock,
-                           [](const std::string& same) { return same; }};
+    PlannerOpener opener{reader, messages, CodePage::western(), test::samePaths()};
+    AppointmentStore store{CodePage::western(), clock, test::samePaths()};
 };
 
 TEST_F(PlannerOpenerTest, ConvertsAndTellsTheUserOnce) {

@@ -5,6 +5,7 @@
 #include "planner/AppointmentStore.h"
 #include "support/ChildOfTest.h"
 #include "support/PlannerFixture.h"
+#include "support/SamePaths.h"
 
 namespace velmora {
 namespace {
@@ -13,9 +14,7 @@ namespace {
 void addRows(const std::string& path, const std::string& name, int count,
              const std::function<void(char)>& stored) {
     const test::FakeClock clock;
-    AppointmentStore store(
-        CodePage::western(), clock, [](const std::string& same) { return same; },
-        std::chrono::seconds(60));
+    AppointmentStore store(CodePage::western(), clock, test::samePaths(), std::chrono::seconds(60));
     store.OpenDatabase(path);
     for (int i = 0; i < count; ++i) {
         store.AddNew();
@@ -28,7 +27,7 @@ void addRows(const std::string& path, const std::string& name, int count,
 }
 
 bool isSound(const std::string& path) {
-    sqlite::Database database(path, sqlite::Access::ReadWrite);
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
     auto check = database.prepare("PRAGMA integrity_check");
     return check.step() && check.text(0) == "ok";
 }
@@ -36,7 +35,7 @@ bool isSound(const std::string& path) {
 TEST(AppointmentCrash, LeavesEveryRowThatWasStored) {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("qel.mdb");
-    layDownDatabase(path);
+    layDownDatabase(NativePath(path));
     std::size_t stored = 0;
     for (int round = 0; round < 8; ++round) {
         test::ChildOfTest child(
@@ -58,7 +57,7 @@ TEST(AppointmentCrash, LeavesEveryRowThatWasStored) {
 TEST(AppointmentCrash, LosesNoRowOfTwoWriters) {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("qel.mdb");
-    layDownDatabase(path);
+    layDownDatabase(NativePath(path));
     {
         test::ChildOfTest first([&](const auto&) { addRows(path, "a", 100, [](char) {}); });
         test::ChildOfTest second([&](const auto&) { addRows(path, "b", 100, [](char) {}); });

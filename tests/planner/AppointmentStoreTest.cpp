@@ -7,6 +7,7 @@
 
 #include "platform/Failure.h"
 #include "support/PlannerFixture.h"
+#include "support/SamePaths.h"
 
 namespace velmora {
 namespace {
@@ -76,7 +77,7 @@ TEST_F(AppointmentStoreTest, GivesRowsInTheOrderOfTheirCreation) {
 }
 
 TEST_F(AppointmentStoreTest, GivesManyRowsEachOnce) {
-    sqlite::Database database(path, sqlite::Access::ReadWrite);
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
     database.execute(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
         "INSERT INTO appoint SELECT NULL, '2026-03-12', '', '', i, '' FROM n");
@@ -266,7 +267,7 @@ TEST_F(AppointmentStoreTest, WritesOnlyTheColumnsThatWerePut) {
     store.Edit();
     store.Put(Column::Desc, "changed");
     {
-        sqlite::Database other(path, sqlite::Access::ReadWrite);
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
         other.execute("UPDATE appoint SET BeginTime = '07:00 AM'");
     }
     store.Update();
@@ -293,7 +294,7 @@ TEST_F(AppointmentStoreTest, FailsWhenTheRowIsGone) {
     store.Refresh();
     store.Edit();
     store.Put(Column::Desc, "changed");
-    sqlite::Database(path, sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
     EXPECT_THROW(store.Update(), Failure);
     EXPECT_THROW(store.Delete(), Failure);
     EXPECT_THAT(rows(), IsEmpty());
@@ -326,7 +327,8 @@ TEST_F(AppointmentStoreTest, HoldsNoLockInTheMiddleOfItsRows) {
     store.SelectAll();
     store.Refresh();
     store.MoveNext();
-    sqlite::Database other(path, sqlite::Access::ReadWrite, std::chrono::milliseconds(1));
+    sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite,
+                           std::chrono::milliseconds(1));
     EXPECT_NO_THROW(other.execute("BEGIN EXCLUSIVE; DELETE FROM appoint; COMMIT"));
 }
 
@@ -342,7 +344,7 @@ TEST_F(AppointmentStoreTest, HasNoRowsWithoutItsFileAndMakesNone) {
 TEST_F(AppointmentStoreTest, FindsAFileThatComesLater) {
     store.OpenDatabase(folder.file("late.mdb"));
     EXPECT_THAT(allTexts(), IsEmpty());
-    layDownDatabase(folder.file("late.mdb"));
+    layDownDatabase(NativePath(folder.file("late.mdb")));
     test::addRawRow(folder.file("late.mdb"), rowOn("2026-03-12", 1, "late"));
     EXPECT_THAT(allTexts(), ElementsAre("late"));
 }
@@ -368,7 +370,8 @@ TEST_F(AppointmentStoreTest, NeverTouchesAFileThatIsNotItsOwn) {
 
 TEST_F(AppointmentStoreTest, NeverTouchesADatabaseWithoutTheTable) {
     {
-        sqlite::Database database(folder.file("strange.mdb"), sqlite::Access::ReadWriteOrCreate);
+        sqlite::Database database(NativePath(folder.file("strange.mdb")),
+                                  sqlite::Access::ReadWriteOrCreate);
         database.execute("PRAGMA journal_mode = WAL; CREATE TABLE other (a)");
     }
     const std::string before = folder.read("strange.mdb");
@@ -382,7 +385,7 @@ TEST_F(AppointmentStoreTest, NeverTouchesADatabaseWithoutTheTable) {
 TEST_F(AppointmentStoreTest, HasNoRowsWhileAnotherHoldsTheFile) {
     add(rowOn("2026-03-12", 1, "a"));
     {
-        sqlite::Database other(path, sqlite::Access::ReadWrite);
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
         other.execute("BEGIN EXCLUSIVE");
         EXPECT_THAT(allTexts(), IsEmpty());
         store.AddNew();
@@ -418,7 +421,7 @@ TEST_F(AppointmentStoreTest, ReadsAFileThatMayNotBeWritten) {
 TEST_F(AppointmentStoreTest, GoesToTheNewFileWhenItsOwnIsReplaced) {
     add(rowOn("2026-03-12", 1, "old"));
     EXPECT_THAT(allTexts(), ElementsAre("old"));
-    layDownDatabase(folder.file("new.mdb"));
+    layDownDatabase(NativePath(folder.file("new.mdb")));
     test::addRawRow(folder.file("new.mdb"), rowOn("2026-03-12", 1, "new"));
     std::filesystem::rename(path, folder.file("before.mdb"));
     std::filesystem::rename(folder.file("new.mdb"), path);
@@ -433,7 +436,7 @@ TEST_F(AppointmentStoreTest, ChangesNoRowOfAFileThatCameMeanwhile) {
     store.Refresh();
     store.Edit();
     store.Put(Column::Desc, "changed");
-    layDownDatabase(folder.file("new.mdb"));
+    layDownDatabase(NativePath(folder.file("new.mdb")));
     test::addRawRow(folder.file("new.mdb"), rowOn("2026-03-12", 1, "another's"));
     std::filesystem::rename(folder.file("new.mdb"), path);
     EXPECT_THROW(store.Update(), Failure);
@@ -443,7 +446,8 @@ TEST_F(AppointmentStoreTest, ChangesNoRowOfAFileThatCameMeanwhile) {
 
 TEST_F(AppointmentStoreTest, LeavesNoTransactionOpenAfterAWrite) {
     addNew("3/12/26", "a");
-    sqlite::Database other(path, sqlite::Access::ReadWrite, std::chrono::milliseconds(1));
+    sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite,
+                           std::chrono::milliseconds(1));
     EXPECT_NO_THROW(other.execute("INSERT INTO appoint DEFAULT VALUES"));
     EXPECT_FALSE(folder.has("qel.mdb-journal"));
     EXPECT_FALSE(folder.has("qel.mdb-wal"));
@@ -469,7 +473,7 @@ TEST_F(AppointmentStoreTest, GivesTheStylesOfEachDayInTheOrderOfTheirLastRow) {
 TEST_F(AppointmentStoreTest, ServesTwoCursorsThatDoNotMoveEachOther) {
     add(rowOn("2026-03-12", 1, "a"));
     add(rowOn("2026-03-12", 2, "b"));
-    AppointmentStore second(CodePage::western(), clock, [](const std::string& p) { return p; });
+    AppointmentStore second(CodePage::western(), clock, test::samePaths());
     second.OpenDatabase(path);
     store.SelectAll();
     store.Refresh();

@@ -20,7 +20,7 @@ constexpr int kAlarms = 200;
 class ReportingSettings final : public SettingsMedium {
   public:
     ReportingSettings(const std::string& path, const test::ChildOfTest::Report& report)
-        : real_(path), report_(report) {}
+        : real_(NativePath(path)), report_(report) {}
 
     [[nodiscard]] std::string read(std::string_view key) const override { return real_.read(key); }
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override {
@@ -47,7 +47,7 @@ NumberedList alarmsIn(SettingsStore& settings) {
 
 // One text of the whole list, count included.
 std::string contentsOf(const std::string& path) {
-    SqliteSettings medium(path);
+    SqliteSettings medium{NativePath(path)};
     if (medium.putAside())
         return "damaged";
     SettingsStore settings(medium);
@@ -58,7 +58,7 @@ std::string contentsOf(const std::string& path) {
 }
 
 void makeAlarms(const std::string& path) {
-    SqliteSettings medium(path);
+    SqliteSettings medium{NativePath(path)};
     SettingsStore settings(medium);
     NumberedList list = alarmsIn(settings);
     settings.batch([&] {
@@ -109,10 +109,10 @@ TEST(NumberedListCrash, LeavesTheListOfBeforeOrAfterARewriteThatIsKilled) {
 TEST(NumberedListCrash, TwoProgramsLoseNoAlarmOfEachOther) {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("settings.db");
-    { const SqliteSettings made(path); }
+    { const SqliteSettings made{NativePath(path)}; }
     const auto append = [&](const std::string& name) {
         return [&path, name](const auto&) {
-            SqliteSettings medium(path);
+            SqliteSettings medium{NativePath(path)};
             SettingsStore settings(medium);
             for (int i = 0; i < 100; ++i)
                 alarmsIn(settings).append("10:00", name);
@@ -124,7 +124,7 @@ TEST(NumberedListCrash, TwoProgramsLoseNoAlarmOfEachOther) {
         EXPECT_TRUE(first.wait());
         EXPECT_TRUE(second.wait());
     }
-    SqliteSettings medium(path);
+    SqliteSettings medium{NativePath(path)};
     SettingsStore settings(medium);
     int found[2] = {0, 0};
     for (const NumberedEntry& entry : alarmsIn(settings).entries())

@@ -19,27 +19,27 @@ class PlannerDatabaseFile : public testing::Test {
 };
 
 TEST_F(PlannerDatabaseFile, IsToldByItsFirstBytes) {
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Missing);
-    EXPECT_EQ(kindOfDatabase(folder.path()), DatabaseKind::Missing);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Missing);
+    EXPECT_EQ(kindOfDatabase(NativePath(folder.path())), DatabaseKind::Missing);
     folder.write("qel.mdb", "");
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Foreign);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Foreign);
     folder.write("qel.mdb", "SQLite");
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Foreign);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Foreign);
     folder.write("qel.mdb", "SQLite format 3\0"s + std::string(500, '\0'));
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Planner);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Planner);
     folder.write("qel.mdb", "\0\1\0\0Standard Jet DB\0"s);
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Access);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Access);
     folder.write("qel.mdb", "\0\1\0\0Standard ACE DB\0"s);
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Access);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Access);
     folder.write("qel.mdb", "\0\1\0\0Standard Jet D"s);
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Foreign);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Foreign);
     folder.write("qel.mdb", "Standard Jet DB");
-    EXPECT_EQ(kindOfDatabase(path), DatabaseKind::Foreign);
+    EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Foreign);
 }
 
 TEST_F(PlannerDatabaseFile, IsLaidDownWithSixColumnsAndTwoIndexes) {
-    layDownDatabase(path);
-    sqlite::Database database(path, sqlite::Access::ReadOnly);
+    layDownDatabase(NativePath(path));
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadOnly);
     auto columns = database.prepare("SELECT name, type, pk FROM pragma_table_info('appoint')");
     for (const char* name : {"TagVariant", "Date", "BeginTime", "EndTime", "Desc", "StyleSet"}) {
         ASSERT_TRUE(columns.step());
@@ -64,12 +64,12 @@ TEST_F(PlannerDatabaseFile, IsLaidDownWithSixColumnsAndTwoIndexes) {
 
 TEST_F(PlannerDatabaseFile, IsNeverLaidDownOverAnother) {
     folder.write("qel.mdb", "something else");
-    layDownDatabase(path);
+    layDownDatabase(NativePath(path));
     EXPECT_EQ(folder.read("qel.mdb"), "something else");
 }
 
 TEST_F(PlannerDatabaseFile, LeavesNothingBesideIt) {
-    layDownDatabase(path);
+    layDownDatabase(NativePath(path));
     std::size_t files = 0;
     for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder.path()))
         ++files;
@@ -77,7 +77,7 @@ TEST_F(PlannerDatabaseFile, LeavesNothingBesideIt) {
 }
 
 TEST_F(PlannerDatabaseFile, IsNotLaidDownWithoutItsFolder) {
-    EXPECT_THROW(layDownDatabase(folder.file("missing/qel.mdb")), Failure);
+    EXPECT_THROW(layDownDatabase(NativePath(folder.file("missing/qel.mdb"))), Failure);
 }
 
 }  // namespace

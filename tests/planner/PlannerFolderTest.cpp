@@ -6,7 +6,7 @@
 
 #include "planner/PlannerDatabaseMove.h"
 #include "platform/Failure.h"
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 #include "support/FakeAccessReader.h"
 #include "support/FakeMessages.h"
 #include "support/PlannerFixture.h"
@@ -26,12 +26,12 @@ class DatabaseCopy : public testing::Test {
   protected:
     DatabaseCopy() {
         std::filesystem::create_directory(folder.file("to"));
-        layDownDatabase(from);
+        layDownDatabase(NativePath(from));
         test::addRawRow(from, rowOn("2026-03-12", 1, "own"));
     }
 
     void layDownTarget(const std::string& text) const {
-        layDownDatabase(to);
+        layDownDatabase(NativePath(to));
         test::addRawRow(to, rowOn("2026-03-12", 1, text));
     }
 
@@ -52,36 +52,36 @@ class DatabaseCopy : public testing::Test {
 };
 
 TEST_F(DatabaseCopy, ArrivesWhole) {
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_EQ(folder.read("to/qel.mdb"), folder.read("qel.mdb"));
     EXPECT_EQ(filesInTarget(), 1U);
 }
 
 TEST_F(DatabaseCopy, ReplacesWhatIsThereAndKeepsOneGeneration) {
     layDownTarget("first");
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_EQ(textIn(to), "own");
     EXPECT_EQ(textIn(previous), "first");
     std::filesystem::remove(to);
     layDownTarget("second");
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_EQ(textIn(previous), "second");
     EXPECT_EQ(filesInTarget(), 2U);
 }
 
 TEST_F(DatabaseCopy, KeepsTheGenerationWhenNothingHasChanged) {
     layDownTarget("shared");
-    copyPlannerDatabase(from, to);
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_EQ(textIn(previous), "shared");
 }
 
 TEST_F(DatabaseCopy, LeavesOneFileWithTwoNamesAlone) {
     std::filesystem::create_hard_link(from, to);
-    copyPlannerDatabase(from, to);
-    copyPlannerDatabase(from, folder.path() + "/./qel.mdb");
+    copyPlannerDatabase(NativePath(from), NativePath(to));
+    copyPlannerDatabase(NativePath(from), NativePath(folder.path() + "/./qel.mdb"));
     std::filesystem::create_symlink(from, folder.file("link.mdb"));
-    copyPlannerDatabase(folder.file("link.mdb"), from);
+    copyPlannerDatabase(NativePath(folder.file("link.mdb")), NativePath(from));
     EXPECT_EQ(textIn(from), "own");
     EXPECT_EQ(filesInTarget(), 1U);
 }
@@ -89,7 +89,7 @@ TEST_F(DatabaseCopy, LeavesOneFileWithTwoNamesAlone) {
 TEST_F(DatabaseCopy, RemovesAJournalLeftBesideTheReplacedFile) {
     layDownTarget("shared");
     folder.write("to/qel.mdb-journal", "left behind by a crash");
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_FALSE(folder.has("to/qel.mdb-journal"));
     EXPECT_EQ(textIn(to), "own");
 }
@@ -97,22 +97,23 @@ TEST_F(DatabaseCopy, RemovesAJournalLeftBesideTheReplacedFile) {
 TEST_F(DatabaseCopy, TakesNothingButAPlannerDatabase) {
     layDownTarget("shared");
     folder.write("qel.mdb", "noise");
-    EXPECT_THROW(copyPlannerDatabase(from, to), Failure);
+    EXPECT_THROW(copyPlannerDatabase(NativePath(from), NativePath(to)), Failure);
     std::filesystem::remove(from);
-    EXPECT_THROW(copyPlannerDatabase(from, to), Failure);
+    EXPECT_THROW(copyPlannerDatabase(NativePath(from), NativePath(to)), Failure);
     EXPECT_EQ(textIn(to), "shared");
     EXPECT_EQ(filesInTarget(), 1U);
 }
 
 TEST_F(DatabaseCopy, KeepsAForeignFileThatItReplaces) {
     folder.write("to/qel.mdb", "foreign");
-    copyPlannerDatabase(from, to);
+    copyPlannerDatabase(NativePath(from), NativePath(to));
     EXPECT_EQ(textIn(to), "own");
     EXPECT_EQ(folder.read("to/qel.previous.mdb"), "foreign");
 }
 
 TEST_F(DatabaseCopy, FailsWithoutTheTargetsFolder) {
-    EXPECT_THROW(copyPlannerDatabase(from, folder.file("nowhere/qel.mdb")), Failure);
+    EXPECT_THROW(copyPlannerDatabase(NativePath(from), NativePath(folder.file("nowhere/qel.mdb"))),
+                 Failure);
 }
 
 class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
@@ -124,7 +125,7 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     }
 
     void share(const std::string& text) const {
-        layDownDatabase(shared);
+        layDownDatabase(NativePath(shared));
         test::addRawRow(shared, rowOn("2026-03-12", 1, text));
     }
 
@@ -134,13 +135,10 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     test::FakeMessages messages;
     test::FakeAccessReader reader;
     PosixFiles files{NativePaths(CodePage::western())};
-    AppointmentStore store{CodePage::western(), clock,
-                           [this](const std::string& p) { return files.nativePath(p); },
-                           std::chrono::milliseconds(50)};
+    AppointmentStore store{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    PlannerOpener opener{reader, messages, CodePage::western(),
-                         [this](const std::string& p) { return files.nativePath(p); }};
+    PlannerOpener opener{reader, messages, CodePage::western(), files};
     PlannerFolder plannerFolder{locations, opener, store, planner, desk, messages};
 
     void SetUp() override {

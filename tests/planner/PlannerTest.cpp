@@ -137,7 +137,7 @@ TEST_F(PlannerTest, GivesTheSameColoursAsAWalkOverAllRows) {
     std::map<std::string, std::string> expected;
     unsigned random = 12345;
     {
-        sqlite::Database database(path, sqlite::Access::ReadWrite);
+        sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
         sqlite::Transaction transaction(database);
         auto insert = database.prepare(
             R"(INSERT INTO appoint ("Date", "StyleSet") VALUES (?1, nullif(?2, 'NULL')))");
@@ -278,7 +278,7 @@ TEST_F(PlannerTest, LandsOnTheFirstRowOfTheDayWhenTheRowIsGone) {
     add(rowOn("2026-03-12", 1, "first"));
     add(rowOn("2026-03-12", 2, "gone"));
     show("03/12/2026");
-    sqlite::Database(path, sqlite::Access::ReadWrite)
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite)
         .execute("DELETE FROM appoint WHERE \"Desc\" = 'gone'");
     change(1, "changed");
     ASSERT_EQ(rows().size(), 1U);
@@ -289,7 +289,7 @@ TEST_F(PlannerTest, LandsOnTheFirstRowOfTheDayWhenTheRowIsGone) {
 TEST_F(PlannerTest, WritesNothingWhenAllRowsOfTheDayAreGone) {
     add(rowOn("2026-03-12", 1, "a"));
     show("03/12/2026");
-    sqlite::Database(path, sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
     change(0, "changed");
     EXPECT_THAT(rows(), IsEmpty());
 }
@@ -328,7 +328,7 @@ TEST_F(PlannerTest, RemovesNothingForABlockWithoutATag) {
 TEST_F(PlannerTest, TakesTheTagBackWhenANewRowCanNotBeStored) {
     show("03/12/2026");
     {
-        sqlite::Database other(path, sqlite::Access::ReadWrite);
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
         other.execute("BEGIN IMMEDIATE");
         create("09:00 AM", "10:00 AM", "a");
     }

@@ -311,7 +311,7 @@ TEST_F(SchedulingTest, CreatesNothingOnceItIsGone) {
 }
 
 TEST_F(SchedulingTest, FailsOnAnEmptyTableWithTheDateReferenceWritten) {
-    sqlite::Database(path, sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite).execute("DELETE FROM appoint");
     scheduling->Start(ScheduleCommand::Meeting);
     run(ScheduleCommand::Call, "Doe, Jane");
     EXPECT_THAT(rows(), IsEmpty());
@@ -323,7 +323,8 @@ TEST_F(SchedulingTest, FailsOnAnEmptyTableWithTheDateReferenceWritten) {
 }
 
 TEST_F(SchedulingTest, TakesATableWithADatelessRowForNotEmpty) {
-    sqlite::Database(path, sqlite::Access::ReadWrite).execute("UPDATE appoint SET \"Date\" = NULL");
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite)
+        .execute("UPDATE appoint SET \"Date\" = NULL");
     run(ScheduleCommand::Call, "Doe, Jane");
     EXPECT_EQ(rows().size(), 2U);
     EXPECT_THAT(scheduleDesk.ended, IsEmpty());

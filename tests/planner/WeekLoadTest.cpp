@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "core/DataLocations.h"
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 #include "support/FakeWeekView.h"
 #include "support/PlannerFixture.h"
 
@@ -36,12 +36,7 @@ class WeekLoadTest : public testing::Test, protected test::PlannerFixture {
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
     test::FakeWeekView view;
-    WeekLoad week{locations,
-                  [this](const std::string& each) { return files.nativePath(each); },
-                  CodePage::western(),
-                  SSMonth1,
-                  clock,
-                  formats};
+    WeekLoad week{locations, files, CodePage::western(), SSMonth1, clock, formats};
 };
 
 TEST_F(WeekLoadTest, TitleAndCaptionsNameTheSelectedDayAndTheSixBehindIt) {
@@ -145,7 +140,7 @@ TEST_F(WeekLoadTest, AForeignFileLeavesSixEmptyDaysAndStaysAsItIs) {
 
 TEST_F(WeekLoadTest, ReadsTheDatabaseThatTheSettingNamesNow) {
     std::filesystem::create_directory(folder.file("shared"));
-    layDownDatabase(folder.file("shared/qel.mdb"));
+    layDownDatabase(NativePath(folder.file("shared/qel.mdb")));
     test::addRawRow(folder.file("shared/qel.mdb"), rowOn("2026-03-13", 1, "shared"));
     add(rowOn("2026-03-13", 1, "own"));
     load();
@@ -170,7 +165,7 @@ TEST_F(WeekLoadTest, LeavesThePlannersOwnCursorAlone) {
 TEST_F(WeekLoadTest, KeepsNoFileOpen) {
     load();
     std::filesystem::rename(path, folder.file("moved.mdb"));
-    layDownDatabase(path);
+    layDownDatabase(NativePath(path));
     add(rowOn("2026-03-13", 1, "in the new file"));
     load();
     EXPECT_THAT(allTexts(), ElementsAre("1 in the new file"));

@@ -19,7 +19,7 @@ class SqliteSettingsTest : public ::testing::Test {
 };
 
 TEST_F(SqliteSettingsTest, AKeyThatWasNeverWrittenReadsAsNothing) {
-    const SqliteSettings settings(path);
+    const SqliteSettings settings{NativePath(path)};
     EXPECT_EQ(settings.read("White"), "");
 }
 
@@ -28,17 +28,17 @@ TEST_F(SqliteSettingsTest, ValuesOfAnyBytesComeBackAfterReopening) {
     for (int byte = 0; byte < 256; ++byte)
         allBytes += static_cast<char>(byte);
     {
-        SqliteSettings settings(path);
+        SqliteSettings settings{NativePath(path)};
         settings.save("Tasks\\1", allBytes);
         settings.save("Empty", "");
     }
-    const SqliteSettings settings(path);
+    const SqliteSettings settings{NativePath(path)};
     EXPECT_EQ(settings.read("Tasks\\1"), allBytes);
     EXPECT_EQ(settings.read("Empty"), "");
 }
 
 TEST_F(SqliteSettingsTest, TheCaseOfAKeyDoesNotCount) {
-    SqliteSettings settings(path);
+    SqliteSettings settings{NativePath(path)};
     settings.save("EMailSettings", "/n");
     EXPECT_EQ(settings.read("EmailSettings"), "/n");
     settings.save("emailsettings", "/m");
@@ -48,7 +48,7 @@ TEST_F(SqliteSettingsTest, TheCaseOfAKeyDoesNotCount) {
 }
 
 TEST_F(SqliteSettingsTest, ABackslashInAKeyMeansNothing) {
-    SqliteSettings settings(path);
+    SqliteSettings settings{NativePath(path)};
     settings.save("Tasks", "a");
     settings.save("Tasks\\NumTasks", "2");
     settings.remove("Tasks");
@@ -56,7 +56,7 @@ TEST_F(SqliteSettingsTest, ABackslashInAKeyMeansNothing) {
 }
 
 TEST_F(SqliteSettingsTest, ReadsAllKeysThatBeginAlikeByKey) {
-    SqliteSettings settings(path);
+    SqliteSettings settings{NativePath(path)};
     for (const char* key : {"Monthly\\1\\2M", "Monthly\\1\\1M", "MONTHLY\\1\\NumTasks",
                             "Monthly\\11\\1M", "Monthly\\", "Monthly]", "Monthlz"})
         settings.save(key, std::string("of ") + key + '\0');
@@ -72,8 +72,8 @@ TEST_F(SqliteSettingsTest, ReadsAllKeysThatBeginAlikeByKey) {
 }
 
 TEST_F(SqliteSettingsTest, ReadingLeavesTheOtherCopyFreeToWrite) {
-    SqliteSettings first(path);
-    SqliteSettings second(path);
+    SqliteSettings first{NativePath(path)};
+    SqliteSettings second{NativePath(path)};
     first.save("Tasks\\1", "a");
     first.save("Weekly", "b");
     EXPECT_EQ(first.read("Tasks\\1"), "a");
@@ -83,7 +83,7 @@ TEST_F(SqliteSettingsTest, ReadingLeavesTheOtherCopyFreeToWrite) {
 }
 
 TEST_F(SqliteSettingsTest, ABatchThatThrowsKeepsNothing) {
-    SqliteSettings settings(path);
+    SqliteSettings settings{NativePath(path)};
     settings.save("A", "old");
     EXPECT_THROW(settings.batch([&] {
         settings.save("A", "new");
@@ -99,9 +99,9 @@ TEST_F(SqliteSettingsTest, ABatchThatThrowsKeepsNothing) {
 
 TEST_F(SqliteSettingsTest, TwoCopiesOfTheProgramNeverLoseEachOthersKeys) {
     constexpr int kKeys = 300;
-    { const SqliteSettings made(path); }
+    { const SqliteSettings made{NativePath(path)}; }
     const auto saveAll = [&](const std::string& prefix) {
-        SqliteSettings settings(path);
+        SqliteSettings settings{NativePath(path)};
         for (int i = 0; i < kKeys; ++i)
             settings.save(prefix + std::to_string(i), "x");
     };
@@ -118,7 +118,7 @@ TEST_F(SqliteSettingsTest, TwoCopiesOfTheProgramNeverLoseEachOthersKeys) {
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_EQ(status, 0);
-    const SqliteSettings settings(path);
+    const SqliteSettings settings{NativePath(path)};
     for (int i = 0; i < kKeys; ++i) {
         EXPECT_EQ(settings.read("child" + std::to_string(i)), "x");
         EXPECT_EQ(settings.read("parent" + std::to_string(i)), "x");
@@ -127,7 +127,7 @@ TEST_F(SqliteSettingsTest, TwoCopiesOfTheProgramNeverLoseEachOthersKeys) {
 
 TEST_F(SqliteSettingsTest, ADamagedFileIsPutAsideAndSettingsBeginAnew) {
     folder.write("settings.db", std::string(5000, '\x5A'));
-    SqliteSettings settings(path);
+    SqliteSettings settings{NativePath(path)};
     ASSERT_TRUE(settings.putAside());
     EXPECT_EQ(folder.read("settings.db.damaged"), std::string(5000, '\x5A'));
     settings.save("A", "1");
@@ -135,7 +135,8 @@ TEST_F(SqliteSettingsTest, ADamagedFileIsPutAsideAndSettingsBeginAnew) {
 }
 
 TEST_F(SqliteSettingsTest, AFolderThatIsMissingIsAFailure) {
-    EXPECT_THROW(const SqliteSettings settings(folder.file("missing/settings.db")), Failure);
+    EXPECT_THROW(const SqliteSettings settings{NativePath(folder.file("missing/settings.db"))},
+                 Failure);
 }
 
 }  // namespace

@@ -12,12 +12,12 @@ namespace velmora::test {
 // Gives prepared tables and the rows of the one named `appoint`, whatever file is asked for.
 class FakeAccessReader final : public AccessTableReader {
   public:
-    [[nodiscard]] std::vector<AccessTable> tables(const std::string&) override {
+    [[nodiscard]] std::vector<AccessTable> tables(const NativePath&) override {
         if (damaged)
             throw Failure("The Access database is damaged and can not be read.");
         return described;
     }
-    void readRows(const std::string&, const std::string& table,
+    void readRows(const NativePath&, const std::string& table,
                   const std::function<void(const AccessRow&)>& take) override {
         asked.push_back(table);
         for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -14,6 +14,7 @@
 #include "support/FakePlannerControls.h"
 #include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
+#include "support/SamePaths.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora::test {
@@ -22,7 +23,7 @@ namespace velmora::test {
 using RawRow = std::array<std::string, kColumnCount>;
 
 inline std::vector<RawRow> rawRows(const std::string& path) {
-    sqlite::Database database(path, sqlite::Access::ReadOnly);
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadOnly);
     auto select = database.prepare("SELECT * FROM appoint ORDER BY rowid");
     std::vector<RawRow> rows;
     while (select.step()) {
@@ -37,7 +38,7 @@ inline std::vector<RawRow> rawRows(const std::string& path) {
 
 // Puts a row into the file past the store; "NULL" stands for Null.
 inline void addRawRow(const std::string& path, const RawRow& row) {
-    sqlite::Database database(path, sqlite::Access::ReadWrite);
+    sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
     auto insert = database.prepare("INSERT INTO appoint VALUES (?1, ?2, ?3, ?4, ?5, ?6)");
     for (std::size_t i = 0; i < kColumnCount; ++i) {
         const int parameter = static_cast<int>(i) + 1;
@@ -60,7 +61,7 @@ inline RawRow rowOn(const std::string& storedDate, int second, const std::string
 // A planner on a database in a folder of its own.
 struct PlannerFixture {
     PlannerFixture() {
-        layDownDatabase(path);
+        layDownDatabase(NativePath(path));
         store.OpenDatabase(path);
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
         SSYear1.onSelection = [this](const std::string& date) { planner.OnYearSelection(date); };
@@ -77,7 +78,7 @@ struct PlannerFixture {
     SettingsStore settings{medium};
     LocaleFormats formats;
     FakeStatusLine status;
-    AppointmentStore store{CodePage::western(), clock, [](const std::string& same) { return same; },
+    AppointmentStore store{CodePage::western(), clock, test::samePaths(),
                            std::chrono::milliseconds(50)};
     FakeDayControl SSDay1;
     FakeMonthControl SSMonth1;

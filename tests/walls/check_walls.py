@@ -18,7 +18,8 @@ FORM_PARTS = ["platform", "platform/qt", "platform/controls", "core", QT]
 # What the files of a folder may include, besides their own folder and the standard library.
 MAY_INCLUDE = {
     "platform": [],
-    "platform/sqlite": ["platform"],
+    "platform/files": ["platform"],
+    "platform/sqlite": ["platform", "platform/files"],
     "platform/access": ["platform"],
     "platform/qt": ["platform", QT],
     "platform/controls": ["platform", "platform/qt", "platform/controls/models", QT],
@@ -31,11 +32,11 @@ MAY_INCLUDE = {
 # may use core and platform. A form may use its own logic, and through it what that builds on.
 SUBSYSTEMS = {
     "phonebook": [],
-    "planner": ["platform/controls/models", "phonebook", "platform/sqlite"],
+    "planner": ["platform/controls/models", "phonebook", "platform/files", "platform/sqlite"],
     "telephony": ["phonebook"],
     "docpad": ["phonebook"],
     "reports": ["phonebook"],
-    "exchange": ["phonebook", "planner", "platform/sqlite"],
+    "exchange": ["phonebook", "planner", "platform/files", "platform/sqlite"],
     "accessories": [],
 }
 for subsystem, builds_on in SUBSYSTEMS.items():
@@ -54,6 +55,9 @@ SOURCES = (".h", ".cpp")
 FORBIDDEN = [
     (r"#\s*include\s*<QtWidgets>", r"\.(h|cpp)$", "include the headers of single classes"),
     (r"\{[^\n]*\bQ_OBJECT\b", r"\.h$", "Q_OBJECT stands on a line of its own"),
+    (r"#\s*include\s*<(sys/\w+|fcntl|unistd|dirent|poll|signal|pwd|grp|spawn|termios|dlfcn)\.h>"
+     r"|#\s*include\s*<(filesystem|fstream)>", r"^src/(?!platform/)",
+     "files and the system are behind platform/files"),
     (r"\bQMessageBox\b", r"^src/(?!platform/qt/|app/)", "ask and tell through Messages"),
     (r"\b(QSettings|QFile|QDir|QSaveFile)\b", r"^src/.*forms/", "forms touch no files or settings"),
     (r"\bstd::(toupper|tolower|isalpha|locale)\b|\bstrn?casecmp\b", r"^src/(?!platform/CodePage)",

@@ -95,6 +95,9 @@ class Words(TreeTest):
             ("src/app/A.h", "class A : public QObject { Q_OBJECT"),
             ("src/core/forms/A.cpp", "QMessageBox::warning(this);"),
             ("src/core/forms/A.cpp", "QFile file(name);"),
+            ("src/core/A.cpp", "#include <filesystem>"),
+            ("src/planner/A.cpp", "#include <sys/stat.h>"),
+            ("src/app/A.cpp", "#  include <fcntl.h>"),
             ("src/core/A.cpp", "c = std::toupper(c);"),
             ("src/core/A.cpp", "strcasecmp(a, b);"),
             ("tests/core/ATest.cpp", "std::this_thread::sleep_for(1s);"),
@@ -117,6 +120,7 @@ class Words(TreeTest):
     def test_innocent_words_are_not_found(self):
         self.write("src/core/A.cpp", "// Party 2.1, a special case: the scheduling of /dev/work\n")
         self.write("src/platform/qt/QtMessages.cpp", "QMessageBox box;\n")
+        self.write("src/platform/files/A.cpp", "#include <sys/stat.h>\n#include <filesystem>\n")
         self.write("tests/e2e/driver.py", "time.sleep(0.05)\n")
         self.assertEqual([], violations(self.root))
 

@@ -116,9 +116,9 @@ class RowCollector {
 ChildAccessReader::ChildAccessReader(std::string program, std::chrono::milliseconds patience)
     : program_(std::move(program)), patience_(patience) {}
 
-std::vector<AccessTable> ChildAccessReader::tables(const std::string& path) {
+std::vector<AccessTable> ChildAccessReader::tables(const NativePath& path) {
     std::vector<AccessTable> tables;
-    converse({program_, kReaderArgument, path}, patience_, [&](const Message& message) {
+    converse({program_, kReaderArgument, path.utf8()}, patience_, [&](const Message& message) {
         if (message.kind == MessageKind::Field)
             return addField(tables, message.text);
         if (message.kind != MessageKind::Table || tables.size() >= kMostTables ||
@@ -129,10 +129,10 @@ std::vector<AccessTable> ChildAccessReader::tables(const std::string& path) {
     return tables;
 }
 
-void ChildAccessReader::readRows(const std::string& path, const std::string& table,
+void ChildAccessReader::readRows(const NativePath& path, const std::string& table,
                                  const std::function<void(const AccessRow&)>& take) {
     RowCollector rows(take);
-    converse({program_, kReaderArgument, path, table}, patience_,
+    converse({program_, kReaderArgument, path.utf8(), table}, patience_,
              [&](const Message& message) { rows.add(message); });
     rows.finish();
 }

@@ -16,8 +16,8 @@ class ChildAccessReader final : public AccessTableReader {
     explicit ChildAccessReader(std::string program = "/proc/self/exe",
                                std::chrono::milliseconds patience = std::chrono::seconds(30));
 
-    [[nodiscard]] std::vector<AccessTable> tables(const std::string& path) override;
-    void readRows(const std::string& path, const std::string& table,
+    [[nodiscard]] std::vector<AccessTable> tables(const NativePath& path) override;
+    void readRows(const NativePath& path, const std::string& table,
                   const std::function<void(const AccessRow&)>& take) override;
 
   private:

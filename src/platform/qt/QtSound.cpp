@@ -32,13 +32,11 @@ bool isWaveFile(const QString& path) {
 
 }  // namespace
 
-QtSound::QtSound(ToSystemPath toSystemPath)
-    : QtSound(std::move(toSystemPath), usualPlayers(), [] { QApplication::beep(); }) {}
+QtSound::QtSound(const SystemPaths& paths)
+    : QtSound(paths, usualPlayers(), [] { QApplication::beep(); }) {}
 
-QtSound::QtSound(ToSystemPath toSystemPath, std::vector<Player> players, std::function<void()> beep)
-    : toSystemPath_(std::move(toSystemPath)),
-      players_(std::move(players)),
-      beep_(std::move(beep)) {}
+QtSound::QtSound(const SystemPaths& paths, std::vector<Player> players, std::function<void()> beep)
+    : paths_(paths), players_(std::move(players)), beep_(std::move(beep)) {}
 
 QtSound::~QtSound() {
     stop();
@@ -46,7 +44,7 @@ QtSound::~QtSound() {
 
 void QtSound::play(const std::string& path) {
     stop();
-    const QString file = QString::fromStdString(toSystemPath_(path));
+    const QString file = QString::fromStdString(paths_.nativePath(path).utf8());
     if (!isWaveFile(file))
         return beepThreeTimes();
     for (const Player& each : players_) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Sound.h"
+#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -25,13 +26,11 @@ class QtSound final : public QObject, public Sound {
         QStringList arguments;
     };
 
-    // Gives a code-page path as the system knows it, in UTF-8.
-    using ToSystemPath = std::function<std::string(const std::string& path)>;
-
-    explicit QtSound(ToSystemPath toSystemPath);
+    // `paths` must outlive this object.
+    explicit QtSound(const SystemPaths& paths);
 
     // With players and a beep of the caller's.
-    QtSound(ToSystemPath toSystemPath, std::vector<Player> players, std::function<void()> beep);
+    QtSound(const SystemPaths& paths, std::vector<Player> players, std::function<void()> beep);
     ~QtSound() override;
 
     void play(const std::string& path) override;
@@ -44,7 +43,7 @@ class QtSound final : public QObject, public Sound {
     void stop();
     void playerEnded(bool played);
 
-    ToSystemPath toSystemPath_;
+    const SystemPaths& paths_;
     std::vector<Player> players_;
     std::function<void()> beep_;
     std::unique_ptr<QProcess> player_;

@@ -27,16 +27,16 @@ void Database::Closer::operator()(sqlite3* handle) const {
     sqlite3_close_v2(handle);
 }
 
-Database::Database(const std::string& path, Access access, std::chrono::milliseconds patience) {
+Database::Database(const NativePath& path, Access access, std::chrono::milliseconds patience) {
     sqlite3* opened = nullptr;
     const int result =
         sqlite3_open_v2(path.c_str(), &opened, flagsFor(access) | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (!handle_)
-        throw Failure("The database \"" + path + "\" can not be opened: out of memory.");
+        throw Failure("The database \"" + path.utf8() + "\" can not be opened: out of memory.");
     if (result != SQLITE_OK)
-        throw Failure("The database \"" + path + "\" can not be opened: " + sqlite3_errmsg(opened) +
-                      ".");
+        throw Failure("The database \"" + path.utf8() +
+                      "\" can not be opened: " + sqlite3_errmsg(opened) + ".");
     sqlite3_extended_result_codes(opened, 1);
     sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
 }

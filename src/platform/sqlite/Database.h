@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/NativePath.h"
 #include "platform/sqlite/Statement.h"
 
 struct sqlite3;
@@ -22,10 +23,10 @@ enum class Access {
 // before it is.
 class Database {
   public:
-    // `path` is a path as the system knows it. Another program's lock is waited for up to
+    // Another program's lock is waited for up to
     // `patience` at each call. A file that is no database is told apart only by the first use.
     // Throws Failure when the file can not be opened.
-    Database(const std::string& path, Access access,
+    Database(const NativePath& path, Access access,
              std::chrono::milliseconds patience = std::chrono::seconds(5));
 
     // Runs one or more statements without parameters; rows they give are dropped. Throws Failure,

@@ -3,9 +3,9 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <filesystem>
 
 #include "platform/Failure.h"
+#include "platform/files/FileSteps.h"
 
 namespace velmora {
 namespace {
@@ -17,10 +17,10 @@ constexpr const char* kSchema =
     "  key TEXT PRIMARY KEY COLLATE NOCASE, value BLOB NOT NULL) WITHOUT ROWID;";
 
 // A name that is free: the path plus ".damaged", with a number behind it from the second on.
-std::string freeName(const std::string& path) {
-    std::string name = path + ".damaged";
-    for (int number = 2; std::filesystem::exists(name); ++number)
-        name = path + ".damaged-" + std::to_string(number);
+NativePath freeName(const NativePath& path) {
+    NativePath name = path.withEnding(".damaged");
+    for (int number = 2; isNameTaken(name); ++number)
+        name = path.withEnding(".damaged-" + std::to_string(number));
     return name;
 }
 
@@ -56,7 +56,7 @@ SqliteSettings::Statements::Statements(sqlite::Database& database)
                             "ON CONFLICT(key) DO UPDATE SET value = ?2")),
       remove(database.prepare("DELETE FROM settings WHERE key = ?1")) {}
 
-SqliteSettings::SqliteSettings(const std::string& path) {
+SqliteSettings::SqliteSettings(const NativePath& path) {
     try {
         open(path);
     } catch (const Failure&) {
@@ -66,16 +66,12 @@ SqliteSettings::SqliteSettings(const std::string& path) {
         statements_.reset();
         database_.reset();
         putAside_ = freeName(path);
-        std::error_code error;
-        std::filesystem::rename(path, *putAside_, error);
-        if (error)
-            throw Failure("The damaged settings " + path +
-                          " can not be put aside: " + error.message() + ".");
+        renameOver(path, *putAside_);
         open(path);
     }
 }
 
-void SqliteSettings::open(const std::string& path) {
+void SqliteSettings::open(const NativePath& path) {
     database_.emplace(path, sqlite::Access::ReadWriteOrCreate);
     database_->execute(kSchema);
     statements_.emplace(*database_);

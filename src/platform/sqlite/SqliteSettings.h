@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/NativePath.h"
 #include "platform/SettingsMedium.h"
 #include "platform/sqlite/Database.h"
 
@@ -15,10 +16,10 @@ class SqliteSettings final : public SettingsMedium {
   public:
     // Opens the file, or makes it in a folder that is there. A file that is no database is put
     // aside under its name plus ".damaged", never deleted, and settings begin anew. Throws Failure.
-    explicit SqliteSettings(const std::string& path);
+    explicit SqliteSettings(const NativePath& path);
 
     // Where a damaged file was put aside, if one was.
-    [[nodiscard]] const std::optional<std::string>& putAside() const { return putAside_; }
+    [[nodiscard]] const std::optional<NativePath>& putAside() const { return putAside_; }
 
     [[nodiscard]] std::string read(std::string_view key) const override;
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override;
@@ -37,11 +38,11 @@ class SqliteSettings final : public SettingsMedium {
         sqlite::Statement remove;
     };
 
-    void open(const std::string& path);
+    void open(const NativePath& path);
 
     mutable std::optional<sqlite::Database> database_;
     mutable std::optional<Statements> statements_;
-    std::optional<std::string> putAside_;
+    std::optional<NativePath> putAside_;
 };
 
 }  // namespace velmora

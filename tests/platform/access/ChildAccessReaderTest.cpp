@@ -19,7 +19,7 @@ using Rows = std::vector<AccessRow>;
 
 Rows rowsOf(AccessTableReader& reader, const std::string& path, const std::string& table) {
     Rows rows;
-    reader.readRows(path, table, [&](const AccessRow& row) { rows.push_back(row); });
+    reader.readRows(NativePath(path), table, [&](const AccessRow& row) { rows.push_back(row); });
     return rows;
 }
 
@@ -43,7 +43,7 @@ class Impostor {
 TEST(ChildAccessReader, RefusesAMissingFile) {
     test::TemporaryFolder folder;
     ChildAccessReader reader;
-    EXPECT_THROW((void)reader.tables(folder.file("none.mdb")), Failure);
+    EXPECT_THROW((void)reader.tables(NativePath(folder.file("none.mdb"))), Failure);
     EXPECT_FALSE(folder.has("none.mdb"));
 }
 
@@ -60,14 +60,14 @@ TEST(ChildAccessReader, RefusesAFileThatOnlyBeginsLikeADatabase) {
 
 TEST(ChildAccessReader, FailsWhenTheChildCanNotBeStarted) {
     ChildAccessReader reader("/nowhere/reader");
-    EXPECT_THROW((void)reader.tables("x.mdb"), Failure);
+    EXPECT_THROW((void)reader.tables(NativePath("x.mdb")), Failure);
 }
 
 TEST(ChildAccessReader, FailsWhenTheChildDiesByASignal) {
     const Impostor impostor("kill -SEGV $$");
     auto reader = impostor.reader();
     try {
-        (void)reader.tables("x.mdb");
+        (void)reader.tables(NativePath("x.mdb"));
         FAIL() << "read";
     } catch (const Failure& failure) {
         EXPECT_STREQ(failure.what(), "The Access database is damaged and can not be read.");
@@ -77,26 +77,26 @@ TEST(ChildAccessReader, FailsWhenTheChildDiesByASignal) {
 TEST(ChildAccessReader, FailsWhenTheChildHangs) {
     const Impostor impostor("exec sleep 600");
     auto reader = impostor.reader(std::chrono::milliseconds(50));
-    EXPECT_THROW((void)reader.tables("x.mdb"), Failure);
+    EXPECT_THROW((void)reader.tables(NativePath("x.mdb")), Failure);
 }
 
 TEST(ChildAccessReader, FailsWhenTheChildClosesItsOutputAndStays) {
     const Impostor impostor(R"(printf 'Z\0\0\0\0'; exec >&-; exec sleep 600)");
     auto reader = impostor.reader(std::chrono::milliseconds(100));
-    EXPECT_THROW((void)reader.tables("x.mdb"), Failure);
+    EXPECT_THROW((void)reader.tables(NativePath("x.mdb")), Failure);
 }
 
 TEST(ChildAccessReader, FailsWhenTheEndIsMissing) {
     const Impostor impostor(R"(printf 'T\5\0\0\0Uabcd')");
     auto reader = impostor.reader();
-    EXPECT_THROW((void)reader.tables("x.mdb"), Failure);
+    EXPECT_THROW((void)reader.tables(NativePath("x.mdb")), Failure);
 }
 
 TEST(ChildAccessReader, PassesOnWhyTheChildFailed) {
     const Impostor impostor(R"(printf 'E\2\0\0\0no')");
     auto reader = impostor.reader();
     try {
-        (void)reader.tables("x.mdb");
+        (void)reader.tables(NativePath("x.mdb"));
         FAIL() << "read";
     } catch (const Failure& failure) {
         EXPECT_STREQ(failure.what(), "no");
@@ -116,7 +116,7 @@ TEST(ChildAccessReader, FailsOnNonsense) {
          }) {
         const Impostor impostor(words);
         auto reader = impostor.reader();
-        EXPECT_THROW((void)reader.tables("x.mdb"), Failure) << words;
+        EXPECT_THROW((void)reader.tables(NativePath("x.mdb")), Failure) << words;
     }
 }
 
@@ -143,8 +143,9 @@ TEST(ChildAccessReader, TellsNullFromEmptyText) {
 TEST(ChildAccessReader, LetsAFailureOfTheTakerThrough) {
     const Impostor impostor(R"(printf 'R\0\0\0\0R\0\0\0\0Z\0\0\0\0'; exec sleep 600)");
     auto reader = impostor.reader();
-    EXPECT_THROW(reader.readRows("x.mdb", "t", [](const AccessRow&) { throw Failure("full"); }),
-                 Failure);
+    EXPECT_THROW(
+        reader.readRows(NativePath("x.mdb"), "t", [](const AccessRow&) { throw Failure("full"); }),
+        Failure);
 }
 
 // Real databases are not part of the project. Where a folder with them is named, they are read.
@@ -166,7 +167,7 @@ class Samples : public testing::Test {
 };
 
 TEST_F(Samples, GiveTablesAndFieldsWithTheirTypes) {
-    const auto tables = reader.tables(file("node-adodb.mdb"));
+    const auto tables = reader.tables(NativePath(file("node-adodb.mdb")));
     const auto users = std::find_if(tables.begin(), tables.end(),
                                     [](const auto& table) { return !table.isSystem; });
     ASSERT_NE(users, tables.end());

@@ -14,7 +14,7 @@ using testing::HasSubstr;
 class DatabaseFile : public testing::Test {
   protected:
     [[nodiscard]] Database create(std::chrono::milliseconds patience = std::chrono::seconds(5)) {
-        Database database(path, Access::ReadWriteOrCreate, patience);
+        Database database(NativePath(path), Access::ReadWriteOrCreate, patience);
         database.execute("CREATE TABLE IF NOT EXISTS t (a, b)");
         return database;
     }
@@ -31,7 +31,7 @@ TEST_F(DatabaseFile, IsNotMadeUnlessAskedFor) {
 
 TEST_F(DatabaseFile, NamesThePathWhenItCanNotBeOpened) {
     try {
-        Database database(path, Access::ReadWrite);
+        Database database(NativePath(path), Access::ReadWrite);
         FAIL() << "opened";
     } catch (const Failure& failure) {
         EXPECT_THAT(failure.what(), HasSubstr(path));
@@ -84,7 +84,7 @@ TEST_F(DatabaseFile, RefusesAParameterThatTheStatementLacks) {
 
 TEST_F(DatabaseFile, TellsAFileThatIsNoDatabase) {
     folder.write("some.db", std::string(4096, 'x'));
-    Database database(path, Access::ReadWrite);
+    Database database(NativePath(path), Access::ReadWrite);
     EXPECT_THROW(database.execute("SELECT * FROM t"), Failure);
     EXPECT_EQ(database.errorCode(), SQLITE_NOTADB);
     EXPECT_EQ(folder.read("some.db"), std::string(4096, 'x'));
@@ -116,7 +116,7 @@ TEST_F(DatabaseFile, KeepsATransactionThatIsCommitted) {
         database.execute("INSERT INTO t VALUES (1, 2)");
         transaction.commit();
     }
-    Database again(path, Access::ReadOnly);
+    Database again(NativePath(path), Access::ReadOnly);
     EXPECT_TRUE(again.prepare("SELECT * FROM t").step());
     EXPECT_EQ(again.errorCode(), SQLITE_OK);
 }

@@ -1,4 +1,4 @@
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,18 +8,19 @@
 #include <cerrno>
 #include <utility>
 
-#include "platform/AtomicWrite.h"
 #include "platform/Failure.h"
-#include "platform/FileDescriptor.h"
-#include "platform/PosixRandomFile.h"
+#include "platform/files/AtomicWrite.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/FileSteps.h"
+#include "platform/files/PosixRandomFile.h"
 
 namespace velmora {
 
 PosixFiles::PosixFiles(NativePaths paths, const CaseTwins* twins)
     : paths_(std::move(paths)), twins_(twins) {}
 
-std::string PosixFiles::nativePath(const std::string& path) const {
-    std::string native = paths_.resolve(path);
+NativePath PosixFiles::nativePath(const std::string& path) const {
+    NativePath native = paths_.resolve(path);
     if (twins_)
         if (auto newest = twins_->newest(native))
             return *std::move(newest);
@@ -27,12 +28,11 @@ std::string PosixFiles::nativePath(const std::string& path) const {
 }
 
 bool PosixFiles::exists(const std::string& path) const {
-    struct stat status {};
-    return stat(nativePath(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return isRegularFile(nativePath(path));
 }
 
 std::unique_ptr<RandomFile> PosixFiles::openOrCreate(const std::string& path) {
-    std::string native = paths_.resolve(path);
+    NativePath native = paths_.resolve(path);
     if (twins_)
         if (auto book = twins_->settle(native))
             native = *std::move(book);
@@ -41,10 +41,8 @@ std::unique_ptr<RandomFile> PosixFiles::openOrCreate(const std::string& path) {
 
 std::optional<std::string> PosixFiles::readWhole(const std::string& path,
                                                  std::uint64_t limit) const {
-    const std::string native = nativePath(path);
-    const FileDescriptor file = openFile(native, O_RDONLY);
-    if (!file.isOpen())
-        throw systemFailure("The file " + native + " can not be opened", errno);
+    const NativePath native = nativePath(path);
+    const FileDescriptor file = openOrFail(native, O_RDONLY);
     requireRegularFile(file, native);
     // Grows as the file gives bytes, for a size that is told may be wrong by then.
     constexpr std::size_t kStep = 65536;
@@ -68,10 +66,8 @@ void PosixFiles::writeWhole(const std::string& path, std::string_view bytes) {
 }
 
 void PosixFiles::append(const std::string& path, std::string_view bytes) {
-    const std::string native = nativePath(path);
-    const FileDescriptor file = openFile(native, O_WRONLY | O_CREAT | O_APPEND);
-    if (!file.isOpen())
-        throw systemFailure("The file " + native + " can not be opened", errno);
+    const NativePath native = nativePath(path);
+    const FileDescriptor file = openOrFail(native, O_WRONLY | O_CREAT | O_APPEND);
     requireRegularFile(file, native);
     ssize_t count = 0;
     do
@@ -85,13 +81,13 @@ void PosixFiles::append(const std::string& path, std::string_view bytes) {
     struct stat status {};
     if (count > 0 && fstat(file.number(), &status) == 0 && status.st_size == end)
         (void)!ftruncate(file.number(), end - count);
-    throw systemFailure("The file " + native + " can not be written", why);
+    throw systemFailure("The file " + native.utf8() + " can not be written", why);
 }
 
 void PosixFiles::remove(const std::string& path) {
-    const std::string native = nativePath(path);
+    const NativePath native = nativePath(path);
     if (unlink(native.c_str()) != 0)
-        throw systemFailure("The file " + native + " can not be removed", errno);
+        throw systemFailure("The file " + native.utf8() + " can not be removed", errno);
 }
 
 }  // namespace velmora

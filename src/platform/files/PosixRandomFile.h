@@ -1,10 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "platform/Failure.h"
-#include "platform/FileDescriptor.h"
 #include "platform/Files.h"
+#include "platform/NativePath.h"
+#include "platform/files/FileDescriptor.h"
 
 namespace velmora {
 
@@ -12,8 +11,8 @@ namespace velmora {
 class PosixRandomFile final : public RandomFile {
   public:
     // Creates the file when it is missing; opens it for reading only where the user may not
-    // write. `nativePath` is UTF-8 and appears in failures. Throws Failure.
-    explicit PosixRandomFile(std::string nativePath);
+    // write. Throws Failure.
+    explicit PosixRandomFile(NativePath path);
 
     [[nodiscard]] std::uint64_t size() const override;
     [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> target) const override;
@@ -26,7 +25,7 @@ class PosixRandomFile final : public RandomFile {
     [[nodiscard]] FileDescriptor open();
     [[nodiscard]] Failure notWritten(int errorNumber) const;
 
-    std::string path_;
+    NativePath path_;
     int whyReadOnly_ = 0;  // 0 while the file may be written, else the system's reason
     FileDescriptor file_;
 };

@@ -6,7 +6,7 @@
 
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
-#include "platform/NativePaths.h"
+#include "platform/files/NativePaths.h"
 
 namespace velmora {
 
@@ -20,17 +20,17 @@ class CaseTwins {
     // this object.
     CaseTwins(const CodePage& codePage, const Clock& clock, std::vector<std::string> names);
 
-    // For the native path of a file with one of the names: the path of the regular file among its
+    // For the path of a file with one of the names: the path of the regular file among its
     // twins whose status changed last. Nothing for other names and where no twin is there.
-    [[nodiscard]] std::optional<std::string> newest(const std::string& nativePath) const;
+    [[nodiscard]] std::optional<NativePath> newest(const NativePath& path) const;
 
     // As newest(), and all other twins have been renamed: ".replaced-" and the date and time are
     // put behind their names. A twin that can not be renamed stays.
-    std::optional<std::string> settle(const std::string& nativePath) const;
+    std::optional<NativePath> settle(const NativePath& path) const;
 
   private:
     // Regular files, the newest first.
-    [[nodiscard]] std::vector<std::string> twins(const std::string& nativePath) const;
+    [[nodiscard]] std::vector<NativePath> twins(const NativePath& path) const;
 
     const CodePage& codePage_;
     const Clock& clock_;

@@ -1,8 +1,7 @@
-#include "platform/PosixRandomFile.h"
+#include "platform/files/PosixRandomFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,15 +10,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/files/FileLock.h"
+
 namespace velmora {
 namespace {
 
-using std::chrono::microseconds;
-using std::chrono::steady_clock;
-
 constexpr std::chrono::seconds kLockWait(3);
-constexpr microseconds kFirstPause(200);
-constexpr microseconds kLongestPause(5000);
 
 bool mayStillBeRead(int errorNumber) {
     return errorNumber == EACCES || errorNumber == EPERM || errorNumber == EROFS;
@@ -37,43 +33,20 @@ int writeOnce(int file, std::uint64_t offset, std::span<const char> bytes, std::
     return written == bytes.size() ? 0 : ENOSPC;
 }
 
-int flush(int file) {
-    while (fdatasync(file) != 0) {
-        if (errno == EINVAL || errno == EROFS)
-            return 0;  // a file system that has nothing to flush
-        if (errno != EINTR)
-            return errno;
-    }
-    return 0;
-}
-
-int setLock(int file, short type) {
-    struct flock range {};
-    range.l_type = type;
-    range.l_whence = SEEK_SET;
-    return fcntl(file, F_OFD_SETLK, &range) == 0 ? 0 : errno;
-}
-
-void pause(microseconds duration) {
-    timespec time{0, static_cast<long>(duration.count()) * 1000};
-    nanosleep(&time, nullptr);
-}
-
 }  // namespace
 
-PosixRandomFile::PosixRandomFile(std::string nativePath)
-    : path_(std::move(nativePath)), file_(open()) {}
+PosixRandomFile::PosixRandomFile(NativePath path) : path_(std::move(path)), file_(open()) {}
 
 FileDescriptor PosixRandomFile::open() {
     FileDescriptor file = openFile(path_, O_RDWR | O_CREAT);
     if (!file.isOpen()) {
         const int why = errno;
         if (!mayStillBeRead(why))
-            throw systemFailure("The file " + path_ + " can not be opened", why);
+            throw systemFailure("The file " + path_.utf8() + " can not be opened", why);
         whyReadOnly_ = why;
         FileDescriptor readable = openFile(path_, O_RDONLY);
         if (!readable.isOpen())
-            throw systemFailure("The file " + path_ + " can not be opened", why);
+            throw systemFailure("The file " + path_.utf8() + " can not be opened", why);
         requireRegularFile(readable, path_);
         return readable;
     }
@@ -84,7 +57,7 @@ FileDescriptor PosixRandomFile::open() {
 std::uint64_t PosixRandomFile::size() const {
     struct stat status {};
     if (fstat(file_.number(), &status) != 0)
-        throw systemFailure("The file " + path_ + " can not be read", errno);
+        throw systemFailure("The file " + path_.utf8() + " can not be read", errno);
     return static_cast<std::uint64_t>(status.st_size);
 }
 
@@ -104,7 +77,7 @@ void PosixRandomFile::writeAt(std::uint64_t offset, std::span<const char> bytes)
     std::size_t written = 0;
     int why = writeOnce(file_.number(), offset, bytes, written);
     if (why == 0)
-        why = flush(file_.number());
+        why = flushBytes(file_);
     if (why == 0)
         return;
     // Both steps are the best that can still be done; the failure is told in any case.
@@ -123,25 +96,18 @@ void PosixRandomFile::shorten(std::uint64_t size) {
 bool PosixRandomFile::lock() {
     if (whyReadOnly_ != 0)
         return false;
-    const auto giveUp = steady_clock::now() + kLockWait;
-    for (microseconds wait = kFirstPause;; wait = std::min(wait * 2, kLongestPause)) {
-        const int why = setLock(file_.number(), F_WRLCK);
-        if (why == 0)
-            return true;
-        if (why != EAGAIN && why != EACCES && why != EINTR)
-            return false;  // no locks here
-        if (steady_clock::now() >= giveUp)
-            throw Failure("The file " + path_ + " is in use by another copy of the program.");
-        pause(wait);
-    }
+    const LockOutcome outcome = takeLock(file_, kLockWait);
+    if (outcome == LockOutcome::InUse)
+        throw Failure("The file " + path_.utf8() + " is in use by another copy of the program.");
+    return outcome == LockOutcome::Taken;
 }
 
 void PosixRandomFile::unlock() {
-    (void)setLock(file_.number(), F_UNLCK);
+    letLockGo(file_);
 }
 
 Failure PosixRandomFile::notWritten(int errorNumber) const {
-    return systemFailure("The file " + path_ + " can not be written", errorNumber);
+    return systemFailure("The file " + path_.utf8() + " can not be written", errorNumber);
 }
 
 }  // namespace velmora

@@ -1,4 +1,4 @@
-#include "platform/PosixRunningPrograms.h"
+#include "platform/files/PosixRunningPrograms.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>

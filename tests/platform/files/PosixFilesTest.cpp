@@ -1,4 +1,4 @@
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>

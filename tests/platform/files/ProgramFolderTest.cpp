@@ -1,4 +1,4 @@
-#include "platform/ProgramFolder.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -35,14 +35,14 @@ class Variable {
 };
 
 TEST(ProgramFolder, IsThatOfTheExecutableWhereTheUserMayWrite) {
-    EXPECT_EQ(programFolder(),
+    EXPECT_EQ(programFolder().utf8(),
               std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
 }
 
 TEST(ConfigurationFolder, IsMadeWhereTheDesktopWantsIt) {
     const test::TemporaryFolder folder;
     const Variable config("XDG_CONFIG_HOME", folder.file("deep/config"));
-    EXPECT_EQ(configurationFolder(), folder.file("deep/config/velmora"));
+    EXPECT_EQ(configurationFolder().utf8(), folder.file("deep/config/velmora"));
     EXPECT_TRUE(std::filesystem::is_directory(folder.file("deep/config/velmora")));
 }
 
@@ -50,7 +50,7 @@ TEST(ConfigurationFolder, LiesInTheHomeFolderWhenTheDesktopNamesNoPath) {
     const test::TemporaryFolder folder;
     const Variable config("XDG_CONFIG_HOME", "relative");
     const Variable home("HOME", folder.path());
-    EXPECT_EQ(configurationFolder(), folder.file(".config/velmora"));
+    EXPECT_EQ(configurationFolder().utf8(), folder.file(".config/velmora"));
 }
 
 TEST(ConfigurationFolder, AFileInItsPlaceIsAFailure) {

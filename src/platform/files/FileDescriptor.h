@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 #include <utility>
+
+#include "platform/NativePath.h"
 
 namespace velmora {
 
@@ -23,14 +25,25 @@ class FileDescriptor {
 
 // open(), tried again when a signal cut it short. Never waits for the other end of a pipe. Not
 // open, with errno set, on failure.
-[[nodiscard]] FileDescriptor openFile(const std::string& nativePath, int flags,
-                                      unsigned mode = 0666);
+[[nodiscard]] FileDescriptor openFile(const NativePath& path, int flags, unsigned mode = 0666);
+
+// As openFile(), but throws Failure.
+[[nodiscard]] FileDescriptor openOrFail(const NativePath& path, int flags, unsigned mode = 0666);
 
 // Throws Failure, with `path` in its text, unless the open file is a regular one.
-void requireRegularFile(const FileDescriptor& file, const std::string& path);
+void requireRegularFile(const FileDescriptor& file, const NativePath& path);
 
 // Reads until `size` bytes are there or the file ends; returns their number. Throws Failure.
-[[nodiscard]] std::size_t readFully(const FileDescriptor& file, const std::string& path,
+[[nodiscard]] std::size_t readFully(const FileDescriptor& file, const NativePath& path,
                                     std::size_t offset, char* target, std::size_t size);
+
+// These return 0, or the system's reason.
+
+// Writes all bytes where the file stands.
+[[nodiscard]] int writeFully(const FileDescriptor& file, std::string_view bytes);
+
+// Hands the bytes of the file to the disk; where a file system has nothing to flush, nothing is
+// to be done.
+[[nodiscard]] int flushBytes(const FileDescriptor& file);
 
 }  // namespace velmora

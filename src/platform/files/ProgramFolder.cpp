@@ -1,4 +1,4 @@
-#include "platform/ProgramFolder.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <unistd.h>
 
@@ -31,17 +31,17 @@ fs::path userFolder(const char* variable, const char* fallback) {
 
 }  // namespace
 
-std::string programFolder() {
+NativePath programFolder() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
     const fs::path folder = executable.parent_path();
     if (!error && access(folder.c_str(), W_OK) == 0)
-        return folder.string();
-    return userFolder("XDG_DATA_HOME", ".local/share").string();
+        return NativePath(folder.string());
+    return NativePath(userFolder("XDG_DATA_HOME", ".local/share").string());
 }
 
-std::string configurationFolder() {
-    return userFolder("XDG_CONFIG_HOME", ".config").string();
+NativePath configurationFolder() {
+    return NativePath(userFolder("XDG_CONFIG_HOME", ".config").string());
 }
 
 }  // namespace velmora

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "platform/CaseTwins.h"
 #include "platform/Files.h"
-#include "platform/NativePaths.h"
+#include "platform/SystemPaths.h"
+#include "platform/files/CaseTwins.h"
+#include "platform/files/NativePaths.h"
 
 namespace velmora {
 
 // The files of a POSIX system.
-class PosixFiles final : public Files {
+class PosixFiles final : public Files, public SystemPaths {
   public:
     // `twins`, when given, tells which files a folder may hold once only; both it and what `paths`
     // refers to must outlive this object.
@@ -21,8 +22,7 @@ class PosixFiles final : public Files {
     void append(const std::string& path, std::string_view bytes) override;
     void remove(const std::string& path) override;
 
-    // The path of this machine, in UTF-8, for a path of the program.
-    [[nodiscard]] std::string nativePath(const std::string& path) const;
+    [[nodiscard]] NativePath nativePath(const std::string& path) const override;
 
   private:
     NativePaths paths_;

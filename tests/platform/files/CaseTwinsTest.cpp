@@ -1,4 +1,4 @@
-#include "platform/CaseTwins.h"
+#include "platform/files/CaseTwins.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 #include "support/FakeClock.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/NativePaths.h"
+#include "platform/files/NativePaths.h"
 
 #include <dirent.h>
 #include <sys/stat.h>
@@ -31,15 +31,15 @@ bool beginsWithFolder(std::string_view path, std::string_view folder) {
 }  // namespace
 
 NativePaths::NativePaths(const CodePage& codePage, std::string programFolderText,
-                         std::string programFolderNative)
+                         NativePath programFolderNative)
     : codePage_(codePage),
       programFolderText_(std::move(programFolderText)),
       programFolderNative_(std::move(programFolderNative)) {}
 
-std::string NativePaths::resolve(std::string_view path) const {
+NativePath NativePaths::resolve(std::string_view path) const {
     std::string result;
     if (beginsWithFolder(path, programFolderText_)) {
-        result = programFolderNative_;
+        result = programFolderNative_.utf8();
         path.remove_prefix(programFolderText_.size());
     }
     bool separated = false;
@@ -56,22 +56,21 @@ std::string NativePaths::resolve(std::string_view path) const {
             result += '/';
         std::string name = codePage_.toUtf8(spelt);
         if (!isThere(result + name))
-            if (auto names = alike(result, name); !names.empty())
+            if (auto names = alike(NativePath(result), name); !names.empty())
                 name = std::move(names.front());
         result += name;
         separated = false;
     }
     if (separated)
         result += '/';
-    return result;
+    return NativePath(std::move(result));
 }
 
-std::vector<std::string> NativePaths::alike(const std::string& nativeFolder,
-                                            std::string_view name) const {
+std::vector<std::string> NativePaths::alike(const NativePath& folder, std::string_view name) const {
     std::vector<std::string> names;
     const std::string wanted = codePage_.fromUtf8(name);
-    const std::string folder = nativeFolder.empty() ? "." : nativeFolder;
-    const std::unique_ptr<DIR, CloseFolder> listing(opendir(folder.c_str()));
+    const NativePath listed = folder == NativePath() ? NativePath(".") : folder;
+    const std::unique_ptr<DIR, CloseFolder> listing(opendir(listed.c_str()));
     if (!listing)
         return names;
     while (const dirent* entry = readdir(listing.get())) {
@@ -87,13 +86,6 @@ std::vector<std::string> NativePaths::alike(const std::string& nativeFolder,
             });
     });
     return names;
-}
-
-NativePathParts splitNativePath(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return {"", path};
-    return {path.substr(0, slash + 1), path.substr(slash + 1)};
 }
 
 }  // namespace velmora

@@ -1,4 +1,4 @@
-#include "platform/PosixRunningPrograms.h"
+#include "platform/files/PosixRunningPrograms.h"
 
 #include <unistd.h>
 
