@@ -55,7 +55,7 @@ void DocPad::New() {
     if (printing_)
         return;
     if (changed()) {
-        if (parts_.messages.ask(kSaveTitle, kSaveQuestion) && !print())
+        if (parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes) && !print())
             return;
         parts_.state.DocPadDirty = 0;
     }
@@ -134,7 +134,7 @@ void DocPad::LoadAtStart() {
 
 void DocPad::offerRecovery() {
     for (const RecoveryFile::Kept& kept : parts_.recovery.abandoned(parts_.text.bytes())) {
-        if (parts_.messages.ask("DocPad", recoveryQuestion(kept))) {
+        if (parts_.messages.ask("DocPad", recoveryQuestion(kept), Answer::Yes)) {
             takeBack(kept);
             return;
         }
@@ -192,7 +192,7 @@ void DocPad::tellingOfRecovery(const std::function<void()>& work) {
 }
 
 bool DocPad::mayClose() {
-    if (changed() && parts_.messages.ask(kSaveTitle, kSaveQuestion) && !Save())
+    if (changed() && parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes) && !Save())
         return false;
     ignoringErrors([&] { parts_.recovery.discard(); });
     parts_.state.DocPadDirty = 0;
@@ -232,7 +232,8 @@ bool DocPad::print() {
 bool DocPad::mayReplaceText() {
     return parts_.messages.ask("Open File?",
                                "Are you sure you want to open a text file? Doing so will clear "
-                               "DocPad's contents.");
+                               "DocPad's contents.",
+                               Answer::No);
 }
 
 void DocPad::write(const std::string& path, bool keepOld) {

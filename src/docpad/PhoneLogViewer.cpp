@@ -8,7 +8,8 @@ void PhoneLogViewer::view() {
     if (docPad_.changed() &&
         !messages_.ask("View Phone Log?",
                        "Are you sure you wish to view/annotate the phone log? Doing so will clear "
-                       "DocPad's contents."))
+                       "DocPad's contents.",
+                       Answer::No))
         return;
     try {
         log_.createIfMissing();

@@ -18,7 +18,8 @@ void Trash::dropDocPad() {
     // The file that the question names is the one that goes, whatever happens meanwhile.
     const std::string name = parts_.dialog.fileName();
     const std::string what(trimBlanks(name.empty() ? "DocPad's contents" : name));
-    if (!parts_.messages.ask("Confirmation:", "Are you sure that you want to delete " + what + "?"))
+    if (!parts_.messages.ask("Confirmation:", "Are you sure that you want to delete " + what + "?",
+                             Answer::No))
         return;
     if (deleteDocument(name))
         animate();

@@ -48,7 +48,7 @@ void EntryCommands::openForm(EntryEditor& editor) {
 // The list loads anew after a No, too.
 void EntryCommands::confirmThen(const char* question, const std::function<void()>& work) {
     const bool done = succeeds([&] {
-        if (parts_.messages.ask("Confirmation:", question))
+        if (parts_.messages.ask("Confirmation:", question, Answer::No))
             work();
     });
     if (done)

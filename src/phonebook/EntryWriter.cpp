@@ -32,7 +32,7 @@ bool EntryWriter::add(const std::string& bookFile, const PhonebookRecord& record
                 return true;
             }
         }
-        if (!messages_.ask(kApplicationTitle, kOverwriteQuestion))
+        if (!messages_.ask(kApplicationTitle, kOverwriteQuestion, Answer::No))
             return false;
     }
 }

@@ -57,7 +57,7 @@ void Datewarden::Click(std::string_view line) {
 
 bool Datewarden::Remove(std::string_view line) {
     if (line.empty() ||
-        !messages_.ask("Remove Event?", "Are you sure you wish to remove this entry?"))
+        !messages_.ask("Remove Event?", "Are you sure you wish to remove this entry?", Answer::No))
         return false;
     occasions_.Remove(line);
     return true;

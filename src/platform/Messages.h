@@ -17,6 +17,9 @@ struct FileQuestion {
     std::string fileName;          // chosen already when the dialog opens; may be empty
 };
 
+// The two answers to a question.
+enum class Answer { Yes, No };
+
 // Talks to the user in boxes that wait for the answer. Texts are code-page text, shown as they
 // are: no mark-up, no access keys.
 class Messages {
@@ -29,8 +32,11 @@ class Messages {
     // A box with an information mark and an OK button.
     virtual void tell(const std::string& title, const std::string& text) = 0;
 
-    // A box with a question mark, Yes and No. True for Yes; closing the box is No.
-    [[nodiscard]] virtual bool ask(const std::string& title, const std::string& text) = 0;
+    // A box with a question mark, Yes and No, and nothing else that answers it: neither Escape nor
+    // the frame's close button. Enter presses `preselected`, which should be the answer that loses
+    // nothing. True for Yes; false for No, and when the program ends meanwhile.
+    [[nodiscard]] virtual bool ask(const std::string& title, const std::string& text,
+                                   Answer preselected) = 0;
 
     // A one-line input; nothing when cancelled.
     [[nodiscard]] virtual std::optional<std::string> askText(const std::string& title,

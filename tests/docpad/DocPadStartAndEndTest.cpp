@@ -84,6 +84,7 @@ TEST_F(DocPadStart, AsksFirstWhenDocPadHoldsChangesAndNoSkipsTheLoad) {
     EXPECT_THAT(messages.takeShown(),
                 ElementsAre("ask|Open File?|Are you sure you want to open a text file? Doing so "
                             "will clear DocPad's contents."));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::No));
     EXPECT_EQ(text.text, "typed");
     messages.willAnswer(true);
     pad.LoadAtStart();
@@ -111,6 +112,7 @@ TEST_F(DocPadEnd, YesSavesThroughTheDialog) {
     willChoose("end.txt");
     EXPECT_TRUE(pad.mayClose());
     EXPECT_THAT(messages.takeShown().front(), kSaveAsked);
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::Yes));
     EXPECT_EQ(folder.read("end.txt"), "text\r\n");
     expectLeft();
 }
@@ -164,6 +166,7 @@ TEST_F(DocPadRecovery, OffersTheTextOfASessionThatWasCutShort) {
     pad.offerRecovery();
     EXPECT_THAT(messages.takeShown(),
                 ElementsAre(std::string(kBackAsked) + "a \xFF\nIts file: /docs/letter.txt"));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::Yes));
     EXPECT_EQ(text.text, std::string("a\r\n\0\xFF", 5));
     EXPECT_EQ(dialog.fileName(), "/docs/letter.txt");
     EXPECT_EQ(state.DocPadDirty, 1);

@@ -63,6 +63,7 @@ TEST_F(DocPadTest, NewWithYesPrintsAndClearsAndLeavesTheFileUnsaved) {
     messages.willAnswer(true);
     pad.New();
     EXPECT_THAT(messages.takeShown(), ElementsAre(kSaveAsked));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::Yes));
     EXPECT_THAT(printer.printed, ElementsAre("old\r\nnew"));
     EXPECT_EQ(text.text, "");
     EXPECT_EQ(folder.read("letter.txt"), "old\r\n");

@@ -75,6 +75,7 @@ TEST_F(PhoneLogTest, TheViewerAsksWhenThereAreChanges) {
     EXPECT_THAT(messages.takeShown(),
                 ElementsAre("ask|View Phone Log?|Are you sure you wish to view/annotate the phone "
                             "log? Doing so will clear DocPad's contents."));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::No));
     EXPECT_EQ(text.text, "typed");
     messages.willAnswer(true);
     viewer.view();

@@ -64,6 +64,7 @@ TEST_F(TrashTest, AnUnnamedDocumentIsEmptiedAfterTheQuestion) {
     EXPECT_THAT(
         messages.takeShown(),
         ElementsAre("ask|Confirmation:|Are you sure that you want to delete DocPad's contents?"));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::No));
     EXPECT_EQ(text.text, "");
     EXPECT_EQ(state.DocPadDirty, 1) << "the trash does not clear the flag";
     EXPECT_THAT(view.takeShown(), IsEmpty());

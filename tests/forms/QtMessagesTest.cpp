@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -57,17 +59,72 @@ TEST_F(QtMessagesTest, AQuestionIsAnsweredByItsButtons) {
         EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
         QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
     });
-    EXPECT_TRUE(messages.ask("Save", "Save your DocPad changes?"));
+    EXPECT_TRUE(messages.ask("Save", "Save your DocPad changes?", Answer::Yes));
     inBox<QMessageBox>(
         [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
-    EXPECT_FALSE(messages.ask("Save", "Save your DocPad changes?"));
+    EXPECT_FALSE(messages.ask("Save", "Save your DocPad changes?", Answer::Yes));
 }
 
-TEST_F(QtMessagesTest, ClosingAQuestionIsANo) {
-    inBox<QMessageBox>([](QMessageBox& box) { box.close(); });
-    EXPECT_FALSE(messages.ask("Save", "Save your DocPad changes?"));
-    inBox<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_FALSE(messages.ask("Save", "Save your DocPad changes?"));
+TEST_F(QtMessagesTest, NeitherEscapeNorTheFrameAnswersAQuestion) {
+    inBox<QMessageBox>([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(box.button(QMessageBox::Yes), Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_FALSE(box.close());
+        EXPECT_TRUE(box.isVisible());
+        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+    });
+    EXPECT_TRUE(messages.ask("Save", "Save your DocPad changes?", Answer::No));
+}
+
+TEST_F(QtMessagesTest, EnterPressesThePreselectedAnswer) {
+    const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    inBox<QMessageBox>(enter);
+    EXPECT_TRUE(messages.ask("Save", "Save your DocPad changes?", Answer::Yes));
+    inBox<QMessageBox>(enter);
+    EXPECT_FALSE(messages.ask("Confirmation:", "Delete?", Answer::No));
+}
+
+TEST_F(QtMessagesTest, BoxesGoAboveAWindowThatStaysOnTopAndOtherwiseAboveTheirOwner) {
+    const auto topmost = [](QWidget& box) {
+        return box.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    };
+    QDialog form;
+    form.setWindowFlag(Qt::WindowStaysOnTopHint);
+    for (const bool onTop : {true, false}) {
+        form.setVisible(onTop);
+        inBox<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(topmost(box), onTop);
+            QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+        });
+        (void)messages.ask("Save", "Save your DocPad changes?", Answer::Yes);
+        inBox<QInputDialog>([&](QInputDialog& box) {
+            EXPECT_EQ(topmost(box), onTop);
+            box.reject();
+        });
+        (void)messages.askText("t", "p", "a");
+        inBox<QFileDialog>([&](QFileDialog& box) {
+            EXPECT_EQ(topmost(box), onTop);
+            EXPECT_EQ(box.testOption(QFileDialog::DontUseNativeDialog), onTop);
+            box.reject();
+        });
+        (void)messages.chooseFileToOpen({"Open", "", "", ""});
+    }
+}
+
+TEST_F(QtMessagesTest, NoBoxBelongsToAnAlertSoThatTheMainWindowWaitsForIt) {
+    QMainWindow window;
+    window.show();
+    QWidget alert(nullptr, Qt::Window | Qt::WindowStaysOnTopHint);
+    alert.show();
+    alert.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&alert));
+    inBox<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_FALSE(messages.ask("Save", "Save your DocPad changes?", Answer::Yes));
 }
 
 TEST_F(QtMessagesTest, AnInputGivesItsTextOrNothing) {

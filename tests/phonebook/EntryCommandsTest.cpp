@@ -163,6 +163,7 @@ TEST_F(EntryCommandsTest, ALineWithoutARecordEndsWithoutAWrite) {
     EXPECT_EQ(yellow(), kAdams + kBaker);
     EXPECT_EQ(white(), "");
     EXPECT_EQ(messages.takeShown(), (Texts{kDelete, kMove}));
+    EXPECT_EQ(messages.takePreselected(), (std::vector{Answer::No, Answer::No}));
 }
 
 TEST_F(EntryCommandsTest, AFailureIsToldAndTheListIsThereAgain) {

@@ -63,6 +63,7 @@ TEST_F(EntryWriterTest, TheSameNameTwiceAsksWithNoBookOpenAndOverwritesAfterAYes
     messages.willAnswer(true);
     EXPECT_TRUE(writer.add(kYellowPagesFile, personRecord("adams", "ann", "new")));
     EXPECT_EQ(messages.takeShown(), Texts{kQuestion});
+    EXPECT_EQ(messages.takePreselected(), std::vector{Answer::No});
     EXPECT_EQ(yellow(), bytesOf(personRecord("adams", "ann", "new")) + kBaker);
     EXPECT_EQ(files.takeLog(), (Texts{"lock", "unlock", "lock", "write 0", "unlock"}));
 }

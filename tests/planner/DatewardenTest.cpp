@@ -106,6 +106,7 @@ TEST_F(DatewardenTest, RemovesTheSelectedLineAfterAQuestion) {
     messages.willAnswer(true);
     EXPECT_TRUE(datewarden.Remove("March 12 - a"));
     EXPECT_THAT(messages.takeShown(), ElementsAre(kQuestion));
+    EXPECT_THAT(messages.takePreselected(), ElementsAre(Answer::No));
     EXPECT_THAT(datewarden.Lines(), ElementsAre("March 12 - b"));
     EXPECT_EQ(settings.Read(R"(Events\March\12\NumTasks)"), "1");
 }

@@ -31,13 +31,17 @@ class FakeMessages final : public Messages {
     // The boxes since the last call.
     std::vector<std::string> takeShown() { return std::exchange(shown_, {}); }
 
+    // The preselected answers of the questions since the last call.
+    std::vector<Answer> takePreselected() { return std::exchange(preselected_, {}); }
+
     void warn(const std::string& title, const std::string& text) override {
         record("warn", title, text);
     }
     void tell(const std::string& title, const std::string& text) override {
         record("tell", title, text);
     }
-    bool ask(const std::string& title, const std::string& text) override {
+    bool ask(const std::string& title, const std::string& text, Answer preselected) override {
+        preselected_.push_back(preselected);
         record("ask", title, text);
         return next().yes;
     }
@@ -59,7 +63,7 @@ class FakeMessages final : public Messages {
     }
 
   private:
-    struct Answer {
+    struct Prepared {
         bool yes = false;
         std::optional<std::string> text;
     };
@@ -70,17 +74,18 @@ class FakeMessages final : public Messages {
             hook_();
     }
 
-    Answer next() {
+    Prepared next() {
         if (answers_.empty()) {
             ADD_FAILURE() << "unexpected question: " << shown_.back();
             return {};
         }
-        Answer answer = std::move(answers_.front());
+        Prepared answer = std::move(answers_.front());
         answers_.pop_front();
         return answer;
     }
 
-    std::deque<Answer> answers_;
+    std::deque<Prepared> answers_;
+    std::vector<Answer> preselected_;
     std::vector<std::string> shown_;
     std::function<void()> hook_;
 };

@@ -1,8 +1,10 @@
 #include "platform/qt/QtMessages.h"
 
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QStringList>
 
@@ -12,14 +14,30 @@
 namespace velmora {
 namespace {
 
-QMessageBox::StandardButton showBox(QMessageBox::Icon icon, const QString& title,
-                                    const QString& text, QMessageBox::StandardButtons buttons) {
-    QMessageBox box(icon, title, text, buttons, boxOwner());
+// A box that only its two buttons answer.
+class QuestionBox final : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Cancel))
+            event->accept();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
+
+int runBox(QMessageBox& box) {
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
-    if (buttons.testFlag(QMessageBox::No))
-        box.setEscapeButton(QMessageBox::No);
-    return static_cast<QMessageBox::StandardButton>(runOverOwner(box));
+    return runOverOwner(box);
+}
+
+void showBox(QMessageBox::Icon icon, const QString& title, const QString& text) {
+    QMessageBox box(icon, title, text, QMessageBox::Ok, boxOwner());
+    runBox(box);
 }
 
 }  // namespace
@@ -29,16 +47,18 @@ QString QtMessages::toQt(const std::string& text) const {
 }
 
 void QtMessages::warn(const std::string& title, const std::string& text) {
-    showBox(QMessageBox::Warning, toQt(title), toQt(text), QMessageBox::Ok);
+    showBox(QMessageBox::Warning, toQt(title), toQt(text));
 }
 
 void QtMessages::tell(const std::string& title, const std::string& text) {
-    showBox(QMessageBox::Information, toQt(title), toQt(text), QMessageBox::Ok);
+    showBox(QMessageBox::Information, toQt(title), toQt(text));
 }
 
-bool QtMessages::ask(const std::string& title, const std::string& text) {
-    return showBox(QMessageBox::Question, toQt(title), toQt(text),
-                   QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+bool QtMessages::ask(const std::string& title, const std::string& text, Answer preselected) {
+    QuestionBox box(QMessageBox::Question, toQt(title), toQt(text),
+                    QMessageBox::Yes | QMessageBox::No, boxOwner());
+    box.setDefaultButton(preselected == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
+    return runBox(box) == QMessageBox::Yes;
 }
 
 std::optional<std::string> QtMessages::askText(const std::string& title, const std::string& prompt,
@@ -65,6 +85,8 @@ std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
                                                   const FileQuestion& question) {
     QFileDialog dialog(boxOwner(), toQt(question.title));
     dialog.setObjectName(QStringLiteral("FileDialog"));
+    // The desktop's own dialog can not be put above ours.
+    dialog.setOption(QFileDialog::DontUseNativeDialog, hasWindowOnTop());
     const bool open = kind == FileDialogKind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -92,7 +114,7 @@ std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
 
 void QtMessages::standardError(const std::string& utf8Text) {
     showBox(QMessageBox::Critical, QString::fromLatin1(kApplicationTitle),
-            QString::fromStdString(utf8Text), QMessageBox::Ok);
+            QString::fromStdString(utf8Text));
 }
 
 QString toQtFilter(const QString& filter) {

@@ -15,7 +15,8 @@ class QtMessages final : public Messages {
 
     void warn(const std::string& title, const std::string& text) override;
     void tell(const std::string& title, const std::string& text) override;
-    [[nodiscard]] bool ask(const std::string& title, const std::string& text) override;
+    [[nodiscard]] bool ask(const std::string& title, const std::string& text,
+                           Answer preselected) override;
     [[nodiscard]] std::optional<std::string> askText(const std::string& title,
                                                      const std::string& prompt,
                                                      const std::string& answer) override;
