@@ -34,7 +34,7 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       view_(calendar),
       dialog_(world.messages),
       recovery_(world.codePage.fromUtf8(configurationFolder().utf8()), world.files,
-                runningPrograms_, world.clock),
+                world.runningPrograms, world.clock),
       textFont_(calendar.text(), world.codePage),
       printer_({printing, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
                 world.codePage}),
@@ -88,10 +88,19 @@ void DocPadRoom::bindCommands(CommandSet& commands) {
     commands.bind("viewmnu", [this] { phoneLogViewer_.view(); });
 }
 
+void DocPadRoom::keepForNextStart() {
+    if (docPad_.changed() || recoveryTimer_.waiting())
+        docPad_.keepForRecovery();
+    recoveryTimer_.stop();
+    // A question that is open now gets a No when the program ends, which must not clear this away.
+    recovery_.seal();
+}
+
 bool DocPadRoom::mayClose() {
     if (!docPad_.mayClose())
         return false;
     recoveryTimer_.stop();
+    recovery_.seal();
     return true;
 }
 

@@ -23,7 +23,6 @@
 #include "docpad/forms/TextSearch.h"
 #include "docpad/forms/TrashPictures.h"
 #include "phonebook/EntryCommands.h"
-#include "platform/files/PosixRunningPrograms.h"
 
 namespace velmora {
 
@@ -69,6 +68,9 @@ class DocPadRoom {
     // See DocPad::mayClose().
     [[nodiscard]] bool mayClose();
 
+    // Keeps unsaved text for the next start, since the program ends without asking.
+    void keepForNextStart();
+
   private:
     void connect();
 
@@ -76,7 +78,6 @@ class DocPadRoom {
     PadEditText text_;
     CalendarDocPadView view_;
     DialogState dialog_;
-    PosixRunningPrograms runningPrograms_;
     RecoveryFile recovery_;
     PadEditFont textFont_;
     PadPrint printer_;

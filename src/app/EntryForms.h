@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+
 #include "phonebook/EntryFormOpener.h"
+#include "phonebook/EntryRecovery.h"
 #include "platform/CodePage.h"
 #include "platform/Messages.h"
 #include "platform/StatusLine.h"
@@ -9,21 +12,30 @@ class QWidget;
 
 namespace velmora {
 
-// Opens the entry form over the main window.
+class AddForm;
+
+// Opens the entry form over the main window, and keeps what is typed into it on the disk until it
+// closes.
 class EntryForms final : public EntryFormOpener {
   public:
     // All must outlive this object.
-    EntryForms(Messages& messages, StatusLine& statusLine, const CodePage& codePage,
-               QWidget& window)
-        : messages_(messages), statusLine_(statusLine), codePage_(codePage), window_(window) {}
+    struct Parts {
+        Messages& messages;
+        StatusLine& statusLine;
+        const CodePage& codePage;
+        EntryRecovery& recovery;
+        QWidget& window;
+    };
+    explicit EntryForms(const Parts& parts) : parts_(parts) {}
 
     void openEntryForm(EntryEditor& editor) override;
 
+    // The program ends: what stands in an open form is kept for the next start.
+    void keepForNextStart();
+
   private:
-    Messages& messages_;
-    StatusLine& statusLine_;
-    const CodePage& codePage_;
-    QWidget& window_;
+    Parts parts_;
+    std::function<void()> keepOpenForm_;  // while a form is open
 };
 
 }  // namespace velmora

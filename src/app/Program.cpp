@@ -1,6 +1,6 @@
 #include "app/Program.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -17,6 +17,7 @@
 #include "platform/controls/LetterTabs.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
+#include "platform/files/ProgramFolder.h"
 #include "telephony/NumberDisplay.h"
 
 namespace velmora {
@@ -35,10 +36,14 @@ Program::Program()
       pendingWish_(
           state_, [this](int kind) { letters_.SelectBook(static_cast<std::int16_t>(kind)); },
           [this](int index) { letters_.LetterClick(index); }),
-      entryForms_(world_.messages, calendar_.status(), world_.codePage, calendar_),
+      entryRecovery_(world_.codePage.fromUtf8(configurationFolder().utf8()), world_.files,
+                     world_.runningPrograms),
+      entryForms_(
+          {world_.messages, calendar_.status(), world_.codePage, entryRecovery_, calendar_}),
       entries_({state_, world_.settings, store_, writer_, letters_, world_.messages,
                 [this] { calendar_.flipCheck1(); }},
                phonebookPane_, calendar_.status(), entryForms_),
+      entryResume_(entryRecovery_, entries_, world_.messages),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, entries_, jobs_.printing()),
       planner_(world_, state_, calendar_, panes_, store_,
@@ -68,6 +73,8 @@ Program::Program()
                 .showToday = [this] { planner_.showToday(); }}),
       closeDown_(tray_, {.commitEditors = [this] { planner_.commitEditors(); },
                          .mayClose = [this] { return docPad_.mayClose(); },
+                         .keepText = [this] { docPad_.keepForNextStart(); },
+                         .keepForms = [this] { entryForms_.keepForNextStart(); },
                          .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
     connectWindow();
@@ -76,15 +83,29 @@ Program::Program()
 }
 
 void Program::start() {
-    startUp_.run();
-    world_.loop.post([this] {
-        tellOfDamagedSettings();
-        docPad_.docPad().offerRecovery();
+    // Posted twice, and so behind the events of today, above which the questions have to open.
+    QObject::connect(&calendar_, &Calendar::firstPainted, &calendar_, [this] {
+        world_.loop.post([this] {
+            world_.loop.post([this] { tellOfDamagedSettings(); });
+            world_.loop.post([this] { offerWhatWasCutOff(); });
+        });
     });
+    startUp_.run();
 }
 
 void Program::close() {
     calendar_.close();
+}
+
+void Program::endWithoutAsking() {
+    closeDown_.runWithoutAsking();
+    QCoreApplication::exit(0);
+}
+
+void Program::offerWhatWasCutOff() {
+    docPad_.docPad().offerRecovery();
+    if (!world_.loop.closing())
+        entryResume_.offer();
 }
 
 void Program::bindCommands() {
@@ -146,7 +167,7 @@ void Program::connectWindow() {
     QObject::connect(calendar_.docPad().shrinkButton(), &QToolButton::clicked, &calendar_,
                      [this] { docPadSize_.restore(); });
     calendar_.onCloseRequest([this] { return closeDown_.run(); });
-    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [] { QApplication::quit(); });
+    QObject::connect(&calendar_, &Calendar::closing, &calendar_, [] { QCoreApplication::exit(0); });
 }
 
 void Program::connectPhonebook() {

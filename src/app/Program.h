@@ -25,6 +25,8 @@
 #include "core/Tray.h"
 #include "core/forms/Calendar.h"
 #include "phonebook/EntryCommands.h"
+#include "phonebook/EntryRecovery.h"
+#include "phonebook/EntryResume.h"
 #include "phonebook/EntryWriter.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
@@ -43,8 +45,17 @@ class Program {
 
     [[nodiscard]] Calendar& window() { return calendar_; }
 
-    // Closes the window as the user does.
+    // Closes the window as the user does, questions included.
     void close();
+
+    // Ends the event loop without a question: what is unsaved is kept for the next start.
+    void endWithoutAsking();
+
+    // Keeps what is unsaved for the next start, when nothing can be shown any more.
+    void keepAll() { closeDown_.keepAll(); }
+
+    // True once the program has begun to end.
+    [[nodiscard]] bool ended() const { return closeDown_.done(); }
 
   private:
     void bindCommands();
@@ -54,6 +65,7 @@ class Program {
     void connectStatusHelp();
     void run(std::string_view command);
     void tellOfDamagedSettings();
+    void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
 
     World world_;
@@ -73,8 +85,10 @@ class Program {
     CalendarPhonebookPane phonebookPane_;
     LetterView letters_;
     PendingWish pendingWish_;
+    EntryRecovery entryRecovery_;
     EntryForms entryForms_;
     EntryCommands entries_;
+    EntryResume entryResume_;
 
     JobRoom jobs_;
     DocPadRoom docPad_;

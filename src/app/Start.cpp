@@ -1,11 +1,15 @@
 #include "app/Start.h"
 
+#include <QSessionManager>
 #include <csignal>
+#include <cstdlib>
+#include <utility>
 
 #include "app/Application.h"
 #include "app/Program.h"
 #include "platform/Failure.h"
 #include "platform/controls/CalendarAccessibility.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/TestIds.h"
 #include "platform/qt/Theme.h"
 
@@ -22,6 +26,36 @@ void quitAfterFirstPaintIfWanted(Program& program) {
                      Qt::QueuedConnection);
 }
 
+// The session ends: the user is asked where the session manager lets us.
+void answerSessionManager(Program& program, QSessionManager& manager) {
+    if (!manager.allowsInteraction())
+        return program.endWithoutAsking();
+    program.close();
+    if (!program.ended())
+        manager.cancel();
+}
+
+// When the display is lost the toolkit ends the process by itself; nothing but what was registered
+// for the exit of a process runs then.
+Program* runningProgram = nullptr;
+
+void keepAllBeforeExit() {
+    if (Program* program = std::exchange(runningProgram, nullptr))
+        program->keepAll();
+}
+
+// Has the data of a program kept when the process exits while this lives.
+class KeepingAtExit {
+  public:
+    explicit KeepingAtExit(Program& program) {
+        runningProgram = &program;
+        std::atexit(keepAllBeforeExit);
+    }
+    ~KeepingAtExit() { runningProgram = nullptr; }
+    KeepingAtExit(const KeepingAtExit&) = delete;
+    KeepingAtExit& operator=(const KeepingAtExit&) = delete;
+};
+
 }  // namespace
 
 int runVelmora(int argc, char** argv) {
@@ -37,9 +71,14 @@ int runVelmora(int argc, char** argv) {
         Program program;
         applyStyleSheet(application);
         application.setOrderlyEnd([&program] { program.close(); });
+        const EndSignals endSignals([&program] { program.endWithoutAsking(); });
+        QObject::connect(
+            &application, &Application::commitDataRequest, &application,
+            [&program](QSessionManager& manager) { answerSessionManager(program, manager); });
         quitAfterFirstPaintIfWanted(program);
+        const KeepingAtExit keeping(program);
         program.start();
-        return Application::exec();
+        return program.ended() ? 0 : Application::exec();
     } catch (const Failure& failure) {
         Application::showError(QString::fromUtf8(failure.what()));
     } catch (const std::exception& error) {

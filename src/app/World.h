@@ -10,6 +10,7 @@
 #include "platform/SystemClock.h"
 #include "platform/files/CaseTwins.h"
 #include "platform/files/PosixFiles.h"
+#include "platform/files/PosixRunningPrograms.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPrintMetrics.h"
@@ -30,6 +31,7 @@ struct World {
     NativePath nativeProgramFolder;
     CaseTwins books;
     PosixFiles files;
+    PosixRunningPrograms runningPrograms;
     SqliteSettings settingsMedium;
     SettingsStore settings{settingsMedium};
     DataLocations locations;

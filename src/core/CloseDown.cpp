@@ -15,9 +15,29 @@ bool CloseDown::run() {
     if (!parts_.mayClose())
         return false;
     done_ = true;
+    ignoringErrors(parts_.keepForms);
+    finish();
+    return true;
+}
+
+void CloseDown::runWithoutAsking() {
+    if (done_)
+        return;
+    done_ = true;
+    keepAll();
+    finish();
+}
+
+// What may have to wait for another program comes last.
+void CloseDown::keepAll() {
+    ignoringErrors(parts_.keepText);
+    ignoringErrors(parts_.keepForms);
+    ignoringErrors(parts_.commitEditors);
+}
+
+void CloseDown::finish() {
     ignoringErrors(parts_.endScans);
     ignoringErrors([&] { tray_.DeleteIcon(); });
-    return true;
 }
 
 }  // namespace velmora

@@ -6,14 +6,16 @@
 
 namespace velmora {
 
-// What other subsystems do while the program ends, in this order.
+// What other subsystems do while the program ends.
 struct CloseDownParts {
     std::function<void()> commitEditors;  // what is being typed into the day view is stored
     std::function<bool()> mayClose;       // asks about unsaved text; false keeps the program going
+    std::function<void()> keepText;       // DocPad's unsaved text goes to its recovery file
+    std::function<void()> keepForms;      // and so does what stands in open forms
     std::function<void()> endScans;       // whoever yields stops at the next record
 };
 
-// The one way out: window closed, menu, toolbar, end of the desktop session.
+// The one way out: window closed, menu, toolbar, end of the desktop session, a signal.
 class CloseDown {
   public:
     CloseDown(Tray& tray, CloseDownParts parts);
@@ -22,9 +24,17 @@ class CloseDown {
     // through, further calls do nothing and return true.
     bool run();
 
+    // The end that can not wait for an answer: what is unsaved is kept for the next start.
+    void runWithoutAsking();
+
+    // What runWithoutAsking() does for the data alone, when nothing can be shown any more.
+    void keepAll();
+
     [[nodiscard]] bool done() const { return done_; }
 
   private:
+    void finish();
+
     Tray& tray_;
     CloseDownParts parts_;
     bool done_ = false;

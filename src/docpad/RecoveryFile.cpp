@@ -55,6 +55,8 @@ std::optional<RecoveryFile::Kept> parse(std::string_view bytes) {
 }  // namespace
 
 void RecoveryFile::keep(const std::string& text, const std::string& documentName) {
+    if (sealed_)
+        return;
     ignoringErrors([&] { settle(); });
     const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
     files_.writeWhole(path, contents(text, documentName));
@@ -63,6 +65,8 @@ void RecoveryFile::keep(const std::string& text, const std::string& documentName
 
 void RecoveryFile::keepInBackground(std::string text, const std::string& documentName) {
     settle();
+    if (sealed_)
+        return;
     if (ownPath_.empty())
         ownPath_ = freeSlot();
     writing_ = std::async(std::launch::async,
@@ -83,7 +87,7 @@ void RecoveryFile::settle() {
 
 void RecoveryFile::discard() {
     ignoringErrors([&] { settle(); });
-    if (ownPath_.empty())
+    if (sealed_ || ownPath_.empty())
         return;
     if (files_.exists(ownPath_))
         files_.remove(ownPath_);
@@ -119,7 +123,7 @@ void RecoveryFile::take(const Kept& kept) {
 
 void RecoveryFile::forget(const Kept& kept) {
     // Another copy may have taken it meanwhile.
-    if (stillAbandoned(kept))
+    if (!sealed_ && stillAbandoned(kept))
         files_.remove(kept.path);
 }
 

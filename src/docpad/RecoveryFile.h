@@ -56,6 +56,10 @@ class RecoveryFile {
     // Failure; the text is then still where it was.
     void take(const Kept& kept);
 
+    // From here on nothing is kept or removed any more: the program ends, and what is kept is for
+    // the next start.
+    void seal() { sealed_ = true; }
+
     // Removes a text that was left behind. Throws Failure.
     void forget(const Kept& kept);
 
@@ -73,6 +77,7 @@ class RecoveryFile {
     const Clock& clock_;
     std::string ownPath_;  // nothing while nothing is kept
     std::future<void> writing_;
+    bool sealed_ = false;
 };
 
 }  // namespace velmora

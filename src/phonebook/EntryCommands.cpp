@@ -1,7 +1,10 @@
 #include "phonebook/EntryCommands.h"
 
+#include <memory>
 #include <utility>
 
+#include "core/DataLocations.h"
+#include "phonebook/ResumedEditor.h"
 #include "platform/Failure.h"
 
 namespace velmora {
@@ -21,6 +24,18 @@ void EntryCommands::changeEntry() {
     parts_.state.EntryChangeMode = 1;
     ChangeEntryEditor editor(parts_, std::move(line));
     openForm(editor);
+}
+
+void EntryCommands::resume(const EntryDraft& draft) {
+    const bool white = draft.origin.bookFile == kWhitePagesFile;
+    ignoringErrors([&] { parts_.view.SelectBook(white ? kWhitePages : kYellowPages); });
+    parts_.state.EntryChangeMode = draft.origin.line ? 1 : 0;
+    const std::unique_ptr<EntryEditor> editor =
+        draft.origin.line ? std::unique_ptr<EntryEditor>(
+                                std::make_unique<ChangeEntryEditor>(parts_, *draft.origin.line))
+                          : std::make_unique<NewEntryEditor>(parts_);
+    ResumedEditor resumed(*editor, draft.values);
+    openForm(resumed);
 }
 
 void EntryCommands::deleteEntry() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "phonebook/EntryDraft.h"
 #include "phonebook/EntryEditors.h"
 #include "phonebook/EntryFormOpener.h"
 #include "phonebook/PhonebookPane.h"
@@ -25,6 +26,10 @@ class EntryCommands {
 
     // Opens the form with the selected entry.
     void changeEntry();
+
+    // Opens the form with what stood in it when an earlier session was cut short, and goes to the
+    // book that it belongs to.
+    void resume(const EntryDraft& draft);
 
     // Deletes the selected entry when the user confirms it.
     void deleteEntry();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "phonebook/PhonebookRecord.h"
@@ -21,10 +22,18 @@ struct EntryValues {
     }
 };
 
+// Where the values of a form belong.
+struct EntryOrigin {
+    std::string bookFile;             // kYellowPagesFile or kWhitePagesFile
+    std::optional<std::string> line;  // list line of the entry to be changed; nothing for a new one
+};
+
 // What the entry form asks of the phonebook. One object serves one showing of the form.
 class EntryEditor {
   public:
     virtual ~EntryEditor() = default;
+
+    [[nodiscard]] virtual EntryOrigin origin() const = 0;
 
     [[nodiscard]] virtual std::string caption() const = 0;       // "Add Entry" or "Edit Entry"
     [[nodiscard]] virtual std::string applyCaption() const = 0;  // "&Add Entry" or "&Keep Changes"

@@ -55,6 +55,7 @@ class NewEntryEditor final : public CheckedEntryEditor {
   public:
     using CheckedEntryEditor::CheckedEntryEditor;
 
+    [[nodiscard]] EntryOrigin origin() const override { return {bookFile_, std::nullopt}; }
     [[nodiscard]] std::string caption() const override;
     [[nodiscard]] std::string applyCaption() const override;
     [[nodiscard]] EntryValues load() override;
@@ -68,6 +69,7 @@ class ChangeEntryEditor final : public CheckedEntryEditor {
     // `line` is the list line of the entry to be changed.
     ChangeEntryEditor(const EntryEditorParts& parts, std::string line);
 
+    [[nodiscard]] EntryOrigin origin() const override { return {bookFile_, line_}; }
     [[nodiscard]] std::string caption() const override;
     [[nodiscard]] std::string applyCaption() const override;
 

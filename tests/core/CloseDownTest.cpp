@@ -32,6 +32,16 @@ class CloseDownTest : public ::testing::Test {
                                  log.emplace_back("ask");
                                  return may;
                              },
+                         .keepText =
+                             [this] {
+                                 log.emplace_back("text");
+                                 throw Failure("full");
+                             },
+                         .keepForms =
+                             [this] {
+                                 log.emplace_back("forms");
+                                 throw Failure("full");
+                             },
                          .endScans =
                              [this] {
                                  log.emplace_back("end");
@@ -43,8 +53,24 @@ TEST_F(CloseDownTest, RunsItsStepsOnceInOrderWhateverFails) {
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "end"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "forms", "end"}));
     EXPECT_FALSE(icon.shown);
+}
+
+TEST_F(CloseDownTest, WithoutAskingAllIsKeptWhateverFails) {
+    closeDown.runWithoutAsking();
+    EXPECT_TRUE(closeDown.done());
+    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit", "end"}));
+    EXPECT_FALSE(icon.shown);
+    EXPECT_TRUE(closeDown.run());
+    closeDown.runWithoutAsking();
+    EXPECT_EQ(log.size(), 4u) << "once";
+}
+
+TEST_F(CloseDownTest, ALostDisplayLeavesNothingButTheDataToSee) {
+    closeDown.keepAll();
+    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit"}));
+    EXPECT_FALSE(closeDown.done());
 }
 
 TEST_F(CloseDownTest, TextThatCouldNotBeSavedKeepsTheProgramGoing) {

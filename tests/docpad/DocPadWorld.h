@@ -13,6 +13,7 @@
 #include "platform/files/PosixFiles.h"
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
+#include "support/FakeRunningPrograms.h"
 #include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
 #include "support/TemporaryFolder.h"

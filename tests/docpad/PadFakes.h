@@ -8,7 +8,6 @@
 #include "docpad/DocPadView.h"
 #include "docpad/PadPrinter.h"
 #include "docpad/PadText.h"
-#include "platform/RunningPrograms.h"
 
 namespace velmora::test {
 
@@ -104,18 +103,6 @@ class FakePadPrinter final : public PadPrinter {
 
   private:
     const PadText& text_;
-};
-
-// Runs whose marks the test names.
-class FakeRunningPrograms final : public RunningPrograms {
-  public:
-    [[nodiscard]] std::string ownMark() const override { return own; }
-    [[nodiscard]] bool runs(const std::string& mark) const override {
-        return std::find(running.begin(), running.end(), mark) != running.end();
-    }
-
-    std::string own = "this run";
-    std::vector<std::string> running{"this run"};
 };
 
 }  // namespace velmora::test

@@ -11,6 +11,7 @@ namespace velmora::test {
 // Gives prepared values and records what comes back.
 class FakeEntryEditor final : public EntryEditor {
   public:
+    EntryOrigin whence{"\\DATAY.QEL", std::nullopt};
     std::string captionText = "Add Entry";
     std::string applyText = "&Add Entry";
     std::string custom1Text = "Custom1:";
@@ -23,6 +24,7 @@ class FakeEntryEditor final : public EntryEditor {
     std::vector<EntryValues> applied;
     int closedCount = 0;
 
+    EntryOrigin origin() const override { return whence; }
     std::string caption() const override { return captionText; }
     std::string applyCaption() const override { return applyText; }
     std::string custom1Caption() const override { return custom1Text; }

@@ -132,6 +132,7 @@ AddForm::AddForm(EntryEditor& editor, Messages& messages, StatusLine& statusLine
         messages_.standardError(failure.what());
     }
     guardTexts();
+    watchEdits();
     (Check1->isChecked() ? Text5 : Text1)->setFocus();
 }
 
@@ -358,6 +359,14 @@ void AddForm::guardTexts() {
             connect(new CodePageGuard(*box, codePage_), &CodePageGuard::replaced, this, tell);
     connect(new CodePageGuard(*Text11, codePage_, kMemoBytes), &CodePageGuard::replaced, this,
             tell);
+}
+
+void AddForm::watchEdits() {
+    for (std::size_t i = 0; i < kFieldCount; ++i)
+        if (QLineEdit* box = boxOf(static_cast<Field>(i)))
+            connect(box, &QLineEdit::textChanged, this, &AddForm::edited);
+    connect(Text11, &QPlainTextEdit::textChanged, this, &AddForm::edited);
+    connect(Check1, &QCheckBox::toggled, this, &AddForm::edited);
 }
 
 // Nothing for the memo.

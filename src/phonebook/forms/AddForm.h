@@ -31,6 +31,13 @@ class AddForm final : public QDialog {
 
     void done(int result) override;
 
+    // What stands in the form now.
+    [[nodiscard]] EntryValues values() const;
+
+  signals:
+    // A value was changed since the form was filled.
+    void edited();
+
   protected:
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,10 +53,10 @@ class AddForm final : public QDialog {
     void setTabOrders();
     void connectControls();
     void guardTexts();
+    void watchEdits();
 
     [[nodiscard]] QLineEdit* boxOf(Field field) const;
     void showValues(const EntryValues& values);
-    [[nodiscard]] EntryValues values() const;
     void showForCompany(bool justCompany);
     void chooseAttachment();
     void apply();
