@@ -18,16 +18,26 @@
 namespace velmora::bench {
 namespace {
 
-constexpr int kKeys = 200;
-constexpr std::size_t kShort = 10'000;
+constexpr int kKeys = 60;
 constexpr std::size_t kLong = 1'000'000;
+constexpr std::size_t kVeryLong = 10'000'000;
 
-std::string textOf(std::size_t size) {
-    const std::string line =
-        "Thank you for the afternoon at the Lakeside fair, and for the tea.\r\n";
+// The shapes that a text may have.
+struct Shape {
+    const char* name;
+    const char* piece;  // repeated
+};
+
+constexpr Shape kShapes[] = {
+    {"lines", "Thank you for the afternoon at the Lakeside fair, and for the tea.\r\n"},
+    {"one-line", "Thank you for the afternoon at the Lakeside fair, and for the tea. "},
+    {"one-word", "Thankyoufortheafternoon"},
+};
+
+std::string textOf(const Shape& shape, std::size_t size) {
     std::string text;
     while (text.size() < size)
-        text += line;
+        text += shape.piece;
     return text;
 }
 
@@ -36,19 +46,20 @@ struct KeyTimes {
     Milliseconds slowest;
 };
 
-// Types into the middle of a text of `size` bytes, with all that hangs on a change of the text.
-KeyTimes timesIn(std::size_t size) {
+// Types near the begin of a text of `size` bytes, where a change moves most of it, with all that
+// hangs on a change of the text.
+KeyTimes timesIn(const Shape& shape, std::size_t size) {
     PadEdit edit(CodePage::western());
     RecoveryTimer recovery([] { return false; });
     QObject::connect(&edit, &PadEdit::textChanged, &recovery, &RecoveryTimer::changed);
-    edit.setBytes(textOf(size));
+    edit.reload(textOf(shape, size));
     edit.resize(412, 600);
     edit.show();
     edit.activateWindow();
     if (!QTest::qWaitForWindowActive(&edit))
         throw std::runtime_error("the window did not become active");
     edit.setFocus();
-    edit.select(size / 2, 0);
+    edit.select(100, 0);
     PaintCounter counter(*edit.viewport());
     counter.repaint();
     std::vector<Milliseconds> times;
@@ -65,12 +76,16 @@ KeyTimes timesIn(std::size_t size) {
 }
 
 int measure() {
-    const KeyTimes shortText = timesIn(kShort);
-    const KeyTimes longText = timesIn(kLong);
     Report report;
-    report.figure("docpad-key-in-1-MB", longText.usual.count(), "ms", 16);
-    report.figure("docpad-slowest-key-in-1-MB", longText.slowest.count(), "ms");
-    report.figure("docpad-key-in-1-MB-to-10-kB", longText.usual / shortText.usual, "ratio", 3);
+    for (const Shape& shape : kShapes) {
+        const std::string name = std::string("docpad-key-in-") + shape.name;
+        const KeyTimes longText = timesIn(shape, kLong);
+        const KeyTimes veryLong = timesIn(shape, kVeryLong);
+        report.figure(name + "-of-1-MB", longText.usual.count(), "ms", 16);
+        report.figure(name + "-of-1-MB-slowest", longText.slowest.count(), "ms");
+        report.figure(name + "-of-10-MB", veryLong.usual.count(), "ms", 50);
+        report.figure(name + "-of-10-MB-slowest", veryLong.slowest.count(), "ms");
+    }
     return report.exitCode();
 }
 

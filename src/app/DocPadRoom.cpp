@@ -13,6 +13,13 @@
 #include "platform/files/ProgramFolder.h"
 
 namespace velmora {
+namespace {
+
+constexpr const char* kTrashIsBusy =
+    "The trash is being emptied and takes nothing now. Try again in a moment.";
+
+}  // namespace
+
 void CalendarDocPadView::setTitle(const std::string& text) {
     calendar_.setDocPadCaption(text);
 }
@@ -64,8 +71,14 @@ void DocPadRoom::connect() {
     const auto tellReplaced = [this] { calendar_.status().show(kCharacterReplaced); };
     QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
     QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
+    QObject::connect(&calendar_.docPad(), &DocPadColumn::growHovered, &calendar_,
+                     [this] { calendar_.status().show("Maximizes DocPad."); });
+    QObject::connect(&calendar_.docPad(), &DocPadColumn::shrinkHovered, &calendar_,
+                     [this] { calendar_.status().show("Restores DocPad to Normal Size."); });
     new DocumentDrag(*calendar_.docPad().titleIcon());
     TrashCan* can = calendar_.rail().trash();
+    QObject::connect(can, &TrashCan::refused, &calendar_,
+                     [this] { calendar_.status().show(kTrashIsBusy); });
     // Queued: the drag has to be over before a box opens.
     QObject::connect(
         can, &TrashCan::entryDropped, &calendar_, [this] { trash_.dropEntry(); },

@@ -21,7 +21,7 @@ class PadText {
     virtual void setBytes(const std::string& bytes) = 0;
 
     // Empties the text and then puts `bytes` there: a change unless both are empty, even if they
-    // are equal. One step to undo.
+    // are equal. Undoing ends here: what was there before belongs to another document.
     virtual void reload(const std::string& bytes) = 0;
 
     // Puts `bytes` behind the end; selection and view stay.

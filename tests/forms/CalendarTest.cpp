@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -112,6 +113,17 @@ TEST_F(CalendarTest, AFlipOfTheHiddenBoxIsHeardBeforeItReturns) {
     EXPECT_EQ(flips, 1);
     calendar.flipCheck1();
     EXPECT_EQ(flips, 2);
+}
+
+TEST_F(CalendarTest, DocPadsSizeButtonsTellThePointer) {
+    QSignalSpy grow(&calendar.docPad(), &DocPadColumn::growHovered);
+    QSignalSpy shrink(&calendar.docPad(), &DocPadColumn::shrinkHovered);
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QCoreApplication::sendEvent(calendar.docPad().growButton(), &enter);
+    EXPECT_EQ(grow.count(), 1);
+    QCoreApplication::sendEvent(calendar.docPad().shrinkButton(), &enter);
+    EXPECT_EQ(shrink.count(), 1);
+    EXPECT_EQ(grow.count(), 1);
 }
 
 TEST_F(CalendarTest, DocPadIsNarrowInItsColumnAndWideWhenItFillsTheWindow) {

@@ -178,13 +178,13 @@ TEST(TrashPictures, ShowTheCanAndTakeDropsOnlyAtRest) {
     TrashPictures pictures(can);
     pictures.show(TrashView::Picture::Image5);
     EXPECT_EQ(can.look(), TrashCan::Look::Open);
-    EXPECT_FALSE(can.acceptDrops());
+    EXPECT_FALSE(can.takesDrops());
     pictures.show(TrashView::Picture::Image6);
     EXPECT_EQ(can.look(), TrashCan::Look::Done);
-    EXPECT_FALSE(can.acceptDrops());
+    EXPECT_FALSE(can.takesDrops());
     pictures.show(TrashView::Picture::Image2);
     EXPECT_EQ(can.look(), TrashCan::Look::AtRest);
-    EXPECT_TRUE(can.acceptDrops());
+    EXPECT_TRUE(can.takesDrops());
 }
 
 }  // namespace

@@ -97,6 +97,42 @@ TEST_F(RailTest, TrashTakesEntriesAndTheDocument) {
     EXPECT_FALSE(trash.dropTarget());
 }
 
+TEST_F(RailTest, TrashThatIsBusyShowsThatItTakesNothingAndTells) {
+    trash.resize(trash.sizeHint());
+    QSignalSpy refused(&trash, &TrashCan::refused);
+    QSignalSpy documents(&trash, &TrashCan::documentDropped);
+    test::dragOver(trash, entry);
+    trash.setTakesDrops(false);
+    EXPECT_FALSE(trash.dropTarget());
+    EXPECT_FALSE(test::dragOver(trash, document));
+    EXPECT_FALSE(trash.dropTarget());
+    EXPECT_EQ(1, refused.count());
+    EXPECT_FALSE(test::dropOn(trash, document));
+    EXPECT_EQ(0, documents.count());
+    EXPECT_FALSE(test::dragOver(trash, text));
+    EXPECT_EQ(2, refused.count()) << "what it never takes is no matter of now";
+    trash.setTakesDrops(true);
+    EXPECT_TRUE(test::dragOver(trash, document));
+}
+
+TEST_F(RailTest, TrashIsEmptiedByKeyboardButNeverByAClick) {
+    test::showActive(trash);
+    QSignalSpy documents(&trash, &TrashCan::documentDropped);
+    QSignalSpy refused(&trash, &TrashCan::refused);
+    trash.setFocus(Qt::TabFocusReason);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Delete})
+        QTest::keyClick(&trash, key);
+    EXPECT_EQ(4, documents.count());
+    QTest::mouseClick(&trash, Qt::LeftButton);
+    EXPECT_EQ(4, documents.count());
+    EXPECT_TRUE(trash.focusPolicy() & Qt::TabFocus);
+    EXPECT_EQ(QStringLiteral("Trash"), trash.accessibleName());
+    trash.setTakesDrops(false);
+    QTest::keyClick(&trash, Qt::Key_Return);
+    EXPECT_EQ(4, documents.count());
+    EXPECT_EQ(1, refused.count());
+}
+
 TEST_F(RailTest, TrashChangesItsLook) {
     trash.resize(trash.sizeHint());
     const QImage atRest = trash.grab().toImage();

@@ -3,12 +3,12 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "core/forms/Type.h"
 #include "platform/controls/ElidedLabel.h"
+#include "platform/controls/PadEdit.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {
@@ -34,7 +34,7 @@ QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* pare
 
 }  // namespace
 
-DocPadColumn::DocPadColumn(QPlainTextEdit* text, QWidget* parent)
+DocPadColumn::DocPadColumn(PadEdit* text, QWidget* parent)
     : QWidget(parent),
       Image7(new QLabel(this)),
       Label4(new ElidedLabel(Qt::ElideRight, this)),
@@ -49,6 +49,8 @@ DocPadColumn::DocPadColumn(QPlainTextEdit* text, QWidget* parent)
     Label4->setText(QStringLiteral("DocPad"));
     setType(*Label4, 10.5, QFont::DemiBold);
     Toolbar5->hide();
+    Toolbar3->installEventFilter(this);
+    Toolbar5->installEventFilter(this);
 
     Text4->setObjectName(QStringLiteral("Text4"));
     Text4->setAccessibleName(tr("DocPad"));
@@ -72,6 +74,14 @@ DocPadColumn::DocPadColumn(QPlainTextEdit* text, QWidget* parent)
     layout->addWidget(Text4, 1);
     setMinimumWidth(kNarrowest);
     setWide(false);
+}
+
+bool DocPadColumn::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter && watched == Toolbar3)
+        emit growHovered();
+    if (event->type() == QEvent::Enter && watched == Toolbar5)
+        emit shrinkHovered();
+    return QWidget::eventFilter(watched, event);
 }
 
 void DocPadColumn::setWide(bool wide) {

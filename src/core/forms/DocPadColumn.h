@@ -3,10 +3,11 @@
 #include <QWidget>
 
 class QLabel;
-class QPlainTextEdit;
 class QToolButton;
 
 namespace velmora {
+
+class PadEdit;
 
 // DocPad: its title line with the buttons that grow and shrink it, and its text.
 class DocPadColumn final : public QWidget {
@@ -14,23 +15,31 @@ class DocPadColumn final : public QWidget {
 
   public:
     // Takes `text`, the text control, as its child.
-    explicit DocPadColumn(QPlainTextEdit* text, QWidget* parent = nullptr);
+    explicit DocPadColumn(PadEdit* text, QWidget* parent = nullptr);
 
     [[nodiscard]] QLabel* title() const { return Label4; }
     [[nodiscard]] QLabel* titleIcon() const { return Image7; }
-    [[nodiscard]] QPlainTextEdit* text() const { return Text4; }
+    [[nodiscard]] PadEdit* text() const { return Text4; }
     [[nodiscard]] QToolButton* growButton() const { return Toolbar3; }
     [[nodiscard]] QToolButton* shrinkButton() const { return Toolbar5; }
 
     // In its column DocPad has a greatest width; maximised it has none.
     void setWide(bool wide);
 
+  signals:
+    // The pointer has come over the button that grows DocPad, or that shrinks it.
+    void growHovered();
+    void shrinkHovered();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     QLabel* Image7;         // DocPad's icon
     QLabel* Label4;         // the title
     QToolButton* Toolbar3;  // grows DocPad; stands in PictureMax
     QToolButton* Toolbar5;  // shrinks it; stands in PictureMin
-    QPlainTextEdit* Text4;  // the text
+    PadEdit* Text4;         // the text
 };
 
 }  // namespace velmora

@@ -12,7 +12,7 @@ constexpr int kTwipsPerPixel = 15;
 }  // namespace
 
 PadEditText::PadEditText(PadEdit& edit) : edit_(edit) {
-    connect(&edit_, &QPlainTextEdit::textChanged, this, [this] {
+    connect(&edit_, &PadEdit::textChanged, this, [this] {
         if (listener_)
             listener_();
     });

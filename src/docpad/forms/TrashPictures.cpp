@@ -5,7 +5,7 @@ namespace velmora {
 void TrashPictures::show(Picture picture) {
     if (!can_)
         return;
-    can_->setAcceptDrops(picture == Picture::Image2);
+    can_->setTakesDrops(picture == Picture::Image2);
     can_->setLook(picture == Picture::Image5   ? TrashCan::Look::Open
                   : picture == Picture::Image6 ? TrashCan::Look::Done
                                                : TrashCan::Look::AtRest);

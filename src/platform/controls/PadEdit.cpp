@@ -1,16 +1,15 @@
 #include "platform/controls/PadEdit.h"
 
-#include <QDropEvent>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
+#include <QApplication>
+#include <QClipboard>
 #include <QMimeData>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QTextBlock>
-#include <QTextLayout>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QStyle>
+#include <algorithm>
 
-#include "platform/controls/DragFormats.h"
-#include "platform/controls/PadLayout.h"
+#include "platform/controls/PadAccessibility.h"
+#include "platform/controls/PadMouse.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -18,23 +17,6 @@ namespace {
 
 constexpr QMargins kMargins(16, 14, 16, 14);
 constexpr QMargins kWideMargins(56, 28, 56, 28);
-
-bool isMouse(const QEvent& event) {
-    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseMove ||
-           event.type() == QEvent::MouseButtonDblClick ||
-           event.type() == QEvent::MouseButtonRelease;
-}
-
-bool isNewLine(const QKeyEvent& event) {
-    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
-           modifiers == Qt::NoModifier;
-}
-
-bool leaves(const QKeyEvent& event) {
-    return (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) &&
-           event.modifiers().testFlag(Qt::ControlModifier);
-}
 
 QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -44,97 +26,186 @@ QString withLineFeeds(QString text) {
     return text;
 }
 
+std::string withCrLf(const std::string& text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const char byte : text) {
+        if (byte == '\n')
+            result += '\r';
+        result += byte;
+    }
+    return result;
+}
+
 }  // namespace
 
 PadEdit::PadEdit(const CodePage& codePage, QWidget* parent)
-    : QPlainTextEdit(parent), bytes_(codePage) {
-    auto* document = new QTextDocument(this);
-    document->setUndoRedoEnabled(false);
-    document->setDocumentLayout(new PadLayout(document));
-    document->setDefaultFont(font());
-    document->setDocumentMargin(0);
-    document->setUndoRedoEnabled(true);
-    setDocument(document);
-    setViewportMargins(kMargins);
-    setTabChangesFocus(false);
+    : QAbstractScrollArea(parent), page_(codePage), mouse_(std::make_unique<PadMouse>(*this)) {
+    registerPadAccessibility();
     setProperty("role", "paper");
+    setFocusPolicy(Qt::WheelFocus);
+    setAttribute(Qt::WA_KeyCompression);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setInputMethodHints(Qt::ImhMultiLine);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setViewportMargins(kMargins);
+    setAcceptDrops(true);
+    viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setCursor(Qt::IBeamCursor);
 }
 
-std::string PadEdit::bytes() const {
-    return bytes_.all(*document());
-}
-
-bool PadEdit::isEmpty() const {
-    return document()->isEmpty();
-}
+PadEdit::~PadEdit() = default;
 
 void PadEdit::setBytes(std::string_view bytes) {
-    if (this->bytes() != bytes)
-        replaceAll(bytes);
+    if (this->bytes() == bytes)
+        return;
+    change(0, this->bytes().size(), bytes, PadBuffer::Kind::Other);
+    putCaret({0}, false);
 }
 
 void PadEdit::reload(std::string_view bytes) {
-    if (!isEmpty() || !bytes.empty())
-        replaceAll(bytes);
-}
-
-void PadEdit::replaceAll(std::string_view bytes) {
-    QTextCursor cursor(document());
-    cursor.select(QTextCursor::Document);
-    bytes_.insert(cursor, bytes);
-    moveCursor(QTextCursor::Start);
+    if (!isEmpty() || !bytes.empty()) {
+        change(0, this->bytes().size(), bytes, PadBuffer::Kind::Other);
+        putCaret({0}, false);
+    }
+    page_.text().forgetHistory();
 }
 
 void PadEdit::append(std::string_view bytes) {
     if (bytes.empty())
         return;
-    const std::string before = bytes.front() == '\n' ? this->bytes() : std::string();
-    if (!before.empty() && before.back() == '\r') {
-        // The two become one line end.
-        setBytes(before + std::string(bytes));
-        return;
-    }
-    QTextCursor own = textCursor();
-    const int anchor = own.anchor();
-    const int position = own.position();
-    QTextCursor cursor(document());
-    cursor.movePosition(QTextCursor::End);
-    bytes_.insert(cursor, bytes);
-    own.setPosition(anchor);
-    own.setPosition(position, QTextCursor::KeepAnchor);
-    setTextCursor(own);
-}
-
-std::size_t PadEdit::selectionStart() const {
-    return bytes_.toBytes(*document(), textCursor().selectionStart());
-}
-
-std::size_t PadEdit::selectionLength() const {
-    return bytes_.toBytes(*document(), textCursor().selectionEnd()) - selectionStart();
+    const PadBuffer::Selection before = caret_.selection();
+    const int top = verticalScrollBar()->value();
+    page_.text().endStep();
+    changed(page_.text().append(bytes, before));
+    caret_.set(before);
+    verticalScrollBar()->setValue(top);
 }
 
 void PadEdit::select(std::size_t start, std::size_t length) {
-    QTextCursor cursor = textCursor();
-    const int first = bytes_.toDocument(*document(), start);
-    cursor.setPosition(first);
-    cursor.setPosition(length == 0 ? first : bytes_.toDocument(*document(), start + length),
-                       QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    ensureCursorVisible();
+    const PadBuffer& text = page_.text();
+    const std::size_t first = text.snapped(start);
+    select({first, length == 0 ? first : text.snapped(std::min(start + length, text.size()))});
+}
+
+void PadEdit::select(const PadBuffer::Selection& selection) {
+    caret_.set(selection);
+    caretMoved();
 }
 
 std::string PadEdit::selectedBytes() const {
-    const std::size_t start = selectionStart();
-    return bytes().substr(start, selectionLength());
+    return bytes().substr(selectionStart(), selectionLength());
+}
+
+QString PadEdit::selectedText() const {
+    return withLineFeeds(toQt(selectedBytes(), page_.codePage()));
 }
 
 void PadEdit::replaceSelection(std::string_view bytes) {
-    QTextCursor cursor = textCursor();
-    if (bytes.empty() && !cursor.hasSelection())
+    if (!bytes.empty() || selectionLength() > 0)
+        change(selectionStart(), selectionLength(), bytes, PadBuffer::Kind::Other);
+}
+
+void PadEdit::erase(std::size_t position) {
+    if (selectionLength() > 0) {
+        replaceSelection({});
         return;
-    bytes_.insert(cursor, bytes);
-    setTextCursor(cursor);
-    ensureCursorVisible();
+    }
+    const std::size_t caret = caret_.selection().caret;
+    const PadBuffer::Selection range{caret, position};
+    if (range.length() > 0)
+        change(range.first(), range.length(), {}, PadBuffer::Kind::Erasing);
+}
+
+void PadEdit::insert(const QMimeData& data) {
+    if (data.hasText())
+        replaceSelection(withCrLf(fromQt(kept(withLineFeeds(data.text())), page_.codePage())));
+}
+
+QString PadEdit::kept(const QString& text) {
+    QString result = keepToCodePage(text, page_.codePage());
+    if (result != text)
+        emit characterReplaced();
+    return result;
+}
+
+void PadEdit::insertTyped(const QString& text) {
+    change(selectionStart(), selectionLength(), fromQt(kept(text), page_.codePage()),
+           PadBuffer::Kind::Typing);
+}
+
+void PadEdit::change(std::size_t position, std::size_t length, std::string_view with,
+                     PadBuffer::Kind kind) {
+    const PadBuffer::Change change =
+        page_.text().replace(position, length, with, kind, caret_.selection());
+    caret_.set(change.position + change.inserted);
+    changed(change);
+}
+
+void PadEdit::undo() {
+    replay(page_.text().undo());
+}
+
+void PadEdit::redo() {
+    replay(page_.text().redo());
+}
+
+void PadEdit::replay(const std::optional<PadBuffer::Replay>& replay) {
+    if (!replay)
+        return;
+    caret_.set(replay->selection);
+    changed(replay->change);
+}
+
+void PadEdit::changed(const PadBuffer::Change& change) {
+    page_.follow(change);
+    fitRows();
+    ensureCaretVisible();
+    blink();
+    viewport()->update();
+    tellTextChanged(*this, change);
+    emit textChanged();
+}
+
+void PadEdit::caretMoved() {
+    page_.text().endStep();
+    ensureCaretVisible();
+    blink();
+    viewport()->update();
+    updateMicroFocus();
+    tellCaretMoved(*this);
+}
+
+void PadEdit::putCaret(const PadPage::Place& place, bool extend) {
+    caret_.put(place, extend);
+    caretMoved();
+}
+
+void PadEdit::moveCaret(PadCaret::Move move, bool extend) {
+    caret_.move(move, extend, std::max(1, verticalScrollBar()->pageStep()));
+    caretMoved();
+}
+
+void PadEdit::copy() const {
+    if (selectionLength() > 0)
+        QApplication::clipboard()->setText(selectedText());
+}
+
+void PadEdit::cut() {
+    copy();
+    replaceSelection({});
+}
+
+void PadEdit::paste() {
+    if (const QMimeData* data = QApplication::clipboard()->mimeData())
+        insert(*data);
+}
+
+void PadEdit::selectAll() {
+    caret_.set({0, bytes().size()});
+    page_.text().endStep();
+    viewport()->update();
+    tellCaretMoved(*this);
 }
 
 void PadEdit::setInk(const std::optional<QColor>& colour) {
@@ -142,7 +213,7 @@ void PadEdit::setInk(const std::optional<QColor>& colour) {
     // A style sheet of the application wins over the palette, so the colour goes the same way.
     // Setting one takes the font away that the box was given.
     const QFont given = font();
-    setStyleSheet(colour ? QStringLiteral("QPlainTextEdit { color: %1 }").arg(colour->name())
+    setStyleSheet(colour ? QStringLiteral("velmora--PadEdit { color: %1 }").arg(colour->name())
                          : QString());
     setFont(given);
 }
@@ -151,164 +222,63 @@ void PadEdit::setWideMargins(bool wide) {
     setViewportMargins(wide ? kWideMargins : kMargins);
 }
 
-QString PadEdit::kept(const QString& text) {
-    QString result = keepToCodePage(text, bytes_.codePage());
-    if (result != text)
-        emit characterReplaced();
-    return result;
+QRect PadEdit::caretRect(const PadPage::Place& place) const {
+    const int width = style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this);
+    const bool here = place.position == caret_.selection().caret && !preedit_.text.isEmpty();
+    const qreal x = page_.xOf(place, here ? &preedit_ : nullptr);
+    // Blanks may hang over the edge of a row, but the caret stays in sight.
+    const int left = std::clamp(qRound(x), 0, std::max(0, viewport()->width() - width));
+    const auto row = static_cast<int>(page_.rowOf(place)) - verticalScrollBar()->value();
+    return {left, row * page_.rowHeight(), width, page_.rowHeight()};
 }
 
-void PadEdit::insertNewLine() {
-    QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    // Plain formats: the new line end is CR LF, whatever the line before has.
-    cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
-    cursor.endEditBlock();
-    setTextCursor(cursor);
-    ensureCursorVisible();
+PadPage::Place PadEdit::placeAt(const QPoint& point) const {
+    const int row =
+        verticalScrollBar()->value() + (point.y() < 0 ? -1 : point.y() / page_.rowHeight());
+    const auto last = static_cast<int>(page_.rows().count()) - 1;
+    return page_.placeAt(static_cast<std::size_t>(std::clamp(row, 0, last)), point.x());
 }
 
-void PadEdit::keyPressEvent(QKeyEvent* event) {
-    if (leaves(*event)) {
-        const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
-        // The base class itself keeps the focus, as Tab types a tab there.
-        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
-        QAbstractScrollArea::focusNextPrevChild(!back);
-        return;
-    }
-    if (isNewLine(*event)) {
-        insertNewLine();
-        return;
-    }
-    QKeyEvent key(event->type(), event->key(), event->modifiers(), kept(event->text()),
-                  event->isAutoRepeat(), static_cast<quint16>(event->count()));
-    QPlainTextEdit::keyPressEvent(&key);
-    event->setAccepted(key.isAccepted());
+void PadEdit::layPage() {
+    const std::size_t top =
+        page_.rows().begin(static_cast<std::size_t>(verticalScrollBar()->value()));
+    // One pixel is left for the caret behind a full row.
+    page_.fit(*this, std::max(1, viewport()->width() - 1));
+    fitRows();
+    verticalScrollBar()->setValue(static_cast<int>(page_.rows().at(top)));
+    viewport()->update();
 }
 
-void PadEdit::inputMethodEvent(QInputMethodEvent* event) {
-    QInputMethodEvent input(event->preeditString(), event->attributes());
-    input.setCommitString(kept(event->commitString()), event->replacementStart(),
-                          event->replacementLength());
-    QPlainTextEdit::inputMethodEvent(&input);
-    event->setAccepted(input.isAccepted());
+void PadEdit::fitRows() {
+    const int onShow = std::max(1, viewport()->height() / page_.rowHeight());
+    const auto rows = static_cast<int>(page_.rows().count());
+    verticalScrollBar()->setPageStep(onShow);
+    verticalScrollBar()->setRange(0, std::max(0, rows - onShow));
 }
 
-// The room between the lines belongs to the line whose row it is.
-QPointF PadEdit::onLine(QPointF position) const {
-    for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
-        const QRectF area = blockBoundingGeometry(block).translated(contentOffset());
-        if (area.top() > position.y())
-            break;
-        for (int i = 0; i < block.layout()->lineCount(); ++i) {
-            const QTextLine line = block.layout()->lineAt(i);
-            const QRectF row = PadLayout::rowOf(line).translated(0, area.top());
-            if (position.y() < row.top() || position.y() >= row.bottom())
-                continue;
-            const qreal top = area.top() + line.y();
-            return {position.x(), qBound(top, position.y(), top + line.height() - 1)};
-        }
-    }
-    return position;
+void PadEdit::ensureCaretVisible() {
+    QScrollBar* bar = verticalScrollBar();
+    const auto row = static_cast<int>(caret_.row());
+    if (row < bar->value())
+        bar->setValue(row);
+    else if (row >= bar->value() + bar->pageStep())
+        bar->setValue(row - bar->pageStep() + 1);
 }
 
-bool PadEdit::sendToText(QMouseEvent& event, QPointF position) {
-    QMouseEvent moved(event.type(), onLine(position), event.scenePosition(), event.globalPosition(),
-                      event.button(), event.buttons(), event.modifiers(), event.pointingDevice());
-    moved.setTimestamp(event.timestamp());
-    const bool result = QPlainTextEdit::viewportEvent(&moved);
-    event.setAccepted(moved.isAccepted());
-    return result;
+void PadEdit::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    layPage();
 }
 
-bool PadEdit::event(QEvent* event) {
-    // A press in the margins means the line beside it.
-    if (isMouse(*event)) {
-        auto& mouse = static_cast<QMouseEvent&>(*event);
-        return sendToText(mouse, viewport()->mapFrom(this, mouse.position().toPoint()));
-    }
-    return QPlainTextEdit::event(event);
+void PadEdit::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange ||
+        event->type() == QEvent::ApplicationFontChange)
+        layPage();
 }
 
-bool PadEdit::viewportEvent(QEvent* event) {
-    if (!isMouse(*event))
-        return QPlainTextEdit::viewportEvent(event);
-    auto& mouse = static_cast<QMouseEvent&>(*event);
-    return sendToText(mouse, mouse.position());
-}
-
-// The toolkit fills only the lines of a selection; the room between them is filled before.
-void PadEdit::fillSelectedRows(const QTextBlock& block, QPainter& painter,
-                               const QBrush& fill) const {
-    const QRectF area = blockBoundingGeometry(block).translated(contentOffset());
-    const int first = textCursor().selectionStart() - block.position();
-    const int last = textCursor().selectionEnd() - block.position();
-    for (int i = 0; i < block.layout()->lineCount(); ++i) {
-        const QTextLine line = block.layout()->lineAt(i);
-        const int end = line.textStart() + line.textLength();
-        if (last <= line.textStart() || first > end)
-            continue;
-        const QRectF row = PadLayout::rowOf(line).translated(area.topLeft());
-        const qreal left = first > line.textStart() ? line.cursorToX(first) : 0;
-        const qreal right = last <= end ? line.cursorToX(last) : viewport()->width();
-        painter.fillRect(QRectF(left, row.top(), right - left, row.height()), fill);
-    }
-}
-
-void PadEdit::paintEvent(QPaintEvent* event) {
-    if (textCursor().hasSelection()) {
-        QPainter painter(viewport());
-        const auto group = hasFocus() ? QPalette::Active : QPalette::Inactive;
-        const QBrush fill = palette().brush(group, QPalette::Highlight);
-        for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
-            if (blockBoundingGeometry(block).translated(contentOffset()).top() >
-                viewport()->height())
-                break;
-            fillSelectedRows(block, painter, fill);
-        }
-    }
-    QPlainTextEdit::paintEvent(event);
-}
-
-void PadEdit::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat)))
-        event->acceptProposedAction();
-    else
-        QPlainTextEdit::dragEnterEvent(event);
-}
-
-void PadEdit::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat)))
-        event->acceptProposedAction();
-    else
-        QPlainTextEdit::dragMoveEvent(event);
-}
-
-void PadEdit::dropEvent(QDropEvent* event) {
-    if (!event->mimeData()->hasFormat(QString::fromLatin1(kEntryFormat))) {
-        QPlainTextEdit::dropEvent(event);
-        return;
-    }
-    event->acceptProposedAction();
-    emit entryDropped(event->mimeData()->data(QString::fromLatin1(kEntryFormat)).toStdString());
-}
-
-bool PadEdit::canInsertFromMimeData(const QMimeData* source) const {
-    return source->hasText();
-}
-
-void PadEdit::insertFromMimeData(const QMimeData* source) {
-    QTextCursor cursor = textCursor();
-    cursor.insertText(kept(withLineFeeds(source->text())), QTextCharFormat());
-    setTextCursor(cursor);
-    ensureCursorVisible();
-}
-
-QMimeData* PadEdit::createMimeDataFromSelection() const {
-    auto* selected = new QMimeData;
-    selected->setText(withLineFeeds(textCursor().selectedText()));
-    return selected;
+void PadEdit::scrollContentsBy(int, int) {
+    viewport()->update();
 }
 
 }  // namespace velmora

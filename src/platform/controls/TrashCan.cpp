@@ -1,7 +1,9 @@
 #include "platform/controls/TrashCan.h"
 
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "platform/controls/DragFormats.h"
@@ -34,10 +36,18 @@ bool takes(const QMimeData& data) {
 
 }  // namespace
 
-TrashCan::TrashCan(QWidget* parent) : QWidget(parent) {
+TrashCan::TrashCan(QWidget* parent) : PaintedButton(parent) {
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::TabFocus);
     setAccessibleName(QStringLiteral("Trash"));
+    setToolTip(tr("Trash: drop an entry or DocPad's icon here. Enter deletes DocPad's contents."));
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        if (takesDrops_)
+            emit documentDropped();
+        else
+            emit refused();
+    });
 }
 
 QSize TrashCan::sizeHint() const {
@@ -47,6 +57,23 @@ QSize TrashCan::sizeHint() const {
 void TrashCan::setLook(Look look) {
     look_ = look;
     update();
+}
+
+void TrashCan::setTakesDrops(bool takes) {
+    takesDrops_ = takes;
+    if (!takes)
+        setDropTarget(false);
+}
+
+void TrashCan::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete)
+        click();
+    else
+        PaintedButton::keyPressEvent(event);
+}
+
+void TrashCan::mousePressEvent(QMouseEvent* event) {
+    event->ignore();
 }
 
 void TrashCan::setDropTarget(bool target) {
@@ -64,11 +91,18 @@ void TrashCan::paintEvent(QPaintEvent*) {
     painter.drawPixmap((width() - kIcon) / 2, (height() - kIcon) / 2,
                        symbolPixmap(symbolOf(look_), {kIcon, kIcon}, devicePixelRatioF(),
                                     dropTarget_ ? theme.danger : theme.ink2));
+    if (focusShown())
+        drawFocusRing(painter, rect(), kRadius, theme.accent);
 }
 
 void TrashCan::dragEnterEvent(QDragEnterEvent* event) {
     if (!takes(*event->mimeData()))
         return;
+    if (!takesDrops_) {
+        event->ignore();
+        emit refused();
+        return;
+    }
     event->acceptProposedAction();
     setDropTarget(true);
 }
@@ -82,6 +116,11 @@ void TrashCan::dropEvent(QDropEvent* event) {
     const QMimeData& dropped = *event->mimeData();
     if (!takes(dropped))
         return;
+    if (!takesDrops_) {
+        event->ignore();
+        emit refused();
+        return;
+    }
     event->acceptProposedAction();
     if (dropped.hasFormat(QLatin1String(kEntryFormat)))
         emit entryDropped(dropped.data(QLatin1String(kEntryFormat)).toStdString());

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QWidget>
 #include <string>
+
+#include "platform/controls/PaintedButton.h"
 
 namespace velmora {
 
-// The trash at the foot of the rail: a picture that takes what is dropped on it.
-class TrashCan final : public QWidget {
+// The trash at the foot of the rail: a picture that takes what is dropped on it. By keyboard,
+// Enter, the space bar or Delete on it stand for a drop of the document; the mouse drops only.
+class TrashCan final : public PaintedButton {
     Q_OBJECT
 
   public:
@@ -16,6 +18,10 @@ class TrashCan final : public QWidget {
     enum class Look { AtRest, Open, Done };
     void setLook(Look look);
     [[nodiscard]] Look look() const { return look_; }
+
+    // While the can is busy it takes no drops, and a drag over it shows so.
+    void setTakesDrops(bool takes);
+    [[nodiscard]] bool takesDrops() const { return takesDrops_; }
 
     // True while a drag that may be dropped is over the can.
     [[nodiscard]] bool dropTarget() const { return dropTarget_; }
@@ -28,8 +34,14 @@ class TrashCan final : public QWidget {
     void entryDropped(const std::string& line);
     void documentDropped();
 
+    // What would be taken at another time has come over the can, or was meant for it, while it is
+    // busy.
+    void refused();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -39,6 +51,7 @@ class TrashCan final : public QWidget {
 
     Look look_ = Look::AtRest;
     bool dropTarget_ = false;
+    bool takesDrops_ = true;
 };
 
 }  // namespace velmora

@@ -1,0 +1,232 @@
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextCharFormat>
+#include <QTimerEvent>
+
+#include "platform/controls/DragFormats.h"
+#include "platform/controls/PadEdit.h"
+#include "platform/controls/PadKeys.h"
+#include "platform/controls/PadMouse.h"
+#include "platform/qt/QtText.h"
+
+namespace velmora {
+namespace {
+
+bool leaves(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) &&
+           event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+// Passes a mouse event on; false for events of other kinds.
+bool sendToMouse(PadMouse& mouse, QEvent& event, QPoint offset) {
+    const auto type = event.type();
+    if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonDblClick &&
+        type != QEvent::MouseMove && type != QEvent::MouseButtonRelease)
+        return false;
+    const auto& at = static_cast<QMouseEvent&>(event);
+    const QPoint position = at.position().toPoint() - offset;
+    if (type == QEvent::MouseButtonPress)
+        mouse.press(at, position);
+    else if (type == QEvent::MouseButtonDblClick)
+        mouse.doublePress(at, position);
+    else if (type == QEvent::MouseMove)
+        mouse.move(at, position);
+    else
+        mouse.release(at, position);
+    return true;
+}
+
+}  // namespace
+
+bool PadEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        isKeyOfTexts(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    // A press in the margins means the line beside it.
+    if (sendToMouse(*mouse_, *event, viewport()->pos())) {
+        event->accept();
+        return true;
+    }
+    const bool result = QAbstractScrollArea::event(event);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        blink();
+    return result;
+}
+
+bool PadEdit::viewportEvent(QEvent* event) {
+    if (sendToMouse(*mouse_, *event, {})) {
+        event->accept();
+        return true;
+    }
+    const bool ends = event->type() == QEvent::Drop;
+    if (event->type() == QEvent::DragLeave)
+        mouse_->dragLeft();
+    if (!ends && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
+        return QAbstractScrollArea::viewportEvent(event);
+    auto& drop = static_cast<QDropEvent&>(*event);
+    const QString entry = QString::fromLatin1(kEntryFormat);
+    const bool takesEntry = drop.mimeData()->hasFormat(entry);
+    if (!takesEntry && !drop.mimeData()->hasText()) {
+        event->ignore();
+        return true;
+    }
+    if (takesEntry || !ends)
+        drop.acceptProposedAction();
+    if (takesEntry && ends)
+        emit entryDropped(drop.mimeData()->data(entry).toStdString());
+    else if (ends)
+        mouse_->drop(drop);
+    else if (!takesEntry)
+        mouse_->dragOver(drop.position().toPoint());
+    return true;
+}
+
+void PadEdit::keyPressEvent(QKeyEvent* event) {
+    if (leaves(*event)) {
+        const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
+        QAbstractScrollArea::focusNextPrevChild(!back);
+        return;
+    }
+    if (typesText(*event))
+        insertTyped(event->text());
+    else if (!obeyKey(*this, *event))
+        event->ignore();
+}
+
+// Tab types a tab.
+bool PadEdit::focusNextPrevChild(bool) {
+    return false;
+}
+
+void PadEdit::inputMethodEvent(QInputMethodEvent* event) {
+    if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {
+        const PadBuffer::Selection now = caret_.selection();
+        if (event->replacementLength() > 0) {
+            const auto first = static_cast<std::ptrdiff_t>(now.caret) + event->replacementStart();
+            const std::size_t start = first > 0 ? static_cast<std::size_t>(first) : 0;
+            select({start, start + static_cast<std::size_t>(event->replacementLength())});
+        }
+        insertTyped(event->commitString());
+    }
+    preedit_ = {event->preeditString(), {}, static_cast<int>(event->preeditString().size())};
+    for (const QInputMethodEvent::Attribute& attribute : event->attributes()) {
+        if (attribute.type == QInputMethodEvent::Cursor)
+            preedit_.caret = attribute.start;
+        if (attribute.type == QInputMethodEvent::TextFormat)
+            preedit_.formats.append({attribute.start, attribute.length,
+                                     qvariant_cast<QTextFormat>(attribute.value).toCharFormat()});
+    }
+    viewport()->update();
+    updateMicroFocus();
+}
+
+QVariant PadEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
+    const PadBuffer& text = page_.text();
+    const PadBuffer::Selection& now = caret_.selection();
+    // Input methods look at what stands around the caret, not at all of a long line.
+    constexpr std::size_t kAround = 500;
+    const std::size_t begin =
+        std::max(text.lineBegin(now.caret), now.caret - std::min(now.caret, kAround));
+    switch (query) {
+        case Qt::ImEnabled:
+            return isEnabled();
+        case Qt::ImCursorRectangle:
+            return caretRect(caret_.place()).translated(viewport()->pos());
+        case Qt::ImFont:
+            return font();
+        case Qt::ImCursorPosition:
+            return static_cast<int>(now.caret - begin);
+        case Qt::ImAnchorPosition:
+            return static_cast<int>(now.anchor) - static_cast<int>(begin);
+        case Qt::ImSurroundingText: {
+            const std::size_t end = std::min(text.lineEnd(now.caret), now.caret + kAround);
+            return toQt(std::string_view(text.bytes()).substr(begin, end - begin),
+                        page_.codePage());
+        }
+        case Qt::ImCurrentSelection:
+            return now.length() > kAround ? QString() : selectedText();
+        default:
+            return QAbstractScrollArea::inputMethodQuery(query);
+    }
+}
+
+void PadEdit::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    const auto group = !isEnabled() ? QPalette::Disabled
+                       : hasFocus() ? QPalette::Active
+                                    : QPalette::Inactive;
+    PadPage::Ink ink{palette().color(group, QPalette::Text),
+                     palette().color(group, QPalette::HighlightedText),
+                     palette().color(group, QPalette::Highlight), caret_.selection(), nullptr};
+    const int height = page_.rowHeight();
+    const auto top = static_cast<std::size_t>(verticalScrollBar()->value());
+    const auto first = top + static_cast<std::size_t>(event->rect().top() / height);
+    const auto last = top + static_cast<std::size_t>(event->rect().bottom() / height);
+    const std::size_t caretRow = caret_.row();
+    for (std::size_t row = first; row <= last && row < page_.rows().count(); ++row) {
+        ink.preedit = row == caretRow && !preedit_.text.isEmpty() ? &preedit_ : nullptr;
+        page_.draw(painter, row, QPointF(0, static_cast<int>(row - top) * height), ink,
+                   caret_.selection().caret);
+    }
+    if (caretShown_)
+        painter.fillRect(caretRect(caret_.place()).adjusted(0, 1, 0, -1), ink.text);
+    if (const PadPage::Place* drop = mouse_->dropPlace())
+        painter.fillRect(caretRect(*drop), ink.text);
+}
+
+void PadEdit::blink() {
+    const int time = QApplication::cursorFlashTime();
+    caretShown_ = hasFocus() && isEnabled();
+    if (caretShown_ && time >= 2)
+        blinking_.start(time / 2, this);
+    else
+        blinking_.stop();
+    viewport()->update(caretRect(caret_.place()));
+}
+
+void PadEdit::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == blinking_.timerId()) {
+        caretShown_ = !caretShown_;
+        viewport()->update(caretRect(caret_.place()));
+    } else if (!mouse_->timer(*event)) {
+        QAbstractScrollArea::timerEvent(event);
+    }
+}
+
+void PadEdit::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    const auto add = [&](const char* text, QKeySequence::StandardKey key, bool enabled,
+                         const auto& work) {
+        QAction* action = menu.addAction(tr(text), this, work);
+        action->setShortcut(QKeySequence(key));
+        action->setEnabled(enabled);
+    };
+    const bool selected = selectionLength() > 0;
+    const QMimeData* clip = QApplication::clipboard()->mimeData();
+    add("&Undo", QKeySequence::Undo, page_.text().canUndo(), [this] { undo(); });
+    add("&Redo", QKeySequence::Redo, page_.text().canRedo(), [this] { redo(); });
+    menu.addSeparator();
+    add("Cu&t", QKeySequence::Cut, selected, [this] { cut(); });
+    add("&Copy", QKeySequence::Copy, selected, [this] { copy(); });
+    add("&Paste", QKeySequence::Paste, clip && clip->hasText(), [this] { paste(); });
+    add("&Delete", QKeySequence::Delete, selected, [this] { replaceSelection({}); });
+    menu.addSeparator();
+    add("Select &All", QKeySequence::SelectAll, !isEmpty(), [this] { selectAll(); });
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu.exec(byKey ? viewport()->mapToGlobal(caretRect(caret_.place()).bottomLeft())
+                    : event->globalPos());
+}
+
+}  // namespace velmora
