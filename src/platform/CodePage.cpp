@@ -5,6 +5,8 @@
 #include <wctype.h>
 
 #include <algorithm>
+#include <cwchar>
+#include <locale>
 
 namespace velmora {
 namespace {
@@ -110,27 +112,29 @@ void appendUtf8(std::string& out, char32_t c) {
     }
 }
 
+using Utf8Decoder = std::codecvt<char32_t, char8_t, std::mbstate_t>;
+
 // Reads one character at `position` and moves it on; nothing for bytes that are no UTF-8, of which
 // one is passed over.
 std::optional<char32_t> nextUtf8(std::string_view utf8, std::size_t& position) {
-    const auto byteAt = [&](std::size_t i) {
-        return i < utf8.size() ? static_cast<unsigned char>(utf8[i]) : 0U;
-    };
-    const unsigned first = byteAt(position++);
-    if (first < 0x80)
-        return first;
-    const int more = first >= 0xF0 && first < 0xF8 ? 3 : first >= 0xE0 ? 2 : 1;
-    if (first < 0xC2 || first >= 0xF8)
-        return std::nullopt;
-    char32_t c = first & (0x3FU >> more);
-    for (int i = 0; i < more; ++i) {
-        const unsigned next = byteAt(position + static_cast<std::size_t>(i));
-        if ((next & 0xC0U) != 0x80U)
-            return std::nullopt;
-        c = c << 6 | (next & 0x3FU);
+    if (const auto byte = static_cast<unsigned char>(utf8[position]); byte < 0x80) {
+        ++position;
+        return byte;
     }
-    position += static_cast<std::size_t>(more);
-    return c;
+    static const auto& decoder = std::use_facet<Utf8Decoder>(std::locale::classic());
+    const auto* from = reinterpret_cast<const char8_t*>(utf8.data()) + position;
+    const auto* to = reinterpret_cast<const char8_t*>(utf8.data()) + utf8.size();
+    std::mbstate_t state{};
+    char32_t character = 0;
+    char32_t* behind = &character;
+    const char8_t* next = from;
+    decoder.in(state, from, to, next, &character, &character + 1, behind);
+    if (behind == &character) {
+        ++position;
+        return std::nullopt;
+    }
+    position += static_cast<std::size_t>(next - from);
+    return character;
 }
 
 }  // namespace

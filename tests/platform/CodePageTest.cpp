@@ -54,6 +54,13 @@ TEST(CodePage, TextsCompareByUpperCasedUnsignedBytes) {
 TEST(CodePage, WhatThePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(CodePage::western().fromUtf8("\xD0\x96\xE2\x82\xAC\xF0\x9F\x98\x80\xFF"), "?\x80??");
     EXPECT_EQ(CodePage::western().fromUtf8("\xC3"), "?");
+    // Longer than need be, halves of a pair, beyond the last character, cut short: no characters.
+    EXPECT_EQ(CodePage::western().fromUtf8("\xE0\x81\x81"), "???");
+    EXPECT_EQ(CodePage::western().fromUtf8("\xC1\x81"), "??");
+    EXPECT_EQ(CodePage::western().fromUtf8("\xF0\x80\x81\x81"), "????");
+    EXPECT_EQ(CodePage::western().fromUtf8("\xED\xA0\x80"), "?");
+    EXPECT_EQ(CodePage::western().fromUtf8("\xF4\x90\x80\x80"), "????");
+    EXPECT_EQ(CodePage::western().fromUtf8("\xE2\x82x"), "??x");
 }
 
 TEST(CodePage, ALanguageChoosesItsPage) {

@@ -9,8 +9,9 @@ class QWidget;
 
 namespace velmora {
 
-// The one table of colours. Palette, style sheet and every custom painter read it; no other file
-// holds a colour value.
+// The one table of the look's colours. Palette, style sheet and every custom painter read it. Other
+// files hold only colours that do not follow the look: those of the style sets of days with their
+// black and white rings, and of the search light.
 struct Theme {
     QColor canvas;      // desk, ground of dialogs
     QColor chrome;      // menu bar, toolbar, rail, status bar, footer of dialogs
