@@ -29,9 +29,9 @@ AccessoriesRoom::AccessoriesRoom(World& world, Calendar& calendar)
 }
 
 void AccessoriesRoom::bindCommands(CommandSet& commands) {
-    commands.bind("calcmnu", [this] { calculator().present(); });
-    commands.bind("helpme", [this] { helpAt(kFirstHelpTopic); });
-    commands.bind("abtmnu", [this] { about().present(); });
+    commands.bind(Commands::calcmnu, [this] { calculator().present(); });
+    commands.bind(Commands::helpme, [this] { helpAt(kFirstHelpTopic); });
+    commands.bind(Commands::abtmnu, [this] { about().present(); });
 }
 
 Calculator& AccessoriesRoom::calculator() {

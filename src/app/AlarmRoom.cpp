@@ -17,17 +17,17 @@ AlarmRoom::AlarmRoom(World& world, Calendar& calendar)
       tick_(world.settings, world.clock, alarmSound_, alerts_, windows_, world.loop),
       editor_(world.settings, world.clock,
               [&calendar] { return calendar.leftColumn().month()->date(); }) {
-    QObject::connect(&calendar, &Calendar::alarmsDue, &calendar, [this] { tick_.run(); });
+    QObject::connect(&calendar, &Calendar::alarmsDue, &connections_, [this] { tick_.run(); });
 }
 
 void AlarmRoom::bindCommands(CommandSet& commands) {
-    commands.bind("alset", [this] { presentForm(); });
+    commands.bind(Commands::alset, [this] { presentForm(); });
 }
 
 void AlarmRoom::presentForm() {
     if (!form_) {
         form_ = std::make_unique<Alarm>(editor_, world_.codePage, &calendar_);
-        QObject::connect(form_.get(), &Alarm::characterReplaced, &calendar_,
+        QObject::connect(form_.get(), &Alarm::characterReplaced, &connections_,
                          [this] { calendar_.status().show(kCharacterReplaced); });
     }
     form_->present();

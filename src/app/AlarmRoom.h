@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <memory>
 
 #include "app/World.h"
@@ -38,6 +39,7 @@ class AlarmRoom {
     AlarmTick tick_;
     AlarmEditor editor_;
     std::unique_ptr<Alarm> form_;  // made when it is first asked for
+    QObject connections_;          // ends them all before what they call is gone
 };
 
 }  // namespace velmora

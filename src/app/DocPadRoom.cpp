@@ -69,36 +69,36 @@ void DocPadRoom::connect() {
     PadEdit* edit = &calendar_.text();
     QObject::connect(edit, &PadEdit::textChanged, &recoveryTimer_, &RecoveryTimer::changed);
     const auto tellReplaced = [this] { calendar_.status().show(kCharacterReplaced); };
-    QObject::connect(edit, &PadEdit::characterReplaced, &calendar_, tellReplaced);
-    QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &calendar_, tellReplaced);
-    QObject::connect(&calendar_.docPad(), &DocPadColumn::growHovered, &calendar_,
+    QObject::connect(edit, &PadEdit::characterReplaced, &connections_, tellReplaced);
+    QObject::connect(&clipboard_, &SystemClipboard::characterReplaced, &connections_, tellReplaced);
+    QObject::connect(&calendar_.docPad(), &DocPadColumn::growHovered, &connections_,
                      [this] { calendar_.status().show("Maximizes DocPad."); });
-    QObject::connect(&calendar_.docPad(), &DocPadColumn::shrinkHovered, &calendar_,
+    QObject::connect(&calendar_.docPad(), &DocPadColumn::shrinkHovered, &connections_,
                      [this] { calendar_.status().show("Restores DocPad to Normal Size."); });
     new DocumentDrag(*calendar_.docPad().titleIcon());
     TrashCan* can = calendar_.rail().trash();
-    QObject::connect(can, &TrashCan::refused, &calendar_,
+    QObject::connect(can, &TrashCan::refused, &connections_,
                      [this] { calendar_.status().show(kTrashIsBusy); });
     // Queued: the drag has to be over before a box opens.
     QObject::connect(
-        can, &TrashCan::entryDropped, &calendar_, [this] { trash_.dropEntry(); },
+        can, &TrashCan::entryDropped, &connections_, [this] { trash_.dropEntry(); },
         Qt::QueuedConnection);
     QObject::connect(
-        can, &TrashCan::documentDropped, &calendar_, [this] { trash_.dropDocPad(); },
+        can, &TrashCan::documentDropped, &connections_, [this] { trash_.dropDocPad(); },
         Qt::QueuedConnection);
 }
 
 void DocPadRoom::bindCommands(CommandSet& commands) {
-    commands.bind("newmnu", [this] { docPad_.New(); });
-    commands.bind("openmnu", [this] { docPad_.Open(); });
-    commands.bind("savmnu", [this] { docPad_.Save(); });
-    commands.bind("printmnu", [this] { docPad_.Print(); });
-    commands.bind("searchtxtmnu", [this] { searchForm_.present(); });
-    commands.bind("ChfontD", [this] { fontCommand_.change(); });
-    commands.bind("EditCut", [this] { clipboardCommands_.EditCut(); });
-    commands.bind("EditCopy", [this] { clipboardCommands_.EditCopy(); });
-    commands.bind("EditPaste", [this] { clipboardCommands_.EditPaste(); });
-    commands.bind("viewmnu", [this] { phoneLogViewer_.view(); });
+    commands.bind(Commands::newmnu, [this] { docPad_.New(); });
+    commands.bind(Commands::openmnu, [this] { docPad_.Open(); });
+    commands.bind(Commands::savmnu, [this] { docPad_.Save(); });
+    commands.bind(Commands::printmnu, [this] { docPad_.Print(); });
+    commands.bind(Commands::searchtxtmnu, [this] { searchForm_.present(); });
+    commands.bind(Commands::ChfontD, [this] { fontCommand_.change(); });
+    commands.bind(Commands::EditCut, [this] { clipboardCommands_.EditCut(); });
+    commands.bind(Commands::EditCopy, [this] { clipboardCommands_.EditCopy(); });
+    commands.bind(Commands::EditPaste, [this] { clipboardCommands_.EditPaste(); });
+    commands.bind(Commands::viewmnu, [this] { phoneLogViewer_.view(); });
 }
 
 void DocPadRoom::keepForNextStart() {

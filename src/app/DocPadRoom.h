@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 #include "app/World.h"
 #include "core/CommandSet.h"
 #include "core/SharedState.h"
@@ -11,8 +13,6 @@
 #include "docpad/FontCommand.h"
 #include "docpad/PadPrint.h"
 #include "docpad/PadSearch.h"
-#include "docpad/PhoneLog.h"
-#include "docpad/PhoneLogViewer.h"
 #include "docpad/RecoveryFile.h"
 #include "docpad/Trash.h"
 #include "docpad/forms/FocusedWidget.h"
@@ -23,6 +23,8 @@
 #include "docpad/forms/TextSearch.h"
 #include "docpad/forms/TrashPictures.h"
 #include "phonebook/EntryCommands.h"
+#include "telephony/PhoneLog.h"
+#include "telephony/PhoneLogViewer.h"
 
 namespace velmora {
 
@@ -95,6 +97,7 @@ class DocPadRoom {
     TrashPictures trashPictures_;
     DroppedLine droppedLine_;
     Trash trash_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

@@ -14,7 +14,7 @@ EventsRoom::EventsRoom(World& world, Calendar& calendar, EventsRoomParts parts)
       events_(world.settings, world.clock, world.locale, parts_.ring) {}
 
 void EventsRoom::bindCommands(CommandSet& commands) {
-    commands.bind("evmnu", [this] { datewardenForm().present(); });
+    commands.bind(Commands::evmnu, [this] { datewardenForm().present(); });
 }
 
 void EventsRoom::showAtStart() {
@@ -23,8 +23,8 @@ void EventsRoom::showAtStart() {
         if (eventsForm_ && !eventsForm_->isVisible())
             eventsForm_->showBeside(calendar_);
     };
-    QObject::connect(&calendar_, &Calendar::firstPainted, &calendar_,
-                     [this, showLater] { world_.loop.post(showLater); });
+    QObject::connect(&calendar_, &Calendar::firstPainted, &connections_,
+                     [this, showLater] { world_.loop.post(showing_, showLater); });
 }
 
 void EventsRoom::keepInFront() {
@@ -39,7 +39,7 @@ Form7& EventsRoom::datewardenForm() {
     if (!datewardenForm_) {
         datewardenForm_ =
             std::make_unique<Form7>(datewarden_, calendar_.status(), world_.codePage, &calendar_);
-        QObject::connect(datewardenForm_.get(), &Form7::displayWanted, &calendar_,
+        QObject::connect(datewardenForm_.get(), &Form7::displayWanted, &connections_,
                          [this] { showEvents(); });
     }
     return *datewardenForm_;
@@ -50,16 +50,16 @@ Form8& EventsRoom::eventsForm() {
         return *eventsForm_;
     eventsForm_ = std::make_unique<Form8>(events_, world_.codePage);
     Form8* form = eventsForm_.get();
-    QObject::connect(form, &QDialog::finished, &calendar_, [this] { unloadEvents(); });
-    QObject::connect(form, &Form8::datewardenWanted, &calendar_,
+    QObject::connect(form, &QDialog::finished, &connections_, [this] { unloadEvents(); });
+    QObject::connect(form, &Form8::datewardenWanted, &connections_,
                      [this] { datewardenForm().present(); });
-    QObject::connect(form, &Form8::monthlyWanted, &calendar_,
-                     [this] { parts_.runCommand("monthlytasks"); });
-    QObject::connect(form, &Form8::weeklyWanted, &calendar_,
-                     [this] { parts_.runCommand("reptmnu"); });
+    QObject::connect(form, &Form8::monthlyWanted, &connections_,
+                     [this] { parts_.runCommand(Commands::monthlytasks); });
+    QObject::connect(form, &Form8::weeklyWanted, &connections_,
+                     [this] { parts_.runCommand(Commands::reptmnu); });
     // Queued: events run while it prints, and the form may be closed and gone by then.
     QObject::connect(
-        form, &Form8::printWanted, &calendar_,
+        form, &Form8::printWanted, &connections_,
         [this](const std::vector<std::string>& lines) { events_.Print(parts_.printing, lines); },
         Qt::QueuedConnection);
     return *form;

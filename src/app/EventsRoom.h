@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <memory>
-#include <string_view>
 
 #include "app/World.h"
 #include "core/CommandSet.h"
@@ -18,8 +18,8 @@ namespace velmora {
 // What the windows of the occasions need of the rest of the program.
 struct EventsRoomParts {
     PrintJobs& printing;
-    std::function<void()> ring;                                // plays the alarm sound
-    std::function<void(std::string_view command)> runCommand;  // nothing for an unknown one
+    std::function<void()> ring;  // plays the alarm sound
+    std::function<void(CommandName command)> runCommand;
 };
 
 // Builds Datewarden and the events of today, and connects them with the main window.
@@ -50,6 +50,8 @@ class EventsRoom {
     EventsForToday events_;
     std::unique_ptr<Form7> datewardenForm_;
     std::unique_ptr<Form8> eventsForm_;  // from its opening to its closing
+    WorkOwner showing_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

@@ -26,9 +26,9 @@ FontRoom::FontRoom(World& world, Calendar& calendar)
                    world.settings) {}
 
 void FontRoom::bindCommands(CommandSet& commands) {
-    commands.bind("chsfntcal", [this] { dayCommand_.change(); });
-    commands.bind("chsfntvlm", [this] { listCommand_.change(); });
-    commands.bind("FontP", [this] {
+    commands.bind(Commands::chsfntcal, [this] { dayCommand_.change(); });
+    commands.bind(Commands::chsfntvlm, [this] { listCommand_.change(); });
+    commands.bind(Commands::FontP, [this] {
         if (calendar_.dayViewShown())
             dayCommand_.change();
         else

@@ -66,7 +66,7 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
                    world.messages, world.loop, world.clock, world.locale}) {
     connectControls();
     makeSchedulingMenu();
-    QObject::connect(&calendar.day(), &SSDay::characterReplaced, &calendar,
+    QObject::connect(&calendar.day(), &SSDay::characterReplaced, &connections_,
                      [this] { calendar_.status().show(kCharacterReplaced); });
 }
 
@@ -78,12 +78,14 @@ void PlannerRoom::connectControls() {
                     .yearButton = *column.yearButton(),
                     .selectedLine = [this] { return desk_.SelectedLine(); },
                     .popUpSchedulingMenu = [this] { popUpSchedulingMenu(); }},
-                   planner_);
-    QObject::connect(column.month(), &SSMonth::selectionChanged, &calendar_, [this] { showNow(); });
+                   planner_, connections_);
+    QObject::connect(&calendar_, &Calendar::clockTicked, &connections_, [this] { tick(); });
+    QObject::connect(column.month(), &SSMonth::selectionChanged, &connections_,
+                     [this] { showNow(); });
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
-        QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped, &calendar_,
-                         [this] { popUpSchedulingMenu(); });
-    QObject::connect(&scheduleForm_, &Schedule::applied, &calendar_, [this] {
+        QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped,
+                         &connections_, [this] { popUpSchedulingMenu(); });
+    QObject::connect(&scheduleForm_, &Schedule::applied, &connections_, [this] {
         commitEditors();  // the new appointment loads the day anew
         scheduling_.OnApplied();
     });
@@ -98,19 +100,19 @@ void PlannerRoom::makeSchedulingMenu() {
     for (const ScheduleCommandInfo& info : kScheduleCommands) {
         QAction* item = Chmenu->addAction(QString::fromLatin1(info.caption));
         item->setObjectName(QString::fromLatin1(info.menu));
-        QObject::connect(item, &QAction::triggered, &calendar_,
+        QObject::connect(item, &QAction::triggered, &connections_,
                          [this, &info] { scheduling_.Start(info.command); });
     }
 }
 
 void PlannerRoom::popUpSchedulingMenu() {
     // Queued: the drag has to be over before the menu takes the pointer.
-    QTimer::singleShot(0, &calendar_, [this] { Chmenu->popup(QCursor::pos()); });
+    QTimer::singleShot(0, &connections_, [this] { Chmenu->popup(QCursor::pos()); });
 }
 
 void PlannerRoom::bindCommands(CommandSet& commands) {
-    commands.bind("totoday", [this] { planner_.GoToToday(); });
-    commands.bind("weekat", [this] { week_.present(); });
+    commands.bind(Commands::totoday, [this] { planner_.GoToToday(); });
+    commands.bind(Commands::weekat, [this] { week_.present(); });
 }
 
 void PlannerRoom::openDatabase() {

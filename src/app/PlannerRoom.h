@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <string>
 
@@ -75,13 +76,12 @@ class PlannerRoom {
     // Stores what is being typed into the day view.
     void commitEditors();
 
-    // Twice a second: moves the line of the present time, and today's mark at midnight.
-    void tick();
-
   private:
     void connectControls();
     void makeSchedulingMenu();
     void popUpSchedulingMenu();
+    // Twice a second: moves the line of the present time, and today's mark at midnight.
+    void tick();
     void showNow();
 
     World& world_;
@@ -105,6 +105,7 @@ class PlannerRoom {
     PlannerFolder folder_;
     Scheduling scheduling_;
     QMenu* Chmenu = nullptr;  // the nine scheduling commands
+    QObject connections_;     // ends them all before what they call is gone
 };
 
 }  // namespace velmora

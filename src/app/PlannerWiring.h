@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+class QObject;
 class QPushButton;
 
 namespace velmora {
@@ -24,7 +25,7 @@ struct PlannerWidgets {
 
 // Tells the planner what is done in its controls. What is being typed into the day view is stored
 // before the month's date changes, by whatever road, so that it gets the date it was typed on. The
-// planner must outlive the day view.
-void connectPlanner(const PlannerWidgets& widgets, Planner& planner);
+// planner is told nothing more once `context` is gone, which must go before it.
+void connectPlanner(const PlannerWidgets& widgets, Planner& planner, const QObject& context);
 
 }  // namespace velmora

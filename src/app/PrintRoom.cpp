@@ -18,13 +18,13 @@ PrintRoom::PrintRoom(World& world, Calendar& calendar, PrintJobs& printing)
       setup_(world.printer, question_, world.messages) {}
 
 void PrintRoom::bindCommands(CommandSet& commands) {
-    commands.bind("prints", [this] {
+    commands.bind(Commands::prints, [this] {
         if (!printing_.refuses())
             setup_.change();
     });
-    commands.bind("prntcal", [this] { printDay(); });
-    commands.bind("plprint", [this] { printWhatIsOnShow(); });
-    commands.bind("PrintP", [this] { printWhatIsOnShow(); });
+    commands.bind(Commands::prntcal, [this] { printDay(); });
+    commands.bind(Commands::plprint, [this] { printWhatIsOnShow(); });
+    commands.bind(Commands::PrintP, [this] { printWhatIsOnShow(); });
 }
 
 void PrintRoom::printDay() {

@@ -1,49 +1,45 @@
 #pragma once
 
+#include <QObject>
+#include <string>
+
 #include "app/AccessoriesRoom.h"
 #include "app/AlarmRoom.h"
-#include "app/CalendarPhonebookPane.h"
+#include "app/DialerRoom.h"
 #include "app/DocPadRoom.h"
-#include "app/EntryForms.h"
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
+#include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
 #include "app/SearchRoom.h"
 #include "app/TaskRoom.h"
+#include "app/WindowRoom.h"
 #include "app/World.h"
-#include "core/ClockLine.h"
 #include "core/CloseDown.h"
 #include "core/CommandSet.h"
-#include "core/DocPadSize.h"
-#include "core/MenuHelp.h"
-#include "core/PaneSwitch.h"
-#include "core/PendingWish.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
-#include "core/Tray.h"
 #include "core/forms/Calendar.h"
-#include "phonebook/EntryCommands.h"
-#include "phonebook/EntryRecovery.h"
-#include "phonebook/EntryResume.h"
-#include "phonebook/EntryWriter.h"
-#include "phonebook/LetterView.h"
-#include "phonebook/PhonebookStore.h"
-#include "platform/qt/QtTrayIcon.h"
+#include "platform/files/ProgramFolder.h"
 
 namespace velmora {
+
+class DialerPage;
 
 // The one place that builds the program's objects and connects them.
 class Program {
   public:
-    // Throws Failure when there is no place for data or settings.
-    Program();
+    // `nativeProgramFolder` holds the data that lie beside the program, as programFolder() gives
+    // it. Throws Failure when there is no place for data or settings.
+    explicit Program(const NativePath& nativeProgramFolder = programFolder());
 
     // Runs the start-up list; the window is in view afterwards.
     void start();
 
     [[nodiscard]] Calendar& window() { return calendar_; }
+    [[nodiscard]] const CommandSet& commands() const { return commands_; }
 
     // Closes the window as the user does, questions included.
     void close();
@@ -59,37 +55,21 @@ class Program {
 
   private:
     void bindCommands();
-    void connectWindow();
-    void connectPhonebook();
-    void connectDialer();
-    void connectStatusHelp();
-    void run(std::string_view command);
+    void connectEnd();
+    void run(CommandName command);
     void tellOfDamagedSettings();
     void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
 
     World world_;
     SharedState state_;
-    Calendar calendar_;
     CommandSet commands_;
-    MenuHelp menuHelp_;
+    DialerPage* dialerPage_;  // the window owns it
+    Calendar calendar_;
 
-    PaneSwitch panes_;
-    DocPadSize docPadSize_;
-    ClockLine clockLine_;
-    QtTrayIcon trayIcon_;
-    Tray tray_;
-
-    PhonebookStore store_;
-    EntryWriter writer_;
-    CalendarPhonebookPane phonebookPane_;
-    LetterView letters_;
-    PendingWish pendingWish_;
-    EntryRecovery entryRecovery_;
-    EntryForms entryForms_;
-    EntryCommands entries_;
-    EntryResume entryResume_;
-
+    WindowRoom windowRoom_;
+    PhonebookRoom phonebook_;
+    DialerRoom dialer_;
     JobRoom jobs_;
     DocPadRoom docPad_;
     PlannerRoom planner_;
@@ -103,6 +83,8 @@ class Program {
 
     StartUp startUp_;
     CloseDown closeDown_;
+    WorkOwner questions_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

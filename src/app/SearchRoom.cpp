@@ -21,12 +21,12 @@ SearchRoom::SearchRoom(World& world, SharedState& state, Calendar& calendar,
       openHelp_(std::move(openHelp)),
       pane_(calendar),
       hitListPrint_(printing, world.settings, world.clock, world.locale) {
-    QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked, &calendar,
-                     [this] { associatesForm().findOthers(); });
+    QObject::connect(calendar.phonebookPage().associatesButton(), &QPushButton::clicked,
+                     &connections_, [this] { associatesForm().findOthers(); });
 }
 
 void SearchRoom::bindCommands(CommandSet& commands) {
-    commands.bind("searchi", [this] { searchForm().present(); });
+    commands.bind(Commands::searchi, [this] { searchForm().present(); });
 }
 
 Form4& SearchRoom::searchForm() {

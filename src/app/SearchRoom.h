@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <string>
@@ -46,6 +47,7 @@ class SearchRoom {
     HitListPrint hitListPrint_;
     std::unique_ptr<Form4> searchForm_;
     std::unique_ptr<Other> associatesForm_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

@@ -13,15 +13,15 @@ TaskRoom::TaskRoom(World& world, Calendar& calendar, PrintJobs& printing)
       monthly_(world.settings, world.clock) {}
 
 void TaskRoom::bindCommands(CommandSet& commands) {
-    commands.bind("taskmanager", [this] { presentToDo(); });
-    commands.bind("reptmnu", [this] { presentWeekly(); });
-    commands.bind("monthlytasks", [this] { presentMonthly(); });
+    commands.bind(Commands::taskmanager, [this] { presentToDo(); });
+    commands.bind(Commands::reptmnu, [this] { presentWeekly(); });
+    commands.bind(Commands::monthlytasks, [this] { presentMonthly(); });
 }
 
 template <typename Form, typename Logic>
 Form& TaskRoom::make(std::unique_ptr<Form>& form, Logic& logic) {
     form = std::make_unique<Form>(logic, world_.codePage, &calendar_);
-    QObject::connect(form.get(), &Form::characterReplaced, &calendar_,
+    QObject::connect(form.get(), &Form::characterReplaced, &connections_,
                      [this] { calendar_.status().show(kCharacterReplaced); });
     return *form;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <string>
@@ -44,6 +45,7 @@ class TaskRoom {
     std::unique_ptr<Form3> toDoForm_;
     std::unique_ptr<Form10> weeklyForm_;
     std::unique_ptr<Monthly> monthlyForm_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

@@ -14,10 +14,10 @@ std::string withoutSeparator(const char* name) {
 
 }  // namespace
 
-World::World()
+World::World(const NativePath& programFolder)
     : codePage(CodePage::forLocale(QLocale::system().name().toStdString())),
       locale(localeFormats(QLocale::system(), codePage)),
-      nativeProgramFolder(programFolder()),
+      nativeProgramFolder(programFolder),
       books(codePage, clock,
             {withoutSeparator(kYellowPagesFile), withoutSeparator(kWhitePagesFile)}),
       files(

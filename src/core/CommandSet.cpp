@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-void CommandSet::bind(std::string_view name, std::function<void()> body) {
-    bodies_.insert_or_assign(std::string(name), std::move(body));
+void CommandSet::bind(CommandName name, std::function<void()> body) {
+    bodies_.insert_or_assign(std::string(std::string_view(name)), std::move(body));
 }
 
 bool CommandSet::isBound(std::string_view name) const {

@@ -5,13 +5,16 @@
 #include <string>
 #include <string_view>
 
+#include "core/CommandNames.h"
+
 namespace velmora {
 
 // The commands of the program by name. A menu item and a toolbar key of the same name run the same
 // command; a name that nothing is bound to is shown disabled.
 class CommandSet {
   public:
-    void bind(std::string_view name, std::function<void()> body);
+    // Later bodies replace earlier ones.
+    void bind(CommandName name, std::function<void()> body);
 
     [[nodiscard]] bool isBound(std::string_view name) const;
 

@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "core/CommandNames.h"
+
 namespace velmora {
 
 // One line of the menu bar. `level` 0 is the bar itself. A separator has the caption "-"; a head

@@ -9,8 +9,7 @@
 
 namespace velmora {
 
-Scheduling::Scheduling(const SchedulingParts& parts)
-    : parts_(parts), self_(std::make_shared<Scheduling*>(this)) {}
+Scheduling::Scheduling(const SchedulingParts& parts) : parts_(parts) {}
 
 void Scheduling::Start(ScheduleCommand command) {
     parts_.desk.ShowPlannerPane();
@@ -25,10 +24,7 @@ void Scheduling::Start(ScheduleCommand command) {
 }
 
 void Scheduling::OnApplied() {
-    parts_.loop.post([weak = std::weak_ptr<Scheduling*>(self_)] {
-        if (const auto self = weak.lock())
-            (*self)->wake();
-    });
+    parts_.loop.post(wakes_, [this] { wake(); });
 }
 
 bool Scheduling::textsAreFilled() const {

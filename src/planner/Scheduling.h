@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -86,9 +85,7 @@ class Scheduling {
 
     SchedulingParts parts_;
     std::vector<Waiting> waiting_;
-
-    // Work that is queued in the loop holds it weakly, and does nothing once this object is gone.
-    std::shared_ptr<Scheduling*> self_;
+    WorkOwner wakes_;
 };
 
 }  // namespace velmora

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <functional>
 
+#include "platform/WorkOwner.h"
+
 namespace velmora {
 
 // The one loop that runs everything. Whoever yields must survive what can happen meanwhile: forms
@@ -20,8 +22,9 @@ class EventLoop {
     // Nothing runs: no event, no timer, no painting.
     virtual void freeze(std::chrono::milliseconds duration) = 0;
 
-    // Runs `work` once, from the loop, after the present event has ended.
-    virtual void post(std::function<void()> work) = 0;
+    // Runs `work` once, from the loop, after the present event has ended; not at all when its owner
+    // is gone by then.
+    virtual void post(const WorkOwner& owner, std::function<void()> work) = 0;
 
     // True from the moment the program is closing: a scan that yields stops then.
     [[nodiscard]] virtual bool closing() const = 0;

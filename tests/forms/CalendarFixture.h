@@ -5,11 +5,13 @@
 #include <QTest>
 #include <chrono>
 
+#include "app/DialerRoom.h"
 #include "core/forms/Calendar.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
+#include "telephony/forms/DialerPage.h"
 
 namespace velmora::test {
 
@@ -24,10 +26,12 @@ class CalendarFixture : public testing::Test {
     }
 
     LocaleFormats locale;
-    Calendar calendar{CodePage::western(),
-                      locale,
-                      std::chrono::year(2026) / 3 / 12,
-                      {new SSDay(CodePage::western()), new PadEdit(CodePage::western())}};
+    DialerPage* dialerPage = new DialerPage;  // the window owns it
+    Calendar calendar{
+        CodePage::western(),
+        locale,
+        std::chrono::year(2026) / 3 / 12,
+        {new SSDay(CodePage::western()), new PadEdit(CodePage::western()), partsOf(*dialerPage)}};
 };
 
 }  // namespace velmora::test

@@ -15,7 +15,6 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/CommandMenus.h"
-#include "core/forms/DialerPage.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/PhonebookPage.h"
@@ -34,6 +33,7 @@
 #include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
 #include "platform/qt/QtText.h"
+#include "telephony/forms/DialerPage.h"
 
 namespace velmora {
 namespace {
@@ -62,11 +62,11 @@ TEST_F(CalendarTest, LabelsAndButtonsHaveTheirCaptions) {
     EXPECT_EQ(calendar.phonebookPage().mailButton()->text(), "&E-Mail");
     EXPECT_EQ(calendar.phonebookPage().webButton()->text(), "&Web");
     EXPECT_EQ(calendar.phonebookPage().fileButton()->text(), "Open &File");
-    EXPECT_EQ(calendar.dialerPage().sendButton()->text(), "&Send");
-    EXPECT_EQ(calendar.dialerPage().hangUpButton()->text(), "&Hang Up");
-    EXPECT_EQ(calendar.dialerPage().backButton()->text(), "&Back");
-    EXPECT_EQ(calendar.dialerPage().clearButton()->text(), "&Clear All");
-    EXPECT_EQ(calendar.dialerPage().externalButton()->text(), "&External Dialer");
+    EXPECT_EQ(dialerPage->sendButton()->text(), "&Send");
+    EXPECT_EQ(dialerPage->hangUpButton()->text(), "&Hang Up");
+    EXPECT_EQ(dialerPage->backButton()->text(), "&Back");
+    EXPECT_EQ(dialerPage->clearButton()->text(), "&Clear All");
+    EXPECT_EQ(dialerPage->externalButton()->text(), "&External Dialer");
     EXPECT_EQ(calendar.docPad().growButton()->toolTip(), "Maximize DocPad");
     EXPECT_EQ(calendar.docPad().shrinkButton()->toolTip(), "Minimize DocPad");
 }

@@ -35,7 +35,7 @@ TEST(QtText, WhatTheCodePageLacksBecomesOneQuestionMark) {
 TEST(QtEventLoop, PostedWorkRunsOnceAfterThePresentEvent) {
     QtEventLoop loop;
     int runs = 0;
-    loop.post([&] { ++runs; });
+    loop.post(owner, [&] { ++runs; });
     EXPECT_EQ(runs, 0);
     loop.yield();
     loop.yield();
@@ -56,7 +56,7 @@ TEST(QtEventLoop, ClosingEndsWaitsAndDropsPostedWork) {
     loop.waitFor(24h);  // returns because of the closing alone
     EXPECT_TRUE(loop.closing());
     bool ran = false;
-    loop.post([&] { ran = true; });
+    loop.post(owner, [&] { ran = true; });
     loop.waitFor(24h);
     loop.yield();
     EXPECT_FALSE(ran);

@@ -18,7 +18,9 @@ class FakeEventLoop final : public EventLoop {
     }
     void waitFor(std::chrono::milliseconds duration) override { waited += duration; }
     void freeze(std::chrono::milliseconds duration) override { frozen += duration; }
-    void post(std::function<void()> work) override { posted_.push_back(std::move(work)); }
+    void post(const WorkOwner& owner, std::function<void()> work) override {
+        posted_.push_back(owner.owning(std::move(work)));
+    }
     [[nodiscard]] bool closing() const override { return isClosing; }
 
     void runPosted() {

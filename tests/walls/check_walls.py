@@ -33,7 +33,7 @@ MAY_INCLUDE = {
 SUBSYSTEMS = {
     "phonebook": [],
     "planner": ["platform/controls/models", "phonebook", "platform/files", "platform/sqlite"],
-    "telephony": ["phonebook"],
+    "telephony": ["phonebook", "docpad"],
     "docpad": ["phonebook"],
     "reports": ["phonebook"],
     "exchange": ["phonebook", "planner", "platform/files", "platform/sqlite"],

@@ -18,7 +18,6 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/CommandMenus.h"
-#include "core/forms/DialerPage.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/MenuFirst.h"
@@ -27,7 +26,6 @@
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
 #include "core/forms/ToolStrip.h"
-#include "core/forms/Type.h"
 #include "platform/Messages.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
@@ -37,6 +35,7 @@
 #include "platform/controls/PaneButton.h"
 #include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Theme.h"
 
@@ -77,7 +76,6 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
       leftColumn_(new LeftColumn(codePage, locale, today, this)),
       plannerPage_(new PlannerPage(parts.day, this)),
       phonebookPage_(new PhonebookPage(codePage, this)),
-      dialerPage_(new DialerPage(this)),
       pages_(new QStackedWidget(this)),
       docPad_(new DocPadColumn(parts.text, this)),
       statusBar_(new StatusBar(codePage, this)),
@@ -141,7 +139,7 @@ QWidget* Calendar::makeToolbarRow() {
 QWidget* Calendar::makeDesk() {
     pages_->addWidget(plannerPage_);
     pages_->addWidget(phonebookPage_);
-    pages_->addWidget(dialerPage_);
+    pages_->addWidget(parts_.dialer.page);
     pages_->setMinimumWidth(kNarrowestPane);
 
     splitter_ = new QSplitter(Qt::Horizontal, this);
@@ -170,12 +168,12 @@ void Calendar::nameControls() {
         {PaneControl::Picture4, phonebookPage_->letterTabs()},
         {PaneControl::Label17, phonebookPage_->card()},
         {PaneControl::List1, leftColumn_->list()},
-        {PaneControl::Picture3, dialerPage_->keypad()},
-        {PaneControl::Label16, dialerPage_->number()},
-        {PaneControl::Command20, dialerPage_->backButton()},
-        {PaneControl::Command21, dialerPage_->clearButton()},
-        {PaneControl::Command22, dialerPage_->hangUpButton()},
-        {PaneControl::Command24, dialerPage_->sendButton()},
+        {PaneControl::Picture3, parts_.dialer.keypad},
+        {PaneControl::Label16, parts_.dialer.number},
+        {PaneControl::Command20, parts_.dialer.back},
+        {PaneControl::Command21, parts_.dialer.clear},
+        {PaneControl::Command22, parts_.dialer.hangUp},
+        {PaneControl::Command24, parts_.dialer.send},
         {PaneControl::Label18, leftColumn_->yellowLabel()},
         {PaneControl::Label19, leftColumn_->whiteLabel()},
         {PaneControl::Picture2, phonebookPage_->details()},
@@ -204,11 +202,10 @@ void Calendar::setTabStops() {
          {phonebookPage_->mailButton(), phonebookPage_->webButton(), phonebookPage_->fileButton(),
           phonebookPage_->associatesButton(), phonebookPage_->moveButton()})
         then(button);
-    for (auto* key : dialerPage_->keypad()->findChildren<QWidget*>())
+    for (auto* key : parts_.dialer.keypad->findChildren<QWidget*>())
         then(key);
-    for (auto* button :
-         {dialerPage_->sendButton(), dialerPage_->hangUpButton(), dialerPage_->backButton(),
-          dialerPage_->clearButton(), dialerPage_->externalButton()})
+    for (auto* button : {parts_.dialer.send, parts_.dialer.hangUp, parts_.dialer.back,
+                         parts_.dialer.clear, parts_.dialer.externalOne})
         then(button);
     then(docPad_->text());
     then(docPad_->growButton());
@@ -271,7 +268,7 @@ void Calendar::setDateLine(const std::string& text) {
 }
 
 void Calendar::setLastNumber(const std::string& text) {
-    dialerPage_->number()->setText(toQt(text, codePage_));
+    parts_.dialer.number->setText(toQt(text, codePage_));
 }
 
 QWidget* Calendar::textOf(FontTarget target) const {
@@ -296,7 +293,7 @@ int Calendar::colourOf(FontTarget target) const {
 }
 
 std::string Calendar::number() const {
-    return fromQt(dialerPage_->number()->text(), codePage_);
+    return fromQt(parts_.dialer.number->text(), codePage_);
 }
 
 void Calendar::setFont(FontTarget target, const FontChoice& choice) {

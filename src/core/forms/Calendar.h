@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QLabel;
+class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QTimer;
@@ -18,7 +19,6 @@ class QTimer;
 namespace velmora {
 
 class CommandMenus;
-class DialerPage;
 class DocPadColumn;
 class LeftColumn;
 class PadEdit;
@@ -35,10 +35,23 @@ class Calendar final : public QMainWindow, public MainForm {
     Q_OBJECT
 
   public:
-    // The parts of the window that are made outside it.
+    // What the window has to know of the Dialer pane.
+    struct Dialer {
+        QWidget* page;
+        QLabel* number;            // Label16
+        QWidget* keypad;           // Picture3
+        QPushButton* send;         // Command24
+        QPushButton* hangUp;       // Command22
+        QPushButton* back;         // Command20
+        QPushButton* clear;        // Command21
+        QPushButton* externalOne;  // Command2
+    };
+
+    // The parts of the window that are made outside it. It becomes their owner.
     struct Parts {
         SSDay* day;     // SSDay1
         PadEdit* text;  // Text4
+        Dialer dialer;
     };
 
     // `codePage` must outlive the window.
@@ -51,7 +64,6 @@ class Calendar final : public QMainWindow, public MainForm {
     [[nodiscard]] LeftColumn& leftColumn() const { return *leftColumn_; }
     [[nodiscard]] PlannerPage& plannerPage() const { return *plannerPage_; }
     [[nodiscard]] PhonebookPage& phonebookPage() const { return *phonebookPage_; }
-    [[nodiscard]] DialerPage& dialerPage() const { return *dialerPage_; }
     [[nodiscard]] DocPadColumn& docPad() const { return *docPad_; }
     [[nodiscard]] StatusBar& status() const { return *statusBar_; }
     [[nodiscard]] SSDay& day() const { return *parts_.day; }
@@ -132,7 +144,6 @@ class Calendar final : public QMainWindow, public MainForm {
     LeftColumn* leftColumn_;
     PlannerPage* plannerPage_;
     PhonebookPage* phonebookPage_;
-    DialerPage* dialerPage_;
     QStackedWidget* pages_;
     DocPadColumn* docPad_;
     QSplitter* splitter_ = nullptr;

@@ -6,9 +6,9 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "core/forms/Type.h"
 #include "platform/controls/ElidedLabel.h"
 #include "platform/controls/PadEdit.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {

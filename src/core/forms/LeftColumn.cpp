@@ -10,9 +10,9 @@
 #include <QVBoxLayout>
 
 #include "core/forms/ToolStrip.h"
-#include "core/forms/Type.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/SSMonth.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {

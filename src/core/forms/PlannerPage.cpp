@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "core/forms/Type.h"
 #include "platform/controls/ElidedLabel.h"
+#include "platform/controls/Type.h"
 
 namespace velmora {
 

@@ -6,10 +6,10 @@
 #include <QVBoxLayout>
 
 #include "core/ProductVersion.h"
-#include "core/forms/Type.h"
 #include "platform/Messages.h"
 #include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {

@@ -25,10 +25,10 @@ void QtEventLoop::freeze(std::chrono::milliseconds duration) {
     std::this_thread::sleep_for(duration);
 }
 
-void QtEventLoop::post(std::function<void()> work) {
+void QtEventLoop::post(const WorkOwner& owner, std::function<void()> work) {
     QMetaObject::invokeMethod(
         &receiver_,
-        [this, body = std::move(work)] {
+        [this, body = owner.owning(std::move(work))] {
             if (!closing_)
                 body();
         },

@@ -12,7 +12,7 @@ class QtEventLoop final : public EventLoop {
     void yield() override;
     void waitFor(std::chrono::milliseconds duration) override;
     void freeze(std::chrono::milliseconds duration) override;
-    void post(std::function<void()> work) override;
+    void post(const WorkOwner& owner, std::function<void()> work) override;
     [[nodiscard]] bool closing() const override { return closing_; }
 
     // From now on closing() is true, waits end at once and posted work no longer runs.

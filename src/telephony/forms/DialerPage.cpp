@@ -1,4 +1,4 @@
-#include "core/forms/DialerPage.h"
+#include "telephony/forms/DialerPage.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/forms/Type.h"
 #include "platform/controls/ElidedLabel.h"
 #include "platform/controls/Keypad.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {

@@ -1,4 +1,4 @@
-#include "docpad/PhoneLog.h"
+#include "telephony/PhoneLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "docpad/DocPadWorld.h"
-#include "docpad/PhoneLogViewer.h"
 #include "platform/Failure.h"
 #include "support/FakeClock.h"
+#include "telephony/PhoneLogViewer.h"
 
 namespace velmora {
 namespace {

@@ -1,4 +1,4 @@
-#include "docpad/PhoneLogViewer.h"
+#include "telephony/PhoneLogViewer.h"
 
 #include "platform/Failure.h"
 

@@ -1,4 +1,4 @@
-#include "docpad/PhoneLog.h"
+#include "telephony/PhoneLog.h"
 
 namespace velmora {
 

@@ -3,8 +3,8 @@
 #include "docpad/DialogState.h"
 #include "docpad/DocPad.h"
 #include "docpad/DocPadView.h"
-#include "docpad/PhoneLog.h"
 #include "platform/Messages.h"
+#include "telephony/PhoneLog.h"
 
 namespace velmora {
 
