@@ -57,7 +57,7 @@ void Program::start() {
     // Posted twice, and so behind the events of today, above which the questions have to open.
     QObject::connect(&calendar_, &Calendar::firstPainted, &connections_, [this] {
         world_.loop.post(questions_, [this] {
-            world_.loop.post(questions_, [this] { tellOfDamagedSettings(); });
+            world_.loop.post(questions_, [this] { tellOfSettings(); });
             world_.loop.post(questions_, [this] { offerWhatWasCutOff(); });
         });
     });
@@ -99,12 +99,26 @@ void Program::run(CommandName command) {
         commands_.run(command);
 }
 
-void Program::tellOfDamagedSettings() {
-    if (const auto& file = world_.settingsMedium.putAside())
+void Program::tellOfSettings() {
+    const SqliteSettings& medium = world_.settingsMedium;
+    const auto toText = [this](const std::string& utf8) { return world_.codePage.fromUtf8(utf8); };
+    if (const auto& file = medium.putAside())
         world_.messages.tell(kApplicationTitle,
                              "The settings were damaged and begin anew. The damaged file was kept "
                              "as " +
-                                 world_.codePage.fromUtf8(file->utf8()) + ".");
+                                 toText(file->utf8()) + ".");
+    if (const auto& why = medium.whyReadOnly())
+        world_.messages.warn(kApplicationTitle,
+                             "The settings can not be written. Velmora goes on with what it could "
+                             "read of them, and keeps no changes of settings, alarms and tasks "
+                             "until they can be written again. " +
+                                 toText(*why));
+    if (const auto why = world_.locations.whyUnknown())
+        world_.messages.warn(kApplicationTitle,
+                             "The settings that tell where the phonebooks and the planner lie can "
+                             "not be read. What is concerned is not opened, and nothing is written "
+                             "elsewhere. " +
+                                 toText(*why));
 }
 
 void Program::offerWhatWasCutOff() {

@@ -57,7 +57,7 @@ class Program {
     void bindCommands();
     void connectEnd();
     void run(CommandName command);
-    void tellOfDamagedSettings();
+    void tellOfSettings();
     void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
 

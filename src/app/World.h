@@ -22,8 +22,7 @@ namespace velmora {
 // What surrounds the program: the user's locale, the clock, files, settings, boxes, the loop
 // and the printers.
 struct World {
-    // `programFolder` is the folder of the data beside the program. Throws Failure when
-    // there is no folder for settings.
+    // `programFolder` is the folder of the data beside the program.
     explicit World(const NativePath& programFolder);
 
     CodePage codePage;

@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/files/FileIdentity.h"
 #include "platform/files/FileSteps.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -57,7 +58,7 @@ void createAppointmentTable(sqlite::Database& database) {
 void layDownDatabase(const NativePath& path) {
     if (identityOf(path))
         return;
-    const NativePath beside = path.withEnding(".laying-" + processNumber());
+    const NativePath beside = temporaryBeside(path);
     try {
         removeIfThere(beside);
         {

@@ -153,6 +153,17 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
     EXPECT_THAT(SSDay1.texts(), ElementsAre("own"));
 }
 
+TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
+    AppointmentStore other{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
+    PlannerFolder unknown{locations, opener, other, planner, desk, messages};
+    medium.unreadable = true;
+    unknown.OpenAtStart();
+    EXPECT_EQ(other.path(), "");
+    other.AddNew();
+    other.Put(Column::Desc, "text");
+    EXPECT_THROW(other.Update(), Failure);
+}
+
 TEST_F(PlannerFolderTest, OpensTheSharedDatabaseThatTheSettingsName) {
     share("shared");
     settings.Save("Calendar", "  " + folder.file("shared") + " ");

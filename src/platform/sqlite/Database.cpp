@@ -13,12 +13,35 @@ int flagsFor(Access access) {
     switch (access) {
         case Access::ReadOnly:
             return SQLITE_OPEN_READONLY;
+        case Access::AsItLies:
+            return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
         case Access::ReadWrite:
             return SQLITE_OPEN_READWRITE;
         case Access::ReadWriteOrCreate:
             break;
     }
     return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+}
+
+// The address by which the engine is told that nobody writes to the file meanwhile.
+std::string addressOf(const NativePath& path) {
+    constexpr std::string_view kPlain =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string address = "file:";
+    for (const char letter : path.utf8()) {
+        if (kPlain.find(letter) != std::string_view::npos) {
+            address += letter;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(letter);
+        address += {'%', kDigits[byte / 16], kDigits[byte % 16]};
+    }
+    return address + "?immutable=1";
+}
+
+std::string nameFor(const NativePath& path, Access access) {
+    return access == Access::AsItLies ? addressOf(path) : path.utf8();
 }
 
 }  // namespace
@@ -29,8 +52,8 @@ void Database::Closer::operator()(sqlite3* handle) const {
 
 Database::Database(const NativePath& path, Access access, std::chrono::milliseconds patience) {
     sqlite3* opened = nullptr;
-    const int result =
-        sqlite3_open_v2(path.c_str(), &opened, flagsFor(access) | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(nameFor(path, access).c_str(), &opened,
+                                       flagsFor(access) | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (!handle_)
         throw Failure("The database \"" + path.utf8() + "\" can not be opened: out of memory.");

@@ -17,6 +17,7 @@ enum class Access {
     ReadOnly,           // the file must be there
     ReadWrite,          // the file must be there; opened read-only where it may not be written
     ReadWriteOrCreate,  // a missing file is made, in a folder that is there
+    AsItLies,           // read without locks and without its log, where nothing can be written
 };
 
 // One open database file. Not shared between threads. Statements and transactions must be gone
