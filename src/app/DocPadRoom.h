@@ -66,6 +66,7 @@ class DocPadRoom {
     void bindCommands(CommandSet& commands);
 
     [[nodiscard]] DocPad& docPad() { return docPad_; }
+    [[nodiscard]] PadText& text() { return text_; }
 
     // See DocPad::mayClose().
     [[nodiscard]] bool mayClose();

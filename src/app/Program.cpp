@@ -18,6 +18,8 @@ Program::Program(const NativePath& nativeProgramFolder)
       dialer_(calendar_, *dialerPage_),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
+      letterRoom_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(), docPad_.text(),
+                  [this](const std::string& text) { endAfter(text); }),
       planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.store(),
                [this](const std::string& text) { endAfter(text); }),
       alarms_(world_, calendar_),
@@ -77,6 +79,7 @@ void Program::bindCommands() {
     windowRoom_.bindCommands(commands_);
     phonebook_.bindCommands(commands_);
     docPad_.bindCommands(commands_);
+    letterRoom_.bindCommands(commands_);
     planner_.bindCommands(commands_);
     events_.bindCommands(commands_);
     alarms_.bindCommands(commands_);

@@ -10,6 +10,7 @@
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
+#include "app/LetterRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -72,6 +73,7 @@ class Program {
     DialerRoom dialer_;
     JobRoom jobs_;
     DocPadRoom docPad_;
+    LetterRoom letterRoom_;
     PlannerRoom planner_;
     AlarmRoom alarms_;
     EventsRoom events_;

@@ -21,6 +21,7 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Form10", "tasks"},
     {"Monthly", "tasks"},
     {"TextSearch", "docpad-search"},
+    {"Form9", "docpad"},
     {"FontDialog", "fonts"},
     {"PrinterDialog", "printing"},
     {"Calculator", "calculator"},

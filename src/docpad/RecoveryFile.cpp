@@ -63,7 +63,7 @@ void RecoveryFile::keep(const std::string& text, const std::string& documentName
     ownPath_ = path;
 }
 
-void RecoveryFile::keepInBackground(std::string text, const std::string& documentName) {
+void RecoveryFile::keepInBackground(const std::string& text, const std::string& documentName) {
     settle();
     if (sealed_)
         return;

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Failure.h"
 #include "platform/PrintJob.h"
 
 // What a recorded job stands on: something that measures, and something that prints.
@@ -34,6 +35,12 @@ class PrintMetrics {
                                                       PageOrientation orientation) const = 0;
 };
 
+// The printer takes no more jobs now, but may later. The job that was refused is gone.
+class QueueIsFull : public Failure {
+  public:
+    using Failure::Failure;
+};
+
 // The printers of this machine.
 class PrintOutput {
   public:
@@ -46,7 +53,8 @@ class PrintOutput {
     [[nodiscard]] virtual std::string defaultPrinter() const = 0;
 
     // Sends a job. False when the user called it off. Throws Failure when its printer is not there
-    // any more or does not take it; nothing is printed elsewhere instead.
+    // any more or does not take it; nothing is printed elsewhere instead. Throws QueueIsFull when
+    // it would take it later.
     virtual bool print(const PrintJob& job) = 0;
 };
 

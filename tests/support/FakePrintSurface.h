@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -38,12 +39,15 @@ class FakePrinters : public PrintOutput {
   public:
     std::vector<std::string> names{"Pocket", "Office", kPrintToPdf};
     std::string defaultName = "Pocket";
-    std::string refusal;     // when not empty, each job fails with this text
-    bool calledOff = false;  // as if the user named no file for each job
+    std::string refusal;              // when not empty, each job fails with this text
+    bool calledOff = false;           // as if the user named no file for each job
+    std::function<void()> beforeJob;  // may throw, as a printer does
 
     [[nodiscard]] std::vector<std::string> printerNames() const override { return names; }
     [[nodiscard]] std::string defaultPrinter() const override { return defaultName; }
     bool print(const PrintJob& job) override {
+        if (beforeJob)
+            beforeJob();
         if (!refusal.empty())
             throw Failure(refusal);
         if (calledOff)

@@ -9,6 +9,7 @@
 
 #include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
+#include "platform/controls/DragFormats.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/qt/QtText.h"
@@ -31,6 +32,7 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
       Command5(makeDialogButton("Command5", "&Monthly", this)),
       Command6(makeDialogButton("Command6", "&Weekly", this)) {
     makePrimary(*Command1);
+    List1->setDragFormat(kTaskFormat);
     List1->setAccessibleName(QStringLiteral("Tasks"));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);

@@ -234,6 +234,11 @@ void EntryList::paintEvent(QPaintEvent* event) {
                       hasSelection() ? theme.ink : theme.accent);
 }
 
+void EntryList::setDragFormat(const char* format) {
+    lines_->setDragFormat(format);
+    setDragEnabled(true);
+}
+
 void EntryList::startDrag(Qt::DropActions actions) {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     if (selected.isEmpty())

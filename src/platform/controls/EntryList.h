@@ -31,6 +31,9 @@ class EntryList final : public QListView {
     // Lines for which this is true are drawn semibold.
     void setStrongLines(std::function<bool(std::string_view)> strong);
 
+    // Lines can be dragged, each as its bytes in this format of DragFormats.h.
+    void setDragFormat(const char* format);
+
     // Replaces all lines; none is selected then, and the list shows its top.
     void setLines(std::vector<std::string> lines);
 

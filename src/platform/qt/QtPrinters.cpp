@@ -31,7 +31,12 @@ void prepare(QPrinter& printer, const QPrinterInfo& info, PageOrientation orient
 
 // What the print system said to the job that this thread handed over last; nothing when it took it.
 // QPrinter looks at no answer. The functions live in the library that it has loaded by then.
-std::optional<std::string> refusal() {
+struct Refusal {
+    int answer = 0;
+    std::string text;
+};
+
+std::optional<Refusal> refusal() {
     QLibrary cups(QStringLiteral("cups"), 2);
     const auto lastError = reinterpret_cast<int (*)()>(cups.resolve("cupsLastError"));
     const auto lastText = reinterpret_cast<const char* (*)()>(cups.resolve("cupsLastErrorString"));
@@ -39,7 +44,17 @@ std::optional<std::string> refusal() {
     if (!lastError || !lastText || lastError() <= kLastGoodAnswer)
         return std::nullopt;
     const char* text = lastText();
-    return text ? text : "";
+    return Refusal{lastError(), text ? text : ""};
+}
+
+// Whether the printer may take the job later: too many are waiting, or it is busy.
+bool isForNow(const Refusal& refusal) {
+    constexpr int kNotPossible = 0x0404;  // how a queue says that it holds as many as it may
+    constexpr int kTemporary = 0x0505;
+    constexpr int kBusy = 0x0507;
+    constexpr int kTooManyJobs = 0x050B;
+    return refusal.answer == kNotPossible || refusal.answer == kTemporary ||
+           refusal.answer == kBusy || refusal.answer == kTooManyJobs;
 }
 
 Failure notPrinted(const std::string& utf8Printer, const std::string& why) {
@@ -95,8 +110,11 @@ void QtPrinters::printOnPaper(const PrintJob& job) {
     prepare(printer, info, job.orientation);
     if (!paintPages(printer, job, codePage_))
         throw notPrinted(name, "can not be reached");
-    if (const auto why = refusal())
-        throw notPrinted(name, "did not take it (" + *why + ")");
+    const auto why = refusal();
+    if (why && isForNow(*why))
+        throw QueueIsFull(notPrinted(name, "takes no more now (" + why->text + ")").what());
+    if (why)
+        throw notPrinted(name, "did not take it (" + why->text + ")");
 }
 
 bool QtPrinters::printToFile(const PrintJob& job) {
