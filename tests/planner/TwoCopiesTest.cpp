@@ -40,7 +40,7 @@ class AlertOfCopy final : public AlarmWindows {
 
 // A copy of the program with its own handle on the settings of all copies.
 struct Copy {
-    explicit Copy(const std::string& path) : medium(path) {}
+    explicit Copy(const std::string& path) : medium(NativePath(path)) {}
 
     void tickAt(int hour, int minute) {
         clock.set(kDay, hours(hour) + minutes(minute));
