@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <exception>
 
-#include "platform/Failure.h"
+#include "platform/FatalFailure.h"
 #include "platform/Messages.h"
 #include "platform/qt/BoxOwner.h"
 #include "platform/qt/Icons.h"
@@ -25,6 +25,11 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
+    } catch (const FatalFailure& failure) {
+        closePopups();
+        showError(QString::fromUtf8(failure.what()));
+        if (orderlyEnd_)
+            orderlyEnd_();
     } catch (const Failure& failure) {
         closePopups();
         showError(QString::fromUtf8(failure.what()));

@@ -15,7 +15,8 @@ class Application final : public QApplication {
 
     bool notify(QObject* receiver, QEvent* event) override;
 
-    // How the program ends in order after an error that is no Failure. Without one it just ends.
+    // How the program ends in order after a FatalFailure or an error that is no Failure. Without
+    // one it just ends.
     void setOrderlyEnd(std::function<void()> end) { orderlyEnd_ = std::move(end); }
 
     // Shows the standard error box.

@@ -63,7 +63,7 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
                world.locale),
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
       scheduling_({state, phonebook, store_, planner_, day_, month_, desk_, scheduleTexts_,
-                   world.messages, world.loop, world.clock, world.locale}) {
+                   world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
     makeSchedulingMenu();
     QObject::connect(&calendar.day(), &SSDay::characterReplaced, &connections_,
@@ -126,6 +126,7 @@ void PlannerRoom::openDatabase() {
         ignoringErrors([&] { layDownDatabase(blank); });
     }
     folder_.OpenAtStart();
+    planner_.TakeOver();
 }
 
 void PlannerRoom::colourCalendars() {
@@ -135,6 +136,7 @@ void PlannerRoom::colourCalendars() {
 
 void PlannerRoom::commitEditors() {
     calendar_.day().commitEditor();
+    planner_.KeepUnstored();
 }
 
 void PlannerRoom::tick() {
@@ -145,6 +147,8 @@ void PlannerRoom::tick() {
         SSYear1->setToday(today);
     }
     showNow();
+    planner_.TryAgain();
+    scheduling_.TryAgain();
 }
 
 void PlannerRoom::showNow() {

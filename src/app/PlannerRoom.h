@@ -80,7 +80,8 @@ class PlannerRoom {
     void connectControls();
     void makeSchedulingMenu();
     void popUpSchedulingMenu();
-    // Twice a second: moves the line of the present time, and today's mark at midnight.
+    // Twice a second: moves the line of the present time, and today's mark at midnight, and does
+    // what a lock or a full disk has held up.
     void tick();
     void showNow();
 

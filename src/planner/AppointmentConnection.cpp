@@ -1,7 +1,7 @@
 #include "planner/AppointmentConnection.h"
 
 #include "planner/PlannerDatabase.h"
-#include "platform/Failure.h"
+#include "platform/StorageFailure.h"
 
 namespace velmora {
 
@@ -30,8 +30,11 @@ void read(const sqlite::Statement& statement, AppointmentRow& row) {
 }
 
 const NativePath& checkedPath(const NativePath& path) {
-    if (kindOfDatabase(path) != DatabaseKind::Planner)
-        throw Failure("\"" + path.utf8() + "\" is no planner database.");
+    const DatabaseKind kind = kindOfDatabase(path);
+    if (kind == DatabaseKind::Missing && identityOf(path))
+        throw StorageFailure("\"" + path.utf8() + "\" can not be read.", Obstacle::Other);
+    if (kind != DatabaseKind::Planner)
+        throw StorageFailure("\"" + path.utf8() + "\" is no planner database.", Obstacle::NotThere);
     return path;
 }
 
@@ -44,17 +47,31 @@ void bind(sqlite::Statement& statement, int parameter, const AppointmentValue& v
 
 }  // namespace
 
-AppointmentConnection::AppointmentConnection(const NativePath& path,
-                                             std::chrono::milliseconds patience)
+AppointmentConnection::AppointmentConnection(const NativePath& path, Patience& patience)
     : path_(path),
       identity_(identityOf(path)),
       database_(checkedPath(path), sqlite::Access::ReadWrite, patience) {
+    database_.distrust();
+    expectTable();
     (void)query(Condition::All);  // fails unless the table is there with its columns
     database_.execute("PRAGMA synchronous = FULL");
     database_.execute("PRAGMA cache_size = -16384");  // 16 MB: years of appointments
     // A file that another tool left in the mode of many files comes back to one: it is copied by
     // itself, and may lie on a share.
     ignoringErrors([&] { database_.execute("PRAGMA journal_mode = DELETE"); });
+}
+
+// Columns that are worked out when they are read could be made to take for ever.
+void AppointmentConnection::expectTable() {
+    auto tables = database_.prepare(
+        "SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND name = 'appoint' COLLATE NOCASE"
+        " AND type = 'table'");
+    auto workedOut = database_.prepare("SELECT 1 FROM pragma_table_xinfo('appoint') WHERE hidden");
+    const bool isTable = tables.step();
+    tables.reset();
+    if (!isTable || workedOut.step())
+        throw StorageFailure("\"" + path_.utf8() + "\" has no table of appointments.",
+                             Obstacle::NotThere);
 }
 
 sqlite::Statement& AppointmentConnection::query(Condition condition) {
@@ -127,7 +144,9 @@ void AppointmentConnection::write(sqlite::Statement& statement) {
     // While this waited for the lock another copy of the program may have put a new file in the
     // place of this one; what is written here would never be seen.
     if (!stillMeant())
-        throw Failure("The planner database \"" + path_.utf8() + "\" has just been replaced.");
+        throw StorageFailure(
+            "The planner database \"" + path_.utf8() + "\" has just been replaced.",
+            Obstacle::InUse);
     statement.run();
     transaction.commit();
 }
@@ -146,14 +165,14 @@ void AppointmentConnection::change(std::int64_t number, const Values& values) {
             bind(statement, static_cast<int>(i) + 1, *values[i]);
     write(statement.bindInteger(7, number));
     if (database_.changedRows() == 0)
-        throw Failure("The appointment is no longer in the planner.");
+        throw StorageFailure("The appointment is no longer in the planner.", Obstacle::NoSuchRow);
 }
 
 void AppointmentConnection::remove(std::int64_t number) {
     auto statement = database_.prepare("DELETE FROM appoint WHERE rowid = ?1");
     write(statement.bindInteger(1, number));
     if (database_.changedRows() == 0)
-        throw Failure("The appointment is no longer in the planner.");
+        throw StorageFailure("The appointment is no longer in the planner.", Obstacle::NoSuchRow);
 }
 
 }  // namespace velmora

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -11,6 +10,7 @@
 
 #include "planner/AppointmentRow.h"
 #include "platform/NativePath.h"
+#include "platform/Patience.h"
 #include "platform/files/FileIdentity.h"
 #include "platform/sqlite/Database.h"
 
@@ -20,8 +20,9 @@ namespace velmora {
 // locked between two calls. All throw Failure.
 class AppointmentConnection {
   public:
-    // A file that is missing, foreign or without the table is a Failure, and stays as it is.
-    AppointmentConnection(const NativePath& path, std::chrono::milliseconds patience);
+    // A file that is missing, foreign or without the table is a Failure, and stays as it is; a view
+    // or a virtual table of that name is none. `patience` must outlive the connection.
+    AppointmentConnection(const NativePath& path, Patience& patience);
 
     // False once the path means another file than the one that is open, or none.
     [[nodiscard]] bool stillMeant() const { return identityOf(path_) == identity_; }
@@ -51,6 +52,7 @@ class AppointmentConnection {
     void remove(std::int64_t number);
 
   private:
+    void expectTable();
     [[nodiscard]] sqlite::Statement& query(Condition condition);
     void write(sqlite::Statement& statement);
 

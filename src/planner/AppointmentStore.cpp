@@ -49,7 +49,7 @@ void AppointmentStore::OpenDatabase(const std::string& path) {
 
 void AppointmentStore::SelectByDate(std::string_view dateText,
                                     std::optional<std::chrono::year> pivotYear) {
-    Source source{Condition::Date, {}, {}};
+    Source source{Condition::Date, {}, {}, {}};
     if (const auto day = readDate(dateText, pivotYear.value_or(presentYear())))
         source.value = storedDay(*day);
     else
@@ -58,7 +58,7 @@ void AppointmentStore::SelectByDate(std::string_view dateText,
 }
 
 void AppointmentStore::SelectByTag(std::string_view tagText) {
-    Source source{Condition::Tag, {}, {}};
+    Source source{Condition::Tag, {}, {}, {}};
     if (const auto tag = readMoment(tagText, presentYear()))
         source.value = storedMoment(*tag);
     else
@@ -68,7 +68,7 @@ void AppointmentStore::SelectByTag(std::string_view tagText) {
 }
 
 void AppointmentStore::SelectAll() {
-    select("Appoint", Source{Condition::All, {}, {}});
+    select("Appoint", Source{Condition::All, {}, {}, {}});
 }
 
 void AppointmentStore::select(std::string recordSource, Source source) {
@@ -118,8 +118,14 @@ bool AppointmentStore::FindFirst(std::string_view criterion) {
     if (!tag)
         throw Failure("The moment \"" + codePage_.toUtf8(criterion) + "\" can not be read.");
     if (!running_.trouble.empty())
-        throw Failure(running_.trouble);
-    auto found = connection().find(running_.condition, running_.value, storedMoment(*tag));
+        throw StorageFailure(running_.trouble, running_.obstacle.value_or(Obstacle::Other));
+    std::optional<AppointmentRow> found;
+    try {
+        found = connection().find(running_.condition, running_.value, storedMoment(*tag));
+    } catch (const Failure& failure) {
+        takeNote(failure);
+        throw;
+    }
     if (!found)
         return false;
     toCodePage(*found);
@@ -199,10 +205,12 @@ std::vector<DayStyle> AppointmentStore::DayStyles() {
     Refresh();
     mustRun_ = false;
     DayStyleCollector collector(codePage_);
-    ignoringErrors([&] {
+    try {
         connection().visitDays(
             [&](std::string_view date, std::string_view style) { collector.add(date, style); });
-    });
+    } catch (const Failure& failure) {
+        takeNote(failure);
+    }
     return collector.result();
 }
 
@@ -234,12 +242,21 @@ void AppointmentStore::run() {
     }
 }
 
+std::optional<Obstacle> AppointmentStore::obstacle() const {
+    return running_.obstacle == Obstacle::NotThere ? std::nullopt : running_.obstacle;
+}
+
+void AppointmentStore::takeNote(const Failure& failure) {
+    running_.obstacle = obstacleOf(failure);
+}
+
 void AppointmentStore::fetchBehind(std::int64_t number, std::size_t limit) {
     dropRows();
     try {
         moreBehind_ = connection().fetch(running_.condition, running_.value, number, limit, rows_);
-    } catch (const Failure&) {
+    } catch (const Failure& failure) {
         dropRows();
+        takeNote(failure);
         throw;
     }
     for (AppointmentRow& row : rows_)
@@ -257,7 +274,9 @@ AppointmentRow& AppointmentStore::current() {
     run();
     if (position_ < rows_.size())
         return rows_[position_];
-    throw Failure(running_.trouble.empty() ? "There is no current appointment." : running_.trouble);
+    if (running_.trouble.empty())
+        throw StorageFailure("There is no current appointment.", Obstacle::NoSuchRow);
+    throw StorageFailure(running_.trouble, running_.obstacle.value_or(Obstacle::Other));
 }
 
 void AppointmentStore::toCodePage(AppointmentRow& row) const {

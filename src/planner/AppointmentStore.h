@@ -14,6 +14,8 @@
 #include "planner/DayStyle.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
+#include "platform/Patience.h"
+#include "platform/StorageFailure.h"
 #include "platform/SystemPaths.h"
 
 namespace velmora {
@@ -27,9 +29,9 @@ namespace velmora {
 // database. No lock is held between two calls. All text is code-page text.
 class AppointmentStore {
   public:
-    // `patience`: how long another program's lock is waited for.
+    // `patience`: how long another program's lock is waited for, however many steps meet it.
     AppointmentStore(const CodePage& codePage, const Clock& clock, const SystemPaths& paths,
-                     std::chrono::milliseconds patience = std::chrono::seconds(5));
+                     std::chrono::milliseconds patience = std::chrono::milliseconds(200));
 
     // Makes `path` the database, whether a file is there or not. The rows on hand are gone.
     void OpenDatabase(const std::string& path);
@@ -48,6 +50,13 @@ class AppointmentStore {
     void Refresh();
 
     [[nodiscard]] bool Eof();
+
+    // Why not all rows of the last source that ran, or of DayStyles(), could be read. Nothing when
+    // they could, and when there is no database at all.
+    [[nodiscard]] std::optional<Obstacle> obstacle() const;
+
+    // What waits for locks.
+    [[nodiscard]] Patience& patience() { return patience_; }
 
     // Drop a row being added or changed. Throw Failure when there is no row to go from.
     void MoveFirst();
@@ -93,7 +102,8 @@ class AppointmentStore {
     struct Source {
         AppointmentConnection::Condition condition = AppointmentConnection::Condition::All;
         std::string value;
-        std::string trouble;  // why it can not be run; empty when it can
+        std::string trouble;                 // why it can not be run; empty when it can
+        std::optional<Obstacle> obstacle{};  // that running it met
     };
 
     enum class Editing { Nothing, Addition, Change };
@@ -105,6 +115,7 @@ class AppointmentStore {
     void run();
     void fetchBehind(std::int64_t number, std::size_t limit);
     void dropRows();
+    void takeNote(const Failure& failure);
     [[nodiscard]] AppointmentRow& current();
     void toCodePage(AppointmentRow& row) const;
     [[nodiscard]] AppointmentValue storedForm(Column column, std::string_view text) const;
@@ -113,13 +124,13 @@ class AppointmentStore {
     const CodePage& codePage_;
     const Clock& clock_;
     const SystemPaths& paths_;
-    std::chrono::milliseconds patience_;
+    Patience patience_;
     std::string path_;
     std::unique_ptr<AppointmentConnection> connection_;
 
     std::string recordSource_;
-    Source selected_{{}, {}, "No record source is set."};  // what the next Refresh() runs
-    Source running_ = selected_;                           // what gave the rows on hand
+    Source selected_{{}, {}, "No record source is set.", {}};  // what the next Refresh() runs
+    Source running_ = selected_;                               // what gave the rows on hand
     bool mustRun_ = false;
     bool fromFirst_ = false;            // the rows on hand begin with the source's first
     bool moreBehind_ = false;           // there may be rows behind those on hand

@@ -1,5 +1,6 @@
 #include "planner/Planner.h"
 
+#include "planner/PlannerTrouble.h"
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
 #include "platform/Failure.h"
@@ -11,7 +12,6 @@ namespace {
 
 using std::chrono::year_month_day;
 
-constexpr const char* kStyle = "Event";
 constexpr const char* kNoStyle = "None";
 
 struct NamedLook {
@@ -36,7 +36,7 @@ constexpr NamedLook kLooks[] = {
 }  // namespace
 
 Planner::Planner(AppointmentStore& store, const PlannerControls& controls, StatusLine& status,
-                 const SettingsStore& settings, const Clock& clock, const LocaleFormats& formats)
+                 SettingsStore& settings, const Clock& clock, const LocaleFormats& formats)
     : store_(store),
       day_(controls.day),
       month_(controls.month),
@@ -68,6 +68,7 @@ void Planner::UpdateDays() {
     const std::vector<DayStyle> days = store_.DayStyles();
     ignoringErrors([&] { year_.SetDayStyles(days); });
     ignoringErrors([&] { month_.SetDayStyles(days); });
+    coloursAreUnread_ = store_.obstacle().has_value();
 }
 
 std::chrono::year Planner::pivotYear() const {
@@ -76,6 +77,7 @@ std::chrono::year Planner::pivotYear() const {
 }
 
 void Planner::LoadDayTasks() {
+    putAside();
     ignoringErrors([&] { store_.Refresh(); });
     const auto pivot = pivotYear();
     dayOnShow_ = readDate(selectedDate_, pivot);
@@ -85,8 +87,13 @@ void Planner::LoadDayTasks() {
         dayOnShow_ = readDate(selectedDate_, pivot);
     }
     ignoringErrors([&] { store_.SelectByDate(selectedDate_, pivot); });
+    fillDay();
+}
+
+void Planner::fillDay() {
     ignoringErrors([&] { store_.Refresh(); });
     ignoringErrors([&] { day_.RemoveAllTasks(); });
+    editIsOpen_ = false;
     for (int index = 0; !store_.Eof(); ++index) {
         ignoringErrors([&] {
             const AppointmentRow& row = store_.CurrentRow();
@@ -96,6 +103,12 @@ void Planner::LoadDayTasks() {
         });
         ignoringErrors([&] { store_.MoveNext(); });
     }
+    const auto obstacle = store_.obstacle();
+    dayIsUnread_ = obstacle.has_value();
+    if (obstacle)  // a part of the day would pass for the whole of it
+        ignoringErrors([&] { day_.RemoveAllTasks(); });
+    ignoringErrors([&] { day_.SetNotice(obstacle ? dayCanNotBeRead(*obstacle) : std::string()); });
+    showUnstored();
 }
 
 void Planner::AlignMonthWithDayOnShow() {
@@ -106,11 +119,15 @@ void Planner::AlignMonthWithDayOnShow() {
         ignoringErrors([&] { month_.SetDate(onShow); });
 }
 
-void Planner::OnTaskEditBegin(int /*index*/, bool exists) {
+void Planner::OnTaskEditBegin(int index, bool exists) {
     taskIsNew_ = !exists;
+    editIsOpen_ = true;
+    beforeEdit_.reset();
+    ignoringErrors([&] { beforeEdit_ = day_.Task(index); });
 }
 
 void Planner::OnTaskEditEnd(int index, bool keepRefresh, bool save) {
+    editIsOpen_ = false;
     if (index != -1) {
         ignoringErrors([&] { store_.SelectAll(); });
         ignoringErrors([&] { store_.Refresh(); });
@@ -125,6 +142,26 @@ void Planner::OnTaskEditEnd(int index, bool keepRefresh, bool save) {
 }
 
 void Planner::storeTask(int index) {
+    try {
+        writeTask(index);
+    } catch (const Failure& failure) {
+        const std::string why = becauseOf(obstacleOf(failure));
+        if (taskIsNew_) {
+            // Without its row the block must not pass for one that has: its next edit would land
+            // on the row of another.
+            ignoringErrors([&] { day_.SetTaskTag(index, ""); });
+            blocksAreUnstored_ = true;
+            tell("The appointment is not stored yet" + why);
+        } else {
+            if (beforeEdit_)
+                ignoringErrors([&] { day_.SetTask(index, *beforeEdit_); });
+            tell("The change could not be stored" + why);
+        }
+    }
+    ignoringErrors([&] { store_.Refresh(); });
+}
+
+void Planner::writeTask(int index) {
     if (taskIsNew_)
         beginAddition(index);
     else
@@ -132,16 +169,8 @@ void Planner::storeTask(int index) {
     ignoringErrors([&] { store_.Put(Column::BeginTime, day_.Task(index).BeginTime); });
     ignoringErrors([&] { store_.Put(Column::EndTime, day_.Task(index).EndTime); });
     ignoringErrors([&] { store_.Put(Column::Desc, day_.Task(index).text); });
-    ignoringErrors([&] { store_.Put(Column::StyleSet, kStyle); });
-    try {
-        store_.Update();
-    } catch (const Failure&) {
-        // Without its row the block must not pass for one that has: its next edit would land on
-        // the row of another.
-        if (taskIsNew_)
-            ignoringErrors([&] { day_.SetTaskTag(index, ""); });
-    }
-    ignoringErrors([&] { store_.Refresh(); });
+    ignoringErrors([&] { store_.Put(Column::StyleSet, kStyleOfAppointments); });
+    store_.Update();
 }
 
 void Planner::beginAddition(int index) {
@@ -152,29 +181,43 @@ void Planner::beginAddition(int index) {
     ignoringErrors([&] { store_.Put(Column::Date, month_.Date()); });
 }
 
+// Where no row has the tag, the change lands on the first row of the day. Where that can not be
+// known, it lands on none.
 void Planner::beginChange(int index) {
-    ignoringErrors([&] { store_.SelectByDate(month_.Date()); });
-    ignoringErrors([&] { store_.Refresh(); });
-    std::string tag;
-    ignoringErrors([&] { tag = day_.Task(index).TagVariant; });
-    // Where no row has the tag, the change lands on the first row of the day.
-    ignoringErrors([&] { store_.FindFirst("[TagVariant] = #" + tag + "#"); });
-    ignoringErrors([&] { store_.Edit(); });
+    store_.SelectByDate(month_.Date());
+    store_.Refresh();
+    (void)store_.FindFirst("[TagVariant] = #" + day_.Task(index).TagVariant + "#");
+    store_.Edit();
 }
 
 void Planner::OnTaskRemove() {
-    std::string tag;
-    ignoringErrors([&] { tag = day_.Task(day_.SelectedTask()).TagVariant; });
-    ignoringErrors([&] { store_.SelectByTag(tag); });
-    ignoringErrors([&] { store_.Refresh(); });
-    ignoringErrors([&] { store_.Delete(); });
-    ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
-    ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
+    DayTask task;
+    ignoringErrors([&] { task = day_.Task(day_.SelectedTask()); });
+    try {
+        removeRow(task.TagVariant);
+        ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
+        ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
+    } catch (const Failure& failure) {
+        // The view takes the block away; another comes in its place, since the row is still there.
+        ignoringErrors([&] { day_.AddTask(task.BeginTime, task.EndTime, task.text); });
+        ignoringErrors([&] { day_.SetTaskTag(day_.TaskCount() - 1, task.TagVariant); });
+        tell("The appointment could not be removed" + becauseOf(obstacleOf(failure)));
+    }
     UpdateDays();
 }
 
+// A row that is gone already needs no removal.
+void Planner::removeRow(const std::string& tag) {
+    store_.SelectByTag(tag);
+    store_.Refresh();
+    if (!store_.Eof())
+        store_.Delete();
+    else if (const auto obstacle = store_.obstacle())
+        throw StorageFailure("The appointment can not be read.", *obstacle);
+}
+
 void Planner::OnDayPointerMoved() {
-    status_.show("Drag horizontal divider bars to adjust times.");
+    help("Drag horizontal divider bars to adjust times.");
 }
 
 void Planner::OnMonthSelection(const std::string& date) {
@@ -186,16 +229,17 @@ void Planner::OnMonthSelection(const std::string& date) {
     selectedDate_ = date;
     if (selectedDate_.empty())
         return;
+    putAside();
     ignoringErrors([&] { day_.RemoveAllTasks(); });
     LoadDayTasks();
 }
 
 void Planner::OnMonthGotFocus() {
-    status_.show("Press CTRL+T to go to today.");
+    help("Press CTRL+T to go to today.");
 }
 
 void Planner::OnMonthLostFocus() {
-    status_.show("");
+    help("");
 }
 
 bool Planner::OnMonthDrop(int x, int y, bool selectedEntryDropped) {
@@ -229,6 +273,7 @@ void Planner::OnYearSelection(const std::string& date) {
 
 void Planner::OnYearDoubleClick() {
     if (!selectedDate_.empty()) {
+        putAside();
         ignoringErrors([&] { day_.RemoveAllTasks(); });
         LoadDayTasks();
     }

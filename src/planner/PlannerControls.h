@@ -29,6 +29,14 @@ class DayControl {
     [[nodiscard]] virtual DayTask Task(int index) const = 0;
     virtual void SetTaskTag(int index, const std::string& tag) = 0;
 
+    // Gives a block the times and the text of another; its tag stays.
+    virtual void SetTask(int index, const DayTask& task) = 0;
+
+    [[nodiscard]] virtual int TaskCount() const = 0;
+
+    // What the view says beside its blocks, when something is to be said of the day as a whole.
+    virtual void SetNotice(const std::string& text) = 0;
+
     // The index of the selected block, -1 without one.
     [[nodiscard]] virtual int SelectedTask() const = 0;
 

@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "platform/Failure.h"
+#include "platform/FatalFailure.h"
 
 namespace velmora {
 namespace {
@@ -38,6 +38,14 @@ QString errorBoxAfter(std::function<void()> work) {
 TEST(Application, AFailureThatNobodyCaughtIsShownAndTheProgramGoesOn) {
     EXPECT_EQ(errorBoxAfter([] { throw Failure("The disk is full."); }), "The disk is full.");
     EXPECT_EQ(errorBoxAfter([] { throw Failure("Once more."); }), "Once more.");
+}
+
+TEST(Application, AFatalFailureIsShownInItsOwnWordsAndTheProgramEndsInOrder) {
+    int ends = 0;
+    application().setOrderlyEnd([&] { ++ends; });
+    EXPECT_EQ(errorBoxAfter([] { throw FatalFailure("Too many of them."); }), "Too many of them.");
+    EXPECT_EQ(ends, 1);
+    application().setOrderlyEnd(nullptr);
 }
 
 TEST(Application, AnyOtherErrorIsShownAndTheProgramEndsInOrder) {

@@ -69,7 +69,7 @@ class PlannerPaneTest : public testing::Test {
                         .yearButton = yearButton,
                         .selectedLine = [this] { return selectedLine; },
                         .popUpSchedulingMenu = [this] { ++menus; }},
-                       planner);
+                       planner, window);
         planner.SetCalendarStyleSets();
         showActive(window);
         month.setDate(kToday);

@@ -602,6 +602,34 @@ TEST_F(SSDayTest, ShowsItsBlocksToAssistiveTools) {
     EXPECT_TRUE(block->state().selected);
 }
 
+TEST_F(SSDayTest, ABlockWithoutATagIsDrawnAndReadAsNotStored) {
+    add("09:00 AM", "11:00 AM", "dentist", "");
+    add("01:00 PM", "03:00 PM", "lunch", "tag");
+    const auto inside = [this](int index) {
+        const QRect block = day.blockRect(index);
+        return day.grab().toImage().pixelColor(QPoint(block.right() - 12, block.top() + 20) *
+                                               day.devicePixelRatio());
+    };
+    const Theme& theme = Theme::of(day);
+    EXPECT_EQ(inside(0), theme.surface);
+    EXPECT_EQ(inside(1), theme.tint);
+    EXPECT_TRUE(day.part(0).name.endsWith(QLatin1String(", not stored")));
+    EXPECT_FALSE(day.part(1).name.contains(QLatin1String("not stored")));
+    day.Tasks().setTagVariant(0, "tag");
+    EXPECT_EQ(inside(0), theme.tint);
+    EXPECT_FALSE(day.part(0).name.contains(QLatin1String("not stored")));
+}
+
+TEST_F(SSDayTest, SaysOnItsPaperWhatIsToBeSaidOfTheDay) {
+    const QImage before = day.grab().toImage();
+    day.setNotice("This day can not be read: another program is using the planner.");
+    EXPECT_NE(day.grab().toImage(), before);
+    EXPECT_EQ(day.accessibleDescription(),
+              "This day can not be read: another program is using the planner.");
+    day.setNotice("");
+    EXPECT_EQ(day.grab().toImage(), before);
+}
+
 TEST(DayPainter, LetsNoPhoneNumberBreak) {
     EXPECT_EQ(DayPainter::unbreakable(QStringLiteral("(312) 555-0142 - a-b ) x")),
               QString::fromUtf8("(312)\u00a0555\u20110142 - a-b )\u00a0x"));

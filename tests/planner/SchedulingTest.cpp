@@ -48,7 +48,7 @@ class SchedulingTest : public testing::Test, protected test::PlannerFixture {
                  bytesOf(companyRecord("Acme"));
         scheduling = std::make_unique<Scheduling>(
             SchedulingParts{books.state, books.store, store, planner, SSDay1, SSMonth1,
-                            scheduleDesk, texts, messages, loop, clock, formats});
+                            scheduleDesk, texts, messages, loop, clock, formats, status});
     }
 
     static PhonebookRecord tombstone() {
@@ -344,6 +344,51 @@ TEST_F(SchedulingTest, EndsTheProgramWhenTheDiskIsFull) {
     ASSERT_EQ(scheduleDesk.ended.size(), 1U);
     EXPECT_EQ(book(), before);
     EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(SchedulingTest, WaitsForAPlannerThatAnotherProgramLocksAndBooksOnce) {
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        other.execute("BEGIN EXCLUSIVE");
+        run(ScheduleCommand::Call, "nobody of that name");
+        scheduling->TryAgain();
+        EXPECT_THAT(scheduleDesk.ended, IsEmpty());
+        EXPECT_EQ(scheduling->waiting(), 1U);
+        EXPECT_THAT(status.text, HasSubstr("another program"));
+        EXPECT_EQ(book().size(), 4U * 1595);  // nothing is written before the planner can be
+    }
+    scheduling->TryAgain();
+    EXPECT_EQ(lastText(), "Call  ");
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(book().size(), 5U * 1595);
+    EXPECT_EQ(scheduling->waiting(), 0U);
+    scheduling->TryAgain();
+    EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(SchedulingTest, BooksTheEntryOnceWhenOnlyWritingIsLocked) {
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        other.execute("BEGIN IMMEDIATE");
+        run(ScheduleCommand::Call, "nobody of that name");
+        scheduling->TryAgain();
+        EXPECT_EQ(book().size(), 5U * 1595);
+    }
+    scheduling->TryAgain();
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(book().size(), 5U * 1595);
+}
+
+TEST_F(SchedulingTest, EndsTheProgramWhenThePlannerStaysLocked) {
+    sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+    other.execute("BEGIN EXCLUSIVE");
+    run(ScheduleCommand::Call, "Doe, Jane");
+    for (int i = 0; i < 9; ++i)
+        scheduling->TryAgain();
+    EXPECT_THAT(scheduleDesk.ended, IsEmpty());
+    scheduling->TryAgain();
+    EXPECT_EQ(scheduleDesk.ended.size(), 1U);
+    EXPECT_EQ(scheduling->waiting(), 0U);
 }
 
 TEST_F(SchedulingTest, EndsTheProgramWhenThePlannerIsMissing) {

@@ -60,7 +60,9 @@ inline RawRow rowOn(const std::string& storedDate, int second, const std::string
 
 // A planner on a database in a folder of its own.
 struct PlannerFixture {
-    PlannerFixture() {
+    // In a folder of its own, or in the file of this path.
+    explicit PlannerFixture(const std::string& wanted = {})
+        : path(wanted.empty() ? folder.file("qel.mdb") : wanted) {
         layDownDatabase(NativePath(path));
         store.OpenDatabase(path);
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
@@ -72,7 +74,7 @@ struct PlannerFixture {
     [[nodiscard]] std::vector<RawRow> rows() const { return rawRows(path); }
 
     TemporaryFolder folder;
-    std::string path = folder.file("qel.mdb");
+    std::string path;
     FakeClock clock;
     MemorySettings medium;
     SettingsStore settings{medium};

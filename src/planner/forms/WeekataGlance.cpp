@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimerEvent>
 #include <optional>
 
 #include "platform/controls/DialogButton.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kMargin = 16;
 constexpr int kGap = 8;
+constexpr int kBetweenTries = 2000;  // milliseconds
 constexpr QSize kFormSize(1180, 626);
 
 // Where no program may place its windows.
@@ -81,7 +83,15 @@ void WeekataGlance::changeEvent(QEvent* event) {
 
 void WeekataGlance::load() {
     centre();
-    load_.Load(*this);
+    if (!load_.Load(*this))
+        again_.start(kBetweenTries, this);
+}
+
+void WeekataGlance::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != again_.timerId())
+        return QDialog::timerEvent(event);
+    if (!isVisible() || load_.Load(*this, WeekLoad::Locks::PassBy))
+        again_.stop();
 }
 
 void WeekataGlance::centre() {
@@ -122,6 +132,14 @@ void WeekataGlance::AddTask(int day, const std::string& beginTime, const std::st
 
 void WeekataGlance::SetTaskTag(int day, int index, const std::string& tag) {
     view(day).Tasks().setTagVariant(index, tag);
+}
+
+void WeekataGlance::RemoveTasksOf(int day) {
+    view(day).Tasks().RemoveAll();
+}
+
+void WeekataGlance::SetDayNotice(int day, const std::string& text) {
+    view(day).setNotice(text);
 }
 
 void WeekataGlance::SetDayCaption(int day, const std::string& text) {

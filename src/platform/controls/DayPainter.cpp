@@ -18,7 +18,8 @@ using namespace std::chrono;
 constexpr qreal kRadius = 5;
 constexpr int kEdge = 4;           // the bar at a block's left
 constexpr int kOneLineBelow = 30;  // lower blocks show one line
-constexpr int kTimesFrom = 36;     // blocks of this height show their times
+constexpr int kNoticeMargin = 24;
+constexpr int kTimesFrom = 36;  // blocks of this height show their times
 
 }  // namespace
 
@@ -97,8 +98,22 @@ void DayPainter::ground(const QRect& rect, const QColor& fill) const {
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
+// A block without its row: neither fill nor bar, and a broken line around it.
+void DayPainter::outline(const QRect& rect) const {
+    const QRectF box = onPixels(painter_, rect);
+    fillRounded(painter_, box, kRadius, look_.theme.surface);
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(QPen(look_.theme.accent, 1.5, Qt::DashLine));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRoundedRect(box.adjusted(0.75, 0.75, -0.75, -0.75), kRadius, kRadius);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void DayPainter::block(const ShownBlock& block, const QRect& rect) const {
-    ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
+    if (block.unstored)
+        outline(rect);
+    else
+        ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
     if (block.selected)
         drawRing(painter_, rect, 2, kRadius, look_.theme.accent);
     if (!look_.small && !block.selected && !block.hovered)
@@ -106,7 +121,7 @@ void DayPainter::block(const ShownBlock& block, const QRect& rect) const {
     const QRect room = rect.adjusted(look_.small ? 9 : 12, 0, look_.small ? -4 : -8, 0);
     if (room.width() < 4)
         return;
-    painter_.setPen(look_.text);
+    painter_.setPen(block.unstored ? look_.theme.ink2 : look_.text);
     painter_.setFont(look_.font);
     if (rect.height() < kOneLineBelow)
         oneLine(block, room);
@@ -204,6 +219,22 @@ void DayPainter::nowLine(minutes now) const {
     const int right = geometry_.paper.right() + 1 - geometry_.blockMargin;
     painter_.fillRect(left, y - 1, right - left, 2, look_.theme.accent);
     fillRounded(painter_, QRectF(left - 5, y - 5, 10, 10), 5, look_.theme.accent);
+}
+
+void DayPainter::notice(const QString& text, const QRect& area) const {
+    const int left = geometry_.paper.left() + geometry_.gutter;
+    const QRect room(left + kNoticeMargin, geometry_.paper.top() + kNoticeMargin,
+                     geometry_.paper.right() + 1 - left - 2 * kNoticeMargin,
+                     geometry_.paper.height() - 2 * kNoticeMargin);
+    if (!room.intersects(area))
+        return;
+    painter_.setFont(look_.font);
+    painter_.setPen(look_.theme.ink2);
+    QRect used;
+    const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+    painter_.drawText(room, flags | Qt::TextDontPrint, text, &used);
+    painter_.fillRect(used.adjusted(-4, -2, 4, 2), look_.theme.surface);
+    painter_.drawText(room, flags, text);
 }
 
 QRect DayPainter::gutterTimeRect(const DayGeometry& geometry, minutes time) {

@@ -21,6 +21,7 @@ struct ShownBlock {
     QString times{};  // "9:30 AM - 10:30 AM" with a dash between
     bool selected = false;
     bool hovered = false;
+    bool unstored = false;  // drawn as an outline only
 };
 
 // Draws the parts of a day view. Nothing here knows what the parts mean.
@@ -45,6 +46,8 @@ class DayPainter {
     void range(TimeSpan span, const QString& times) const;
     void focusedSlot(std::chrono::minutes slot) const;
     void nowLine(std::chrono::minutes now) const;
+    // A quiet text in the upper part of what is in view.
+    void notice(const QString& text, const QRect& area) const;
     // A time in the gutter, beside the edge that is dragged.
     void gutterTime(std::chrono::minutes time, const QString& text) const;
 
@@ -66,6 +69,7 @@ class DayPainter {
   private:
     void hourLabel(std::chrono::minutes hour) const;
     void ground(const QRect& rect, const QColor& fill) const;
+    void outline(const QRect& rect) const;
     void oneLine(const ShownBlock& block, const QRect& room) const;
     void lines(const ShownBlock& block, const QRect& room) const;
     void barAtRest(const QRect& block) const;

@@ -119,6 +119,14 @@ void SSDay::setCaption(std::string_view caption) {
     Refresh();
 }
 
+void SSDay::setNotice(std::string_view notice) {
+    if (notice == notice_)
+        return;
+    notice_ = notice;
+    setAccessibleDescription(toQt(notice_, codePage_));
+    update();
+}
+
 void SSDay::setCaptionFont(const QFont& font) {
     captionFont_ = font;
     captionFontSet_ = true;
@@ -331,6 +339,12 @@ void SSDay::changeEvent(QEvent* event) {
     }
 }
 
+// A block that is being made is not stored either, but nobody would expect it to be.
+bool SSDay::isUnstored(int index) const {
+    return !readOnly_ && tasks_.Item(index).TagVariant.empty() &&
+           !(edit_ && edit_->id == tasks_.idOf(index));
+}
+
 // --- For assistive tools ---
 
 AccessiblePart SSDay::part(int index) const {
@@ -339,6 +353,8 @@ AccessiblePart SSDay::part(int index) const {
     const QString times = shownTimes(task);
     if (!times.isEmpty())
         name += QStringLiteral(", ") + times;
+    if (isUnstored(index))
+        name += QStringLiteral(", not stored");
     const bool selected = index == SelectedIndex();
     return {.name = name, .rect = blockRect(index), .selected = selected, .focused = selected};
 }

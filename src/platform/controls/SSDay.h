@@ -79,6 +79,10 @@ class SSDay final : public QWidget, public AccessibleParts {
     void setCaption(std::string_view caption);
     void setCaptionFont(const QFont& font);
 
+    // What is said on the paper of the day as a whole, in code-page text; nothing while it is
+    // empty.
+    void setNotice(std::string_view notice);
+
     // Saves an open editor and ends a drag. Call it before the date changes, before the tasks are
     // loaded anew, and before the window closes.
     void commitEditor();
@@ -190,6 +194,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     [[nodiscard]] QFont blockFont() const;
     [[nodiscard]] int slotHeight() const;
     [[nodiscard]] std::chrono::minutes shortestDrawn() const;
+    [[nodiscard]] bool isUnstored(int index) const;
     [[nodiscard]] QString shownTimes(const DayTask& task) const;
     [[nodiscard]] QString shownTime(std::chrono::minutes time) const;
     // Where a block paints, its bars included.
@@ -252,6 +257,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     TimeColumn column_;
     bool readOnly_ = false;
     std::string caption_;
+    std::string notice_;
     QFont captionFont_;
     bool captionFontSet_ = false;
     QColor textColor_;

@@ -96,6 +96,8 @@ void SSDay::paintPaper(QPainter& painter, const QRect& area) const {
     const DayPainter::Look look = this->look();
     const DayPainter paint(painter, geometry, look);
     paint.paper(area);
+    if (!notice_.empty())
+        paint.notice(toQt(notice_, codePage_), area);
     paintBlocks(painter, paint, geometry, area);
     paintOverlays(paint);
 }
@@ -112,6 +114,7 @@ void SSDay::paintBlocks(QPainter& painter, const DayPainter& paint, const DayGeo
         ShownBlock block = known.shown;
         block.selected = i == selected;
         block.hovered = i == hovered_;
+        block.unstored = isUnstored(i);
         if (i == dragged) {
             block.place = draggedPlace();
             block.times =
@@ -144,7 +147,8 @@ void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, const QRect& 
     Drawn& drawn = drawn_[id];
     const bool fits = drawn.pixmap.size() == pixels.size() && drawn.fraction == fraction &&
                       drawn.shown.selected == block.selected &&
-                      drawn.shown.hovered == block.hovered && drawn.shown.text == block.text &&
+                      drawn.shown.hovered == block.hovered &&
+                      drawn.shown.unstored == block.unstored && drawn.shown.text == block.text &&
                       drawn.shown.times == block.times;
     if (!fits) {
         drawn = {QPixmap(pixels.size()), fraction, block};

@@ -2,8 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 #include "platform/Failure.h"
 #include "platform/sqlite/EngineFailure.h"
+#include "platform/sqlite/WorkLimit.h"
 
 namespace velmora::sqlite {
 
@@ -43,6 +46,8 @@ std::string addressOf(const NativePath& path) {
 std::string nameFor(const NativePath& path, Access access) {
     return access == Access::AsItLies ? addressOf(path) : path.utf8();
 }
+// Bytes; a foreign file may ask for texts of any length to be made.
+constexpr int kLongestRow = 64 * 1024 * 1024;
 
 }  // namespace
 
@@ -51,6 +56,23 @@ void Database::Closer::operator()(sqlite3* handle) const {
 }
 
 Database::Database(const NativePath& path, Access access, std::chrono::milliseconds patience) {
+    open(path, access);
+    sqlite3_busy_timeout(handle_.get(), static_cast<int>(patience.count()));
+}
+
+Database::Database(const NativePath& path, Access access, Patience& patience) {
+    open(path, access);
+    const auto wait = [](void* waiting, int timesBefore) {
+        return static_cast<Patience*>(waiting)->wait(timesBefore) ? 1 : 0;
+    };
+    sqlite3_busy_handler(handle_.get(), wait, &patience);
+}
+
+Database::~Database() = default;
+Database::Database(Database&& other) noexcept = default;
+Database& Database::operator=(Database&& other) noexcept = default;
+
+void Database::open(const NativePath& path, Access access) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(nameFor(path, access).c_str(), &opened,
                                        flagsFor(access) | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -61,20 +83,33 @@ Database::Database(const NativePath& path, Access access, std::chrono::milliseco
         throw Failure("The database \"" + path.utf8() +
                       "\" can not be opened: " + sqlite3_errmsg(opened) + ".");
     sqlite3_extended_result_codes(opened, 1);
-    sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+}
+
+void Database::distrust() {
+    sqlite3* database = handle_.get();
+    for (const auto& [setting, value] :
+         {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1}, std::pair{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+          std::pair{SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, std::pair{SQLITE_DBCONFIG_ENABLE_VIEW, 0}})
+        sqlite3_db_config(database, setting, value, nullptr);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestRow);
+    workLimit_ = std::make_unique<WorkLimit>(database);
 }
 
 void Database::execute(const std::string& sql) {
+    if (workLimit_)
+        workLimit_->renew();
     if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         throw engineFailure(handle_.get());
 }
 
 Statement Database::prepare(std::string_view sql) {
+    if (workLimit_)
+        workLimit_->renew();
     sqlite3_stmt* prepared = nullptr;
     const char* rest = nullptr;
     const int result = sqlite3_prepare_v2(handle_.get(), sql.data(), static_cast<int>(sql.size()),
                                           &prepared, &rest);
-    Statement statement(handle_.get(), prepared);
+    Statement statement(handle_.get(), prepared, workLimit_.get());
     if (result != SQLITE_OK)
         throw engineFailure(handle_.get());
     const bool whole =

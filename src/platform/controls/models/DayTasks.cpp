@@ -44,7 +44,11 @@ void DayTasks::setText(int index, std::string text) {
 }
 
 void DayTasks::setTagVariant(int index, std::string tag) {
-    entries_[checked(index)].task.TagVariant = std::move(tag);
+    std::string& present = entries_[checked(index)].task.TagVariant;
+    const bool seen = present.empty() != tag.empty();
+    present = std::move(tag);
+    if (seen)
+        changed_();
 }
 
 int DayTasks::indexOf(Id id) const {

@@ -26,7 +26,8 @@ class DayTasks {
     // Tells a block from all others, also after indices have moved. Never given twice.
     using Id = std::uint64_t;
 
-    // `changed` is called after each change, but for one of TagVariant, which nobody sees.
+    // `changed` is called after each change that can be seen. One tag in the place of another can
+    // not; the first one, and its loss, can: a block without one is not stored.
     explicit DayTasks(std::function<void()> changed = [] {}) : changed_(std::move(changed)) {}
 
     void Add(std::string BeginTime, std::string EndTime, std::string Text);
