@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "planner/DayStyle.h"
-#include "platform/controls/models/CalendarModel.h"
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTask.h"
+#include "platform/calendar/StyleSet.h"
 
 // What the planner asks of the three controls and of the main form around them. Texts are
 // code-page text, dates "MM/dd/yyyy". Where an operation is said to refuse, it throws Failure and

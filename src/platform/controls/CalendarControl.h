@@ -11,7 +11,7 @@
 #include "platform/CodePage.h"
 #include "platform/Format.h"
 #include "platform/controls/AccessibleParts.h"
-#include "platform/controls/models/CalendarModel.h"
+#include "platform/calendar/CalendarModel.h"
 
 namespace velmora {
 

@@ -14,8 +14,8 @@
 #include "platform/controls/AccessibleParts.h"
 #include "platform/controls/DayGeometry.h"
 #include "platform/controls/DayPainter.h"
-#include "platform/controls/models/DayTasks.h"
-#include "platform/controls/models/TimeColumn.h"
+#include "platform/calendar/DayTasks.h"
+#include "platform/calendar/TimeColumn.h"
 
 class QAction;
 class QMenu;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/controls/CalendarControl.h"
-#include "platform/controls/models/MonthGrid.h"
+#include "platform/calendar/MonthGrid.h"
 
 namespace velmora {
 

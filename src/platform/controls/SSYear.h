@@ -4,7 +4,7 @@
 
 #include "platform/controls/CalendarControl.h"
 #include "platform/controls/RoundedStamps.h"
-#include "platform/controls/models/MonthGrid.h"
+#include "platform/calendar/MonthGrid.h"
 
 namespace velmora {
 
