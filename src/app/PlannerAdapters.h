@@ -21,6 +21,7 @@ class DayAdapter final : public DayControl {
     [[nodiscard]] DayTask Task(int index) const override;
     void SetTaskTag(int index, const std::string& tag) override;
     [[nodiscard]] int SelectedTask() const override;
+    void SelectTask(int index) override;
     void SetFirstTime(const std::string& time) override;
     void SetLastTime(const std::string& time) override;
     void Refresh() override;

@@ -22,6 +22,7 @@
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "core/forms/Calendar.h"
+#include "core/forms/ContextMenus.h"
 #include "platform/files/ProgramFolder.h"
 
 namespace velmora {
@@ -80,6 +81,7 @@ class Program {
     PrintRoom printing_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
+    ContextMenus contextMenus_;
 
     StartUp startUp_;
     CloseDown closeDown_;

@@ -1,5 +1,7 @@
 #include "planner/Planner.h"
 
+#include <utility>
+
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
 #include "platform/Failure.h"
@@ -167,10 +169,53 @@ void Planner::OnTaskRemove() {
     ignoringErrors([&] { tag = day_.Task(day_.SelectedTask()).TagVariant; });
     ignoringErrors([&] { store_.SelectByTag(tag); });
     ignoringErrors([&] { store_.Refresh(); });
-    ignoringErrors([&] { store_.Delete(); });
+    ignoringErrors([&] {
+        AppointmentRow row = store_.CurrentRow();
+        store_.Delete();
+        removed_.push_back(std::move(row));
+    });
     ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
     ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
     UpdateDays();
+}
+
+void Planner::OnUndoRemoval() {
+    if (removed_.empty())
+        return status_.show("There is no removed appointment to bring back.");
+    if (!storeAgain(removed_.back()))
+        return status_.show("The appointment could not be brought back.");
+    const AppointmentRow row = std::move(removed_.back());
+    removed_.pop_back();
+    UpdateDays();
+    showTask(row);
+    status_.show("The appointment was brought back.");
+}
+
+bool Planner::storeAgain(const AppointmentRow& row) {
+    try {
+        store_.SelectAll();
+        store_.AddNew();
+        for (std::size_t i = 0; i < kColumnCount; ++i)
+            store_.Put(static_cast<Column>(i), row.text(static_cast<Column>(i)));
+        store_.Update();
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+// A row without a date shows on no day. Of several blocks with one tag it is the last; the day view
+// refuses the index behind its last block.
+void Planner::showTask(const AppointmentRow& row) {
+    const auto day = readStoredDay(row.text(Column::Date));
+    if (!day)
+        return;
+    ignoringErrors([&] {
+        month_.SetDate(writeDate(*day));
+        for (int index = 0;; ++index)
+            if (day_.Task(index).TagVariant == row.text(Column::TagVariant))
+                day_.SelectTask(index);
+    });
 }
 
 void Planner::OnDayPointerMoved() {

@@ -3,8 +3,10 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/SettingsStore.h"
+#include "planner/AppointmentRow.h"
 #include "planner/AppointmentStore.h"
 #include "planner/PlannerControls.h"
 #include "platform/Clock.h"
@@ -53,6 +55,11 @@ class Planner {
     void OnTaskEditBegin(int index, bool exists);
     void OnTaskEditEnd(int index, bool keepRefresh, bool save);
     void OnTaskRemove();
+
+    // Brings back the appointment that OnTaskRemove() took away last, with its tag, date, texts and
+    // style, shows its day and selects its block. Asked again, the one before it. Says so on the
+    // status line where there is none, or where it can not be stored; it can then be asked again.
+    void OnUndoRemoval();
     void OnDayPointerMoved();
 
     // Events of the month.
@@ -80,6 +87,8 @@ class Planner {
     void storeTask(int index);
     void beginAddition(int index);
     void beginChange(int index);
+    [[nodiscard]] bool storeAgain(const AppointmentRow& row);
+    void showTask(const AppointmentRow& row);
 
     AppointmentStore& store_;
     DayControl& day_;
@@ -93,7 +102,8 @@ class Planner {
 
     std::string selectedDate_;
     std::optional<std::chrono::year_month_day> dayOnShow_;
-    bool taskIsNew_ = false;  // the block being edited has no row yet
+    std::vector<AppointmentRow> removed_;  // what OnUndoRemoval() brings back, the last one first
+    bool taskIsNew_ = false;               // the block being edited has no row yet
 };
 
 }  // namespace velmora

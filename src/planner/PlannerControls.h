@@ -31,6 +31,7 @@ class DayControl {
 
     // The index of the selected block, -1 without one.
     [[nodiscard]] virtual int SelectedTask() const = 0;
+    virtual void SelectTask(int index) = 0;
 
     // First and last time of the column, as "7:00 AM". Refuses what is no time of day.
     virtual void SetFirstTime(const std::string& time) = 0;

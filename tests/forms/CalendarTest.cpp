@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -11,6 +13,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
 #include <set>
 
 #include "core/CommandTable.h"
@@ -53,6 +56,34 @@ TEST_F(CalendarTest, BeginsWithThePlannerAndADisabledList) {
     ASSERT_NE(hidden, nullptr);
     EXPECT_FALSE(hidden->isVisible());
     EXPECT_EQ(hidden->text(), "Don't Delete -- Required");
+}
+
+TEST_F(CalendarTest, TheClockAndTheDialedNumberAreReadToAssistiveTools) {
+    const auto told = [this](const char* name) {
+        return QAccessible::queryAccessibleInterface(&test::named<QWidget>(calendar, name))
+            ->text(QAccessible::Name);
+    };
+    calendar.setClockText("10:42 AM");
+    EXPECT_EQ(told("Label8"), "10:42 AM");
+    EXPECT_EQ(told("Label16"), "No number");
+    calendar.setLastNumber("555-0113");
+    EXPECT_EQ(told("Label16"), "555-0113");
+    calendar.setLastNumber("");
+    EXPECT_EQ(told("Label16"), "No number");
+}
+
+TEST_F(CalendarTest, ALabelThatIsCutShortTellsItsWholeInAToolTip) {
+    const auto toolTip = [this] {
+        auto& panel = test::named<QLabel>(calendar, "StatusBar1_2");
+        QToolTip::hideText();
+        QHelpEvent event(QEvent::ToolTip, {5, 5}, panel.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&panel, &event);
+        return QToolTip::text();
+    };
+    calendar.status().show("short");
+    EXPECT_EQ(toolTip(), QString());
+    calendar.status().show("<b>" + std::string(300, 'm'));
+    EXPECT_TRUE(toolTip().contains("&lt;b&gt;" + QString(300, 'm')));
 }
 
 TEST_F(CalendarTest, LabelsAndButtonsHaveTheirCaptions) {

@@ -30,6 +30,7 @@ class FakeDayControl final : public DayControl {
         tasks[checked(index)].TagVariant = tag;
     }
     [[nodiscard]] int SelectedTask() const override { return selected; }
+    void SelectTask(int index) override { selected = index; }
     void SetFirstTime(const std::string& time) override { limits.push_back("first " + time); }
     void SetLastTime(const std::string& time) override {
         limits.push_back("last " + time);

@@ -32,6 +32,7 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
       Command6(makeDialogButton("Command6", "&Weekly", this)) {
     makePrimary(*Command1);
     List1->setAccessibleName(QStringLiteral("Tasks"));
+    List1->setEmptyText(QStringLiteral("No tasks."));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);
     body->addWidget(makeListFrame(List1, this), 1);

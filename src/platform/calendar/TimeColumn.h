@@ -52,6 +52,9 @@ class TimeColumn {
     TimeSpan limits_{std::chrono::minutes(0), kDay};
 };
 
+// Where dragged edges come to lie.
+inline constexpr std::chrono::minutes kDragStep{5};
+
 // What of a block a drag moves.
 enum class Grip { Begin, End, Whole };
 

@@ -1,10 +1,8 @@
 #include "platform/controls/SSDay.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
-#include <QMenu>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -14,6 +12,7 @@
 #include "platform/controls/DayEditor.h"
 #include "platform/controls/Painting.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/TestIds.h"
 
 // The day view's state and layout. Painting: SSDayPainting.cpp; keys and pointer: SSDayInput.cpp;
 // editor, drag and removal: SSDayEditing.cpp.
@@ -36,14 +35,11 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
     : QWidget(parent),
       codePage_(codePage),
       tasks_([this] { tasksChanged(); }),
-      scroll_(new QScrollBar(Qt::Vertical, this)),
-      menu_(new QMenu(this)),
-      removeAction_(menu_->addAction(QStringLiteral("Remove"))) {
+      scroll_(new QScrollBar(Qt::Vertical, this)) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_InputMethodEnabled);
     setAccessibleName(QStringLiteral("Day"));
-    removeAction_->setObjectName(QStringLiteral("Remove"));
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setCursor(Qt::ArrowCursor);
     scroll_->hide();
@@ -53,7 +49,6 @@ SSDay::SSDay(const CodePage& codePage, QWidget* parent)
     });
     // The range changes while the view paints; showing a child has to wait until after that.
     connect(scroll_, &QScrollBar::rangeChanged, this, &SSDay::placeScrollBar, Qt::QueuedConnection);
-    connect(removeAction_, &QAction::triggered, this, &SSDay::removeSelected);
     watchFocus();
 }
 
@@ -73,6 +68,8 @@ int SSDay::SelectedIndex() const {
 
 void SSDay::setSelectedIndex(int index) {
     select(index < 0 || readOnly_ ? -1 : index);
+    if (const int selected = SelectedIndex(); selected >= 0)
+        makeVisible(blocks().at(static_cast<std::size_t>(selected)).span);
 }
 
 void SSDay::setFirstTime(std::string_view time) {
@@ -114,6 +111,12 @@ void SSDay::setReadOnly(bool readOnly) {
     updateGeometry();
 }
 
+void SSDay::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    tellEmptiness();
+    update();
+}
+
 void SSDay::setCaption(std::string_view caption) {
     caption_ = caption;
     Refresh();
@@ -138,7 +141,12 @@ void SSDay::tasksChanged() {
         closeEditor();
     }
     hovered_ = -1;
+    tellEmptiness();
     update();
+}
+
+void SSDay::tellEmptiness() {
+    describe(*this, tasks_.Count() == 0 ? emptyText_ : QString());
 }
 
 const std::vector<SSDay::Block>& SSDay::blocks() const {
@@ -333,7 +341,24 @@ void SSDay::changeEvent(QEvent* event) {
 
 // --- For assistive tools ---
 
+// "9:30 AM – 10:00 AM, 2 appointments"
+AccessiblePart SSDay::slotPart() const {
+    const auto here = std::count_if(blocks().begin(), blocks().end(), [this](const Block& block) {
+        return block.span.begin < slot_ + kSlot && block.span.end > slot_;
+    });
+    const QString times = shownTime(slot_) + DayPainter::dash() + shownTime(slot_ + kSlot);
+    const QString what = here == 0   ? QStringLiteral("free")
+                         : here == 1 ? QStringLiteral("1 appointment")
+                                     : QStringLiteral("%1 appointments").arg(here);
+    return {.name = times + QStringLiteral(", ") + what,
+            .rect = slotRect(slot_),
+            .role = QAccessible::Cell,
+            .focused = SelectedIndex() < 0};
+}
+
 AccessiblePart SSDay::part(int index) const {
+    if (index >= tasks_.Count())
+        return slotPart();
     const DayTask& task = tasks_.Item(index);
     QString name = toQt(withLf(task.text), codePage_);
     const QString times = shownTimes(task);

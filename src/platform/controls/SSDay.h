@@ -17,8 +17,7 @@
 #include "platform/calendar/DayTasks.h"
 #include "platform/calendar/TimeColumn.h"
 
-class QAction;
-class QMenu;
+class QHelpEvent;
 class QScrollBar;
 
 namespace velmora {
@@ -75,6 +74,9 @@ class SSDay final : public QWidget, public AccessibleParts {
     // A view to look at: no selection, editor, drag or removal, smaller type, narrower gutter.
     void setReadOnly(bool readOnly);
 
+    // What an empty day says, in the second slot in view; nothing while it is empty.
+    void setEmptyText(const QString& text);
+
     // A caption above the column, in code-page text; none while it is empty.
     void setCaption(std::string_view caption);
     void setCaptionFont(const QFont& font);
@@ -101,7 +103,14 @@ class SSDay final : public QWidget, public AccessibleParts {
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    [[nodiscard]] int partCount() const override { return tasks_.Count(); }
+    // Opens the editor in the selected block, copies its text, or takes it away. Nothing happens
+    // while none is selected.
+    void editSelected();
+    void copySelected() const;
+    void removeSelected();
+
+    // The blocks, and behind them the slot that the keys are on; a read-only view has no such slot.
+    [[nodiscard]] int partCount() const override { return tasks_.Count() + (readOnly_ ? 0 : 1); }
     [[nodiscard]] AccessiblePart part(int index) const override;
     void pressPart(int index) override;
 
@@ -117,10 +126,15 @@ class SSDay final : public QWidget, public AccessibleParts {
     // The selected block is about to go.
     void OnTaskRemove();
     void pointerMoved();
+    // The user wants the appointment back that was removed last.
+    void undoWanted();
+    // A context menu of the selected block is wanted, at a place on the screen.
+    void menuWanted(const QPoint& place);
     // A character that the code page lacks became "?" in the editor.
     void characterReplaced();
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -136,6 +150,7 @@ class SSDay final : public QWidget, public AccessibleParts {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -145,7 +160,7 @@ class SSDay final : public QWidget, public AccessibleParts {
         DayTasks::Id id;
         bool isNew;
     };
-    // A block or one of its edges is held by the pointer; `begun` once it has moved.
+    // A block or one of its edges is held by the pointer or by keys; `begun` once it has moved.
     struct Drag {
         DayTasks::Id id;
         Grip grip;
@@ -154,6 +169,7 @@ class SSDay final : public QWidget, public AccessibleParts {
         TimeSpan original;
         TimeSpan now;
         bool begun;
+        bool byKey = false;
     };
     // Slots from the one pressed to the one under the pointer.
     struct Range {
@@ -209,6 +225,10 @@ class SSDay final : public QWidget, public AccessibleParts {
     void paintBlock(QPainter& painter, const DayPainter& paint, const QRect& rect, DayTasks::Id id,
                     const ShownBlock& block) const;
     void paintOverlays(const DayPainter& paint) const;
+    [[nodiscard]] std::chrono::minutes secondSlotInView() const;
+    [[nodiscard]] bool saysEmpty() const;
+    void tellEmptiness();
+    void showToolTip(const QHelpEvent& event);
 
     // Scrolling.
     void scrollBy(int pixels);
@@ -223,6 +243,9 @@ class SSDay final : public QWidget, public AccessibleParts {
     void moveSlot(std::chrono::minutes to);
     [[nodiscard]] bool moveByKey(const QKeyEvent& event);
     [[nodiscard]] bool actByKey(const QKeyEvent& event);
+    [[nodiscard]] bool dragByKey(const QKeyEvent& event);
+    void announceCaret();
+    [[nodiscard]] AccessiblePart slotPart() const;
     [[nodiscard]] bool scrollByKey(const QKeyEvent& event);
     void setHovered(int index);
     void showPointer(QPoint point);
@@ -237,10 +260,10 @@ class SSDay final : public QWidget, public AccessibleParts {
     void closeEditor();
     void saveEditor();
     void dropEditor();
-    void removeSelected();
 
     // Dragging.
     void dragTo(QPoint point);
+    void showDragged(TimeSpan to);
     [[nodiscard]] bool beginDrag();
     void finishDrag();
     void dropDrag();
@@ -273,8 +296,7 @@ class SSDay final : public QWidget, public AccessibleParts {
 
     QScrollBar* scroll_ = nullptr;
     DayEditor* editor_ = nullptr;  // nullptr until something is edited for the first time
-    QMenu* menu_;
-    QAction* removeAction_;
+    QString emptyText_;
 };
 
 }  // namespace velmora

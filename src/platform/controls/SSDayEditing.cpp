@@ -170,7 +170,10 @@ void SSDay::dragTo(QPoint point) {
     const bool moved = std::abs(by.count()) >= 3;  // nearer to the first five minutes than to none
     if (!drag_->begun && (!moved || !beginDrag()))
         return;
-    const TimeSpan to = moved ? dragged(drag_->original, drag_->grip, by, shown_) : drag_->original;
+    showDragged(moved ? dragged(drag_->original, drag_->grip, by, shown_) : drag_->original);
+}
+
+void SSDay::showDragged(TimeSpan to) {
     if (to == drag_->now)
         return;
     const auto touched = [this] {

@@ -1,17 +1,19 @@
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
 #include <numeric>
 
+#include "platform/Text.h"
 #include "platform/controls/CalendarAccessibility.h"
 #include "platform/controls/DayEditor.h"
 #include "platform/controls/SSDay.h"
+#include "platform/qt/QtText.h"
 
 // Keys and pointer of the day view.
 namespace velmora {
@@ -58,8 +60,8 @@ void SSDay::select(int index) {
     updateSlot();
     selected_ = valid ? std::optional(tasks_.idOf(index)) : std::nullopt;
     updateBlock(index);
-    if (valid && hasFocus())
-        announceFocusedPart(*this, index);
+    if (valid)
+        announceCaret();
 }
 
 // Selects the next or the former block in time; from a slot, the nearest one in that direction.
@@ -93,6 +95,14 @@ void SSDay::moveSlot(minutes to) {
     slot_ = std::clamp(to, shown_.begin, shown_.end - kSlot);
     updateSlot();
     makeVisible({slot_, slot_ + kSlot});
+    announceCaret();
+}
+
+// Tells assistive tools of the selected block or, without one, of the slot.
+void SSDay::announceCaret() {
+    const int selected = SelectedIndex();
+    if (hasFocus() && !readOnly_)
+        announceFocusedPart(*this, selected >= 0 ? selected : tasks_.Count());
 }
 
 void SSDay::setHovered(int index) {
@@ -119,11 +129,44 @@ void SSDay::keyPressEvent(QKeyEvent* event) {
     if (drag_ && drag_->begun) {
         if (event->key() == Qt::Key_Escape)
             dropDrag();
+        else if (drag_->byKey)
+            (void)dragByKey(*event);
         return;
     }
-    const bool done = readOnly_ ? scrollByKey(*event) : moveByKey(*event) || actByKey(*event);
+    const bool done = readOnly_ ? scrollByKey(*event)
+                                : dragByKey(*event) || moveByKey(*event) || actByKey(*event);
     if (!done)
         QWidget::keyPressEvent(event);
+}
+
+// Alt with Up or Down moves the selected block by five minutes, Alt and Shift move its end. It is
+// one drag for as long as the key is held, so it is stored once.
+bool SSDay::dragByKey(const QKeyEvent& event) {
+    const int selected = SelectedIndex();
+    const bool arrow = event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
+    if (!arrow || !event.modifiers().testFlag(Qt::AltModifier) || selected < 0)
+        return false;
+    const Grip grip = event.modifiers().testFlag(Qt::ShiftModifier) ? Grip::End : Grip::Whole;
+    if (drag_ && drag_->grip != grip)
+        finishDrag();
+    if (!drag_) {
+        const TimeSpan span = blocks().at(static_cast<std::size_t>(selected)).span;
+        drag_ = Drag{tasks_.idOf(selected), grip, {}, 0, span, span, false, true};
+        if (!beginDrag())
+            return true;
+    }
+    const minutes by = event.key() == Qt::Key_Up ? -kDragStep : kDragStep;
+    showDragged(dragged(drag_->now, grip, by, shown_));
+    makeVisible(drag_->now);
+    return true;
+}
+
+void SSDay::keyReleaseEvent(QKeyEvent* event) {
+    if (drag_ && drag_->byKey && !event->isAutoRepeat()) {
+        finishDrag();
+        announceCaret();
+    }
+    QWidget::keyReleaseEvent(event);
 }
 
 bool SSDay::scrollByKey(const QKeyEvent& event) {
@@ -190,9 +233,14 @@ bool SSDay::actByKey(const QKeyEvent& event) {
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     if (event.key() == Qt::Key_Delete && event.modifiers() == Qt::NoModifier) {
         removeSelected();
+    } else if (event.matches(QKeySequence::Undo)) {
+        emit undoWanted();
+    } else if (event.matches(QKeySequence::Copy)) {
+        copySelected();
     } else if (event.key() == Qt::Key_Escape && (selected >= 0 || range_)) {
         range_.reset();
         select(-1);
+        announceCaret();
         update();
     } else if ((event.key() == Qt::Key_F2 || enter) && selected >= 0) {
         editTask(selected);
@@ -227,6 +275,7 @@ void SSDay::mousePressEvent(QMouseEvent* event) {
     const DayGeometry geometry = geometryNow();
     if (event->button() != Qt::LeftButton || readOnly_ || !geometry.paper.contains(point))
         return;
+    finishDrag();  // one by keys
     saveEditor();
     const Hit hit = hitAt(point);
     select(hit.index);
@@ -243,7 +292,7 @@ void SSDay::mousePressEvent(QMouseEvent* event) {
 void SSDay::mouseMoveEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
     emit pointerMoved();
-    if (drag_)
+    if (drag_ && !drag_->byKey)
         dragTo(point);
     else if (range_)
         dragRangeTo(point);
@@ -254,7 +303,7 @@ void SSDay::mouseMoveEvent(QMouseEvent* event) {
 void SSDay::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    if (drag_)
+    if (drag_ && !drag_->byKey)
         finishDrag();
     else if (range_)
         finishRange();
@@ -294,8 +343,7 @@ void SSDay::leaveEvent(QEvent* event) {
 void SSDay::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     updateSlot();
-    if (const int selected = SelectedIndex(); selected >= 0)
-        announceFocusedPart(*this, selected);
+    announceCaret();
 }
 
 void SSDay::focusOutEvent(QFocusEvent* event) {
@@ -303,7 +351,7 @@ void SSDay::focusOutEvent(QFocusEvent* event) {
     updateSlot();
     range_.reset();
     if (drag_ && drag_->begun)
-        dropDrag();
+        drag_->byKey ? finishDrag() : dropDrag();
 }
 
 void SSDay::contextMenuEvent(QContextMenuEvent* event) {
@@ -313,10 +361,26 @@ void SSDay::contextMenuEvent(QContextMenuEvent* event) {
     const int index = byKey ? SelectedIndex() : hitAt(event->pos()).index;
     if (index < 0)
         return;
+    finishDrag();
     saveEditor();
     select(index);
-    if (SelectedIndex() >= 0)
-        menu_->popup(byKey ? mapToGlobal(blockRect(index).center()) : event->globalPos());
+    if (SelectedIndex() < 0)
+        return;
+    if (byKey)
+        makeVisible(blocks().at(static_cast<std::size_t>(SelectedIndex())).span);
+    emit menuWanted(byKey ? mapToGlobal(blockRect(SelectedIndex()).center()) : event->globalPos());
+}
+
+// --- What a menu of the block does ---
+
+void SSDay::editSelected() {
+    if (const int selected = SelectedIndex(); selected >= 0 && !readOnly_)
+        editTask(selected);
+}
+
+void SSDay::copySelected() const {
+    if (const int selected = SelectedIndex(); selected >= 0)
+        QApplication::clipboard()->setText(toQt(withLf(tasks_.Item(selected).text), codePage_));
 }
 
 }  // namespace velmora

@@ -1,10 +1,14 @@
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
+#include <algorithm>
 
+#include "platform/Text.h"
 #include "platform/controls/Painting.h"
+#include "platform/controls/PlainToolTip.h"
 #include "platform/controls/SSDay.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Theme.h"
@@ -159,7 +163,50 @@ void SSDay::paintBlock(QPainter& painter, const DayPainter& paint, const QRect& 
     painter.drawPixmap(toDevice.inverted().map(QPointF(pixels.topLeft())), drawn.pixmap);
 }
 
+bool SSDay::saysEmpty() const {
+    return tasks_.Count() == 0 && !readOnly_ && !emptyText_.isEmpty();
+}
+
+minutes SSDay::secondSlotInView() const {
+    const DayGeometry geometry = geometryNow();
+    minutes slot = geometry.slotAt(geometry.paper.top());
+    if (geometry.slotRect(slot).top() < geometry.paper.top())
+        slot += kSlot;  // only its lower part is in view
+    return std::min(slot + kSlot, shown_.end - kSlot);
+}
+
+// What is cut short in a block or in the caption is told as a whole.
+void SSDay::showToolTip(const QHelpEvent& event) {
+    const QRect row(0, 0, width(), 1 + captionHeight());
+    if (!caption_.empty() && row.contains(event.pos())) {
+        const QString caption = toQt(caption_, codePage_);
+        const QFontMetrics metrics(captionFontSet_ ? captionFont_ : font());
+        const bool cut = metrics.horizontalAdvance(caption) > row.width() - 12;
+        return showPlainToolTip(event, cut ? caption : QString(), *this, row);
+    }
+    const int index = hitAt(event.pos()).index;
+    if (index < 0)
+        return showPlainToolTip(event, QString(), *this, rect());
+    const ShownBlock& block = blocks().at(static_cast<std::size_t>(index)).shown;
+    const QRect area = blockRect(index);
+    const QSize size = geometryNow().blockRect(block.place).size();
+    QString whole = toQt(withLf(tasks_.Item(index).text), codePage_);
+    if (!block.times.isEmpty())
+        whole += QLatin1Char('\n') + block.times;
+    const DayPainter::Look look = this->look();
+    showPlainToolTip(event, DayPainter::cuts(block, size, look) ? whole : QString(), *this, area);
+}
+
+bool SSDay::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    showToolTip(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
 void SSDay::paintOverlays(const DayPainter& paint) const {
+    if (saysEmpty() && !edit_ && !(range_ && range_->begun))
+        paint.emptyLine(secondSlotInView(), emptyText_);
     if (now_ && *now_ >= shown_.begin && *now_ <= shown_.end)
         paint.nowLine(*now_);
     if (range_ && range_->begun) {
