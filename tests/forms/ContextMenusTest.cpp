@@ -31,6 +31,8 @@ using Texts = std::vector<std::string>;
 // The main window in the Phonebook pane with two entries; commands only write down that they ran.
 class ContextMenusTest : public test::CalendarFixture {
   protected:
+    static void SetUpTestSuite() { registerCalendarAccessibility(); }
+
     ContextMenusTest() {
         calendar.menus().setItemsEnabled([this](auto name) { return isBound(name); });
         QObject::connect(&calendar.menus(), &CommandMenus::chosen,
@@ -192,7 +194,6 @@ TEST_F(ContextMenusTest, AnEmptyCardHasNoMenu) {
 }
 
 TEST_F(ContextMenusTest, TheCardIsAText) {
-    registerCalendarAccessibility();
     card.setText("Al Adams\r\n");
     QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&card);
     EXPECT_EQ(told->role(), QAccessible::StaticText);

@@ -3,11 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <QContextMenuEvent>
-#include <QHelpEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QToolTip>
 #include <memory>
 
 #include "forms/Widgets.h"
@@ -278,15 +276,9 @@ TEST_F(EntryListTest, ALineThatIsCutShortTellsItsWholeInAToolTip) {
     const std::string longName(80, 'm');
     list.setLines({"Adams, Al", longName});
     show();
-    const auto toolTipAt = [this](int row) {
-        QToolTip::hideText();
-        QHelpEvent event(QEvent::ToolTip, middleOf(row),
-                         list.viewport()->mapToGlobal(middleOf(row)));
-        QCoreApplication::sendEvent(list.viewport(), &event);
-        return QToolTip::text();
-    };
-    EXPECT_TRUE(toolTipAt(1).contains(QString::fromStdString(longName)));
-    EXPECT_EQ(QString(), toolTipAt(0));
+    const QString shown = test::toolTipAt(*list.viewport(), middleOf(1));
+    EXPECT_TRUE(shown.contains(QString::fromStdString(longName)));
+    EXPECT_EQ(QString(), test::toolTipAt(*list.viewport(), middleOf(0)));
 }
 
 TEST_F(EntryListTest, DrawsStrongLinesSemiboldAndOthersAsBefore) {

@@ -4,10 +4,8 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QHelpEvent>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
-#include <QToolTip>
 #include <string>
 #include <vector>
 
@@ -69,13 +67,6 @@ class SSDayByKeyTest : public testing::Test {
         QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&day);
         QAccessibleInterface* caret = interface->focusChild();
         return caret ? caret->text(QAccessible::Name) : QString();
-    }
-    // The tool tip at a place, without its markup; empty without one.
-    QString toolTipAt(QPoint place) {
-        QToolTip::hideText();
-        QHelpEvent event(QEvent::ToolTip, place, day.mapToGlobal(place));
-        QCoreApplication::sendEvent(&day, &event);
-        return QToolTip::text();
     }
 
     SSDay day{CodePage::western()};
@@ -247,11 +238,11 @@ TEST_F(SSDayByKeyTest, ATextThatIsCutShortHasAToolTipAndOneThatIsNotHasNone) {
     add("09:00 AM", "09:30 AM",
         "A <b>very</b> long text that no block of half an hour will ever have the place to show");
     add("11:00 AM", "12:00 PM", "short");
-    const QString tip = toolTipAt(day.blockRect(0).center());
+    const QString tip = test::toolTipAt(day, day.blockRect(0).center());
     EXPECT_TRUE(tip.contains(QStringLiteral("ever have the place to show"))) << tip.toStdString();
     EXPECT_TRUE(tip.contains(QStringLiteral("&lt;b&gt;")));
     EXPECT_TRUE(tip.contains(QStringLiteral("9:00 AM")));
-    EXPECT_EQ(toolTipAt(day.blockRect(1).center()), QString());
+    EXPECT_EQ(test::toolTipAt(day, day.blockRect(1).center()), QString());
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 class AppointmentCountTest : public testing::Test, protected test::PlannerFixture {
   protected:
-    AppointmentStore own{CodePage::western(), clock, [](const std::string& path) { return path; },
+    AppointmentStore own{CodePage::western(), clock, test::samePaths(),
                          std::chrono::milliseconds(0)};
     AppointmentCount count{store, own};
 };

@@ -30,7 +30,7 @@ CommandMenus::CommandMenus(QMenuBar* bar) : QObject(bar) {
                 emit highlighted(*found->second);
         },
         this);
-    tap->watch(bar);
+    tap_->watch(bar);
     for (QMenu* menu : bar->findChildren<QMenu*>())
         watch(menu);
 }
