@@ -51,6 +51,10 @@ int DayAdapter::SelectedTask() const {
     return day_.SelectedIndex();
 }
 
+void DayAdapter::SelectTask(int index) {
+    day_.setSelectedIndex(index);
+}
+
 void DayAdapter::SetFirstTime(const std::string& time) {
     day_.setFirstTime(time);
 }

@@ -24,6 +24,7 @@ class DayAdapter final : public DayControl {
     [[nodiscard]] int TaskCount() const override;
     void SetNotice(const std::string& text) override;
     [[nodiscard]] int SelectedTask() const override;
+    void SelectTask(int index) override;
     void SetFirstTime(const std::string& time) override;
     void SetLastTime(const std::string& time) override;
     void Refresh() override;

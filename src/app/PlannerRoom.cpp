@@ -59,6 +59,8 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
       opener_(accessReader_, world.messages, world.codePage, world.files),
       store_(world.codePage, world.clock, world.files),
+      countingStore_(world.codePage, world.clock, world.files, std::chrono::milliseconds(0)),
+      count_(store_, countingStore_),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
@@ -70,6 +72,11 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
                      [this] { calendar_.status().show(kCharacterReplaced); });
 }
 
+// The month outlives the room.
+PlannerRoom::~PlannerRoom() {
+    calendar_.leftColumn().month()->setCounter({});
+}
+
 void PlannerRoom::connectControls() {
     LeftColumn& column = calendar_.leftColumn();
     connectPlanner({.day = calendar_.day(),
@@ -79,6 +86,10 @@ void PlannerRoom::connectControls() {
                     .selectedLine = [this] { return desk_.SelectedLine(); },
                     .popUpSchedulingMenu = [this] { popUpSchedulingMenu(); }},
                    planner_, connections_);
+    calendar_.day().setEmptyText(QStringLiteral("No appointments on this day."));
+    const auto appointmentsOn = [this](std::chrono::year_month_day day) { return count_.of(day); };
+    column.month()->setCounter(appointmentsOn);
+    SSYear1->setCounter(appointmentsOn);
     QObject::connect(&calendar_, &Calendar::clockTicked, &connections_, [this] { tick(); });
     QObject::connect(column.month(), &SSMonth::selectionChanged, &connections_,
                      [this] { showNow(); });
@@ -103,6 +114,10 @@ void PlannerRoom::makeSchedulingMenu() {
         QObject::connect(item, &QAction::triggered, &connections_,
                          [this, &info] { scheduling_.Start(info.command); });
     }
+}
+
+QList<QAction*> PlannerRoom::schedulingCommands() const {
+    return Chmenu->actions();
 }
 
 void PlannerRoom::popUpSchedulingMenu() {

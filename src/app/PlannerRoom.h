@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <functional>
 #include <string>
@@ -12,6 +13,7 @@
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
 #include "phonebook/PhonebookStore.h"
+#include "planner/AppointmentCount.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
@@ -23,6 +25,7 @@
 #include "planner/forms/YearPane.h"
 #include "platform/access/ChildAccessReader.h"
 
+class QAction;
 class QMenu;
 
 namespace velmora {
@@ -64,8 +67,14 @@ class PlannerRoom {
     PlannerRoom(World& world, const SharedState& state, Calendar& calendar, PaneSwitch& panes,
                 const PhonebookStore& phonebook,
                 std::function<void(const std::string& utf8Text)> endProgram);
+    ~PlannerRoom();
+    PlannerRoom(const PlannerRoom&) = delete;
+    PlannerRoom& operator=(const PlannerRoom&) = delete;
 
     void bindCommands(CommandSet& commands);
+
+    // The nine commands of the scheduling menu.
+    [[nodiscard]] QList<QAction*> schedulingCommands() const;
 
     // Steps of the start-up list.
     void openDatabase();
@@ -102,6 +111,8 @@ class PlannerRoom {
     access::ChildAccessReader accessReader_;
     PlannerOpener opener_;
     AppointmentStore store_;
+    AppointmentStore countingStore_;
+    AppointmentCount count_;
     Planner planner_;
     PlannerFolder folder_;
     Scheduling scheduling_;

@@ -35,6 +35,14 @@ Program::Program(const NativePath& nativeProgramFolder)
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
           [this] { calendar_.flipCheck1(); },
           [this](const std::string& topic) { accessories_.helpAt(topic); }),
+      contextMenus_(calendar_,
+                    {.isBound = [this](std::string_view name) { return commands_.isBound(name); },
+                     .run =
+                         [this](std::string_view name) {
+                             if (commands_.isBound(name))
+                                 commands_.run(name);
+                         },
+                     .scheduling = planner_.schedulingCommands()}),
       startUp_(state_, calendar_, world_.settings, windowRoom_.clockLine(), windowRoom_.tray(),
                world_.clock, world_.locale,
                {.watchMenus = [this] { windowRoom_.watchMenus(); },

@@ -23,6 +23,7 @@
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "core/forms/Calendar.h"
+#include "core/forms/ContextMenus.h"
 #include "platform/files/ProgramFolder.h"
 
 namespace velmora {
@@ -82,6 +83,7 @@ class Program {
     PrintRoom printing_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
+    ContextMenus contextMenus_;
 
     StartUp startUp_;
     CloseDown closeDown_;

@@ -1,5 +1,7 @@
 #include "planner/Planner.h"
 
+#include <utility>
+
 #include "planner/PlannerTrouble.h"
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
@@ -210,10 +212,52 @@ void Planner::OnTaskRemove() {
 void Planner::removeRow(const std::string& tag) {
     store_.SelectByTag(tag);
     store_.Refresh();
-    if (!store_.Eof())
+    if (!store_.Eof()) {
+        AppointmentRow row = store_.CurrentRow();
         store_.Delete();
-    else if (const auto obstacle = store_.obstacle())
+        removed_.push_back(std::move(row));
+    } else if (const auto obstacle = store_.obstacle()) {
         throw StorageFailure("The appointment can not be read.", *obstacle);
+    }
+}
+
+void Planner::OnUndoRemoval() {
+    if (removed_.empty())
+        return status_.show("There is no removed appointment to bring back.");
+    if (!bringBack(removed_.back()))
+        return status_.show("The appointment could not be brought back.");
+    const AppointmentRow row = std::move(removed_.back());
+    removed_.pop_back();
+    UpdateDays();
+    showTask(row);
+    status_.show("The appointment was brought back.");
+}
+
+bool Planner::bringBack(const AppointmentRow& row) {
+    try {
+        store_.SelectAll();
+        store_.AddNew();
+        for (std::size_t i = 0; i < kColumnCount; ++i)
+            store_.Put(static_cast<Column>(i), row.text(static_cast<Column>(i)));
+        store_.Update();
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+// A row without a date shows on no day. Of several blocks with one tag it is the last; the day view
+// refuses the index behind its last block.
+void Planner::showTask(const AppointmentRow& row) {
+    const auto day = readStoredDay(row.text(Column::Date));
+    if (!day)
+        return;
+    ignoringErrors([&] {
+        month_.SetDate(writeDate(*day));
+        for (int index = 0;; ++index)
+            if (day_.Task(index).TagVariant == row.text(Column::TagVariant))
+                day_.SelectTask(index);
+    });
 }
 
 void Planner::OnDayPointerMoved() {

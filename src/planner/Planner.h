@@ -3,8 +3,10 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/SettingsStore.h"
+#include "planner/AppointmentRow.h"
 #include "planner/AppointmentStore.h"
 #include "planner/PlannerControls.h"
 #include "planner/UnstoredTasks.h"
@@ -68,6 +70,11 @@ class Planner {
     void OnTaskEditBegin(int index, bool exists);
     void OnTaskEditEnd(int index, bool keepRefresh, bool save);
     void OnTaskRemove();
+
+    // Brings back the appointment that OnTaskRemove() took away last, with its tag, date, texts and
+    // style, shows its day and selects its block. Asked again, the one before it. Says so on the
+    // status line where there is none, or where it can not be stored; it can then be asked again.
+    void OnUndoRemoval();
     void OnDayPointerMoved();
 
     // Events of the month.
@@ -105,6 +112,8 @@ class Planner {
     void removeRow(const std::string& tag);
     void tell(const std::string& text);
     void help(const std::string& text);
+    [[nodiscard]] bool bringBack(const AppointmentRow& row);
+    void showTask(const AppointmentRow& row);
 
     AppointmentStore& store_;
     DayControl& day_;
@@ -129,7 +138,8 @@ class Planner {
     bool blocksAreUnstored_ = false;  // some on show may be
     int callsToWait_ = 0;             // of TryAgain()
     int nextWait_ = 1;
-    Moment helpFrom_{};  // until then the status line keeps what was told last
+    Moment helpFrom_{};                    // until then the status line keeps what was told last
+    std::vector<AppointmentRow> removed_;  // what OnUndoRemoval() brings back, the last one first
 };
 
 }  // namespace velmora

@@ -69,7 +69,7 @@ class PlannerPaneTest : public testing::Test {
                         .yearButton = yearButton,
                         .selectedLine = [this] { return selectedLine; },
                         .popUpSchedulingMenu = [this] { ++menus; }},
-                       planner, window);
+                       planner, connections);
         planner.SetCalendarStyleSets();
         showActive(window);
         month.setDate(kToday);
@@ -177,6 +177,7 @@ class PlannerPaneTest : public testing::Test {
     AppointmentStore store{CodePage::western(), clock, test::samePaths(), milliseconds(50)};
     Planner planner{store,  {dayAdapter, monthAdapter, yearAdapter, desk}, status, settings, clock,
                     formats};
+    QObject connections;  // ends them before the planner is gone
 };
 
 // --- What is done in the day view ---

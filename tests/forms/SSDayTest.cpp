@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QAction>
 #include <QImage>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -391,13 +390,12 @@ TEST_F(SSDayTest, DeleteReportsTheRemovalWhileTheBlockIsThereAndThenTakesItAway)
     EXPECT_EQ(day.SelectedIndex(), -1);
 }
 
-TEST_F(SSDayTest, TheContextCommandRemoveDoesTheSame) {
+TEST_F(SSDayTest, RemovingTheSelectedBlockByCommandDoesTheSame) {
     addTwo();
+    day.removeSelected();
+    EXPECT_TRUE(events.empty());
     day.setSelectedIndex(0);
-    auto* remove = day.findChild<QAction*>(QStringLiteral("Remove"));
-    ASSERT_NE(remove, nullptr);
-    EXPECT_EQ(remove->text(), QStringLiteral("Remove"));
-    remove->trigger();
+    day.removeSelected();
     EXPECT_EQ(events, Events{"remove 0 tag1"});
     EXPECT_EQ(day.Tasks().Count(), 1);
 }
@@ -417,7 +415,7 @@ TEST_F(SSDayTest, AnOpenEditorOfTheBlockEndsUnsavedBeforeItsRemoval) {
     day.setSelectedIndex(0);
     key(Qt::Key_F2);
     type(QStringLiteral("typed"));
-    day.findChild<QAction*>(QStringLiteral("Remove"))->trigger();
+    day.removeSelected();
     EXPECT_EQ(events,
               (Events{"begin 0 exists", "end 0: 09:00 AM-10:00 AM first of 2", "remove 0 tag1"}));
 }

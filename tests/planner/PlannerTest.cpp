@@ -61,6 +61,53 @@ TEST_F(PlannerTest, MakesFiveStylesOnEachCalendar) {
                     Pair("Vacation", StyleSet{{}, kGreen})));
 }
 
+TEST_F(PlannerTest, BringsBackTheAppointmentRemovedLastAsItWas) {
+    const RawRow kept = {
+        "2026-01-01 08:00:01", "2026-03-12", "1:00 PM", "2 PM", "Lunch", "Vacation"};
+    add(rowOn("2026-03-12", 7, "stays"));
+    add(kept);
+    show("03/12/2026");
+    remove(1);
+    ASSERT_EQ(rows().size(), 1U);
+    planner.OnUndoRemoval();
+    ASSERT_EQ(rows().size(), 2U);
+    EXPECT_EQ(rows()[1], kept);
+    EXPECT_THAT(SSDay1.texts(), ElementsAre("stays", "Lunch"));
+    EXPECT_EQ(SSDay1.selected, 1);
+    EXPECT_EQ(SSMonth1.styleOf("03/12/2026"), "Vacation");
+    EXPECT_EQ(status.text, "The appointment was brought back.");
+}
+
+TEST_F(PlannerTest, BringsBackOneAfterTheOtherAndShowsTheirDays) {
+    add(rowOn("2026-03-12", 1, "first"));
+    add(rowOn("2026-03-13", 2, "second"));
+    show("03/12/2026");
+    remove(0);
+    show("03/13/2026");
+    remove(0);
+    show("05/05/2026");
+    planner.OnUndoRemoval();
+    EXPECT_EQ(SSMonth1.date, "03/13/2026");
+    EXPECT_THAT(SSDay1.texts(), ElementsAre("second"));
+    planner.OnUndoRemoval();
+    EXPECT_EQ(SSMonth1.date, "03/12/2026");
+    planner.OnUndoRemoval();
+    EXPECT_EQ(status.text, "There is no removed appointment to bring back.");
+    EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(PlannerTest, SaysThatAnAppointmentCouldNotBeBroughtBackAndKeepsIt) {
+    add(rowOn("2026-03-12", 1, "first"));
+    show("03/12/2026");
+    remove(0);
+    store.OpenDatabase(folder.file("nowhere.mdb"));
+    planner.OnUndoRemoval();
+    EXPECT_EQ(status.text, "The appointment could not be brought back.");
+    store.OpenDatabase(path);
+    planner.OnUndoRemoval();
+    EXPECT_EQ(rows().size(), 1U);
+}
+
 TEST_F(PlannerTest, SetsTheLastTimeFirst) {
     planner.SetTimeLimits();
     EXPECT_THAT(SSDay1.limits, ElementsAre("last 11:00 PM", "first 12:00 AM"));

@@ -1,4 +1,4 @@
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 #include <gtest/gtest.h>
 

@@ -36,6 +36,7 @@ class FakeDayControl final : public DayControl {
     [[nodiscard]] int TaskCount() const override { return static_cast<int>(tasks.size()); }
     void SetNotice(const std::string& text) override { notice = text; }
     [[nodiscard]] int SelectedTask() const override { return selected; }
+    void SelectTask(int index) override { selected = index; }
     void SetFirstTime(const std::string& time) override { limits.push_back("first " + time); }
     void SetLastTime(const std::string& time) override {
         limits.push_back("last " + time);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "planner/WeekLoad.h"
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 namespace velmora::test {
 

@@ -37,6 +37,7 @@ PrinterDialog::PrinterDialog(const std::vector<std::string>& printers, const Pri
     setObjectName(QStringLiteral("PrinterDialog"));
     setWindowTitle(tr("Printer Setup"));
     printers_->setObjectName(QStringLiteral("printers"));
+    printers_->setAccessibleName(tr("Printer"));  // no assistive tool tells a list by its label
     makePrimary(*ok_);
     const bool lying = now.orientation == PageOrientation::Landscape;
     (lying ? landscape_ : portrait_)->setChecked(true);

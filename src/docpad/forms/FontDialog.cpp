@@ -53,6 +53,7 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
     setObjectName(QStringLiteral("FontDialog"));
     setWindowTitle(tr("Font"));
     families_->setObjectName(QStringLiteral("families"));
+    families_->setAccessibleName(tr("Font"));  // assistive tools do not tell a list by its label
     size_->setObjectName(QStringLiteral("size"));
     size_->setRange(smallest, largest);
     size_->setValue(now.size);

@@ -34,6 +34,7 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
     makePrimary(*Command1);
     List1->setDragFormat(kTaskFormat);
     List1->setAccessibleName(QStringLiteral("Tasks"));
+    List1->setEmptyText(QStringLiteral("No tasks."));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);
     body->addWidget(makeListFrame(List1, this), 1);

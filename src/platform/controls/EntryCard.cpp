@@ -1,6 +1,7 @@
 #include "platform/controls/EntryCard.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -121,6 +122,14 @@ bool EntryCard::event(QEvent* event) {
         return true;
     }
     return QWidget::event(event);
+}
+
+void EntryCard::contextMenuEvent(QContextMenuEvent* event) {
+    if (text_.empty())
+        return;
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    emit menuWanted(byKey ? mapToGlobal(QPoint(kEdge + kSideMargin, kTopMargin))
+                          : event->globalPos());
 }
 
 void EntryCard::keyPressEvent(QKeyEvent* event) {

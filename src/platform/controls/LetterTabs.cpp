@@ -18,10 +18,6 @@ constexpr int kHighest = 26;
 constexpr qreal kRadius = 5;
 constexpr int kSymbolTab = 26;
 
-QString letterOf(int index) {
-    return index == kSymbolTab ? QStringLiteral("#") : QString(QChar(u'A' + index));
-}
-
 constexpr int columnHeight(int tabHeight) {
     return 2 * kMargin + LetterTabs::kCount * tabHeight + (LetterTabs::kCount - 1) * kGap;
 }
@@ -37,6 +33,10 @@ int tabOf(const QString& typed) {
 }
 
 }  // namespace
+
+QString LetterTabs::letterAt(int index) {
+    return index == kSymbolTab ? QStringLiteral("#") : QString(QChar(u'A' + index));
+}
 
 LetterTab::LetterTab(const QString& letter, LetterTabs* tabs) : PaintedButton(tabs), tabs_(*tabs) {
     setText(letter);
@@ -90,7 +90,7 @@ LetterTabs::LetterTabs(const QString& tabName, QWidget* parent) : QWidget(parent
     setFixedWidth(kWidth);
     setAccessibleName(QStringLiteral("Letters"));
     for (int i = 0; i < kCount; ++i) {
-        auto* tab = new LetterTab(letterOf(i), this);
+        auto* tab = new LetterTab(letterAt(i), this);
         tab->setObjectName(tabName + QLatin1Char('_') + QString::number(i));
         tab->installEventFilter(this);
         connect(tab, &QAbstractButton::clicked, this, [this, i] {

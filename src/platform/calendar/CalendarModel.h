@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -9,26 +8,9 @@
 #include <vector>
 
 #include "platform/CodePage.h"
+#include "platform/calendar/StyleSet.h"
 
 namespace velmora {
-
-// A colour of a style set, exact on every theme.
-struct Rgb {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
-
-    friend bool operator==(const Rgb&, const Rgb&) = default;
-};
-
-// How a calendar marks a day. What is not set stays as on other days; so does a number whose
-// foreground is black, the colour of an ordinary number.
-struct StyleSet {
-    std::optional<Rgb> foreColor;
-    std::optional<Rgb> backColor;
-
-    friend bool operator==(const StyleSet&, const StyleSet&) = default;
-};
 
 // A key that moves the date of a calendar.
 enum class DateStep {

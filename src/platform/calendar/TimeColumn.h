@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 namespace velmora {
 
@@ -51,6 +51,9 @@ class TimeColumn {
     std::chrono::minutes last_{0};
     TimeSpan limits_{std::chrono::minutes(0), kDay};
 };
+
+// Where dragged edges come to lie.
+inline constexpr std::chrono::minutes kDragStep{5};
 
 // What of a block a drag moves.
 enum class Grip { Begin, End, Whole };

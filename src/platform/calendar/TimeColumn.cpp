@@ -1,4 +1,4 @@
-#include "platform/controls/models/TimeColumn.h"
+#include "platform/calendar/TimeColumn.h"
 
 #include <algorithm>
 #include <optional>
@@ -11,8 +11,6 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr minutes kSnap{5};
-
 minutes roundedDown(minutes time, minutes step) {
     return time - time % step;
 }
@@ -22,8 +20,8 @@ minutes roundedUp(minutes time, minutes step) {
 }
 
 minutes snapped(minutes time) {
-    const auto half = minutes(kSnap.count() / 2);
-    return time < minutes(0) ? minutes(0) : roundedDown(time + half, kSnap);
+    const auto half = minutes(kDragStep.count() / 2);
+    return time < minutes(0) ? minutes(0) : roundedDown(time + half, kDragStep);
 }
 
 std::optional<minutes> readMinutes(std::string_view text) {
@@ -82,13 +80,14 @@ TimeSpan TimeColumn::spanOf(const DayTask& task) const {
 TimeSpan dragged(TimeSpan span, Grip grip, minutes by, TimeSpan bounds) {
     switch (grip) {
         case Grip::Begin:
-            span.begin = std::clamp(snapped(span.begin + by), bounds.begin,
-                                    std::max(bounds.begin, roundedUp(span.end, kSnap) - kSnap));
+            span.begin =
+                std::clamp(snapped(span.begin + by), bounds.begin,
+                           std::max(bounds.begin, roundedUp(span.end, kDragStep) - kDragStep));
             break;
         case Grip::End:
-            span.end = std::clamp(snapped(span.end + by),
-                                  std::min(bounds.end, roundedDown(span.begin, kSnap) + kSnap),
-                                  bounds.end);
+            span.end = std::clamp(
+                snapped(span.end + by),
+                std::min(bounds.end, roundedDown(span.begin, kDragStep) + kDragStep), bounds.end);
             break;
         case Grip::Whole: {
             const minutes length = span.end - span.begin;

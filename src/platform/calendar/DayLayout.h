@@ -3,7 +3,7 @@
 #include <chrono>
 #include <vector>
 
-#include "platform/controls/models/TimeColumn.h"
+#include "platform/calendar/TimeColumn.h"
 
 namespace velmora {
 

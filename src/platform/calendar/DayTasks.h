@@ -6,18 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/calendar/DayTask.h"
+
 namespace velmora {
-
-// One block of a day view, in code-page text. Times are kept exactly as they were given, readable
-// or not; lines of `text` end in CR LF.
-struct DayTask {
-    std::string BeginTime;
-    std::string EndTime;
-    std::string text;
-    std::string TagVariant;  // a free value; empty for a block that is not stored yet
-
-    friend bool operator==(const DayTask&, const DayTask&) = default;
-};
 
 // The blocks of a day view in the order in which they were added, however their times lie. Indices
 // count from 0; one that is out of range is a Failure.
