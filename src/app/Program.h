@@ -10,6 +10,7 @@
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
+#include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -57,6 +58,7 @@ class Program {
     void bindCommands();
     void connectEnd();
     void run(CommandName command);
+    void openPreferences();
     void tellOfDamagedSettings();
     void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
@@ -78,6 +80,7 @@ class Program {
     TaskRoom tasks_;
     FontRoom fonts_;
     PrintRoom printing_;
+    PaperRoom paper_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
 
