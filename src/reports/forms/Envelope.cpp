@@ -255,11 +255,9 @@ void Envelope::showFont(std::size_t line) {
     QFont font(toQt(shown.fontName, parts_.codePage));
     font.setPointSizeF(shown.fontSize);
     box->setFont(font);
-    QPalette palette = this->palette();
-    if (shown.colour != 0)
-        palette.setColor(QPalette::Text, QColor(shown.colour & 255, shown.colour >> 8 & 255,
-                                                shown.colour >> 16 & 255));
-    box->setPalette(palette);
+    const QColor ink(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255);
+    box->setStyleSheet(shown.colour == 0 ? QString()
+                                         : QStringLiteral("color: %1").arg(ink.name()));
 }
 
 void Envelope::showPicture() {
