@@ -123,10 +123,10 @@ TEST_F(PrintServiceTest, AProgramThatCanNotBeStartedIsNoAnswer) {
 TEST_F(PrintServiceTest, AJobThatNobodyTakesWithinTheLimitIsAFailure) {
     PrintService service(
         saying(
-            "if [ $2 = send ]; then echo ready; sleep 600; fi\n"
+            "if [ $2 = send ]; then echo ready; exec sleep 600; fi\n"
             "printf "
             "'printer\\tPocket\\nsheet\\tPocket\\tA4\\tA4\\t595\\t842\\t9\\t9\\t9\\t9\\nend\\n'"),
-        300ms);
+        3s);
     EXPECT_THROW((void)service.send(QStringLiteral("Pocket"), QStringLiteral("x"),
                                     PageOrientation::Portrait, "%PDF", {}),
                  Failure);

@@ -256,8 +256,7 @@ void Envelope::showFont(std::size_t line) {
     font.setPointSizeF(shown.fontSize);
     box->setFont(font);
     const QColor ink(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255);
-    box->setStyleSheet(shown.colour == 0 ? QString()
-                                         : QStringLiteral("color: %1").arg(ink.name()));
+    box->setStyleSheet(shown.colour == 0 ? QString() : QStringLiteral("color: %1").arg(ink.name()));
 }
 
 void Envelope::showPicture() {
