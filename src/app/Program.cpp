@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "core/forms/StatusBar.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
 #include "telephony/forms/DialerPage.h"
@@ -30,6 +31,8 @@ Program::Program(const NativePath& nativeProgramFolder)
       tasks_(world_, calendar_, jobs_.printing()),
       fonts_(world_, calendar_),
       printing_(world_, calendar_, jobs_.printing()),
+      paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
+             [this] { openPreferences(); }),
       accessories_(world_, calendar_),
       search_(
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
@@ -96,6 +99,7 @@ void Program::bindCommands() {
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
     printing_.bindCommands(commands_);
+    paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }
 
@@ -103,6 +107,13 @@ void Program::connectEnd() {
     calendar_.onCloseRequest([this] { return closeDown_.run(); });
     QObject::connect(&calendar_, &Calendar::closing, &connections_,
                      [] { QCoreApplication::exit(0); });
+}
+
+void Program::openPreferences() {
+    if (commands_.isBound(Commands::Setupmnu))
+        run(Commands::Setupmnu);
+    else
+        calendar_.status().show(kNotYet);
 }
 
 void Program::run(CommandName command) {

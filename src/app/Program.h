@@ -11,6 +11,7 @@
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
 #include "app/LetterRoom.h"
+#include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -59,6 +60,7 @@ class Program {
     void bindCommands();
     void connectEnd();
     void run(CommandName command);
+    void openPreferences();
     void tellOfSettings();
     void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
@@ -81,6 +83,7 @@ class Program {
     TaskRoom tasks_;
     FontRoom fonts_;
     PrintRoom printing_;
+    PaperRoom paper_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
     ContextMenus contextMenus_;

@@ -28,6 +28,7 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"WeekataGlance", "week"},
     {"Form7", "datewarden"},
     {"Form8", "events"},
+    {"Envelope", "envelope"},
     {"HelpWindow", "help"},
 });
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "core/ControlFont.h"
 #include "core/SettingsStore.h"
-#include "docpad/ControlFont.h"
 
 namespace velmora {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,16 +47,24 @@ class PrintOutput {
   public:
     virtual ~PrintOutput() = default;
 
+    // Asks the print system what there is, and what sheets `printer` has by default, the default
+    // one when that is empty. Events run. False when `goOn` said no. Throws Failure when the print
+    // system does not answer. The questions below are answered as of then.
+    virtual bool ask(const std::string& printer, const GoOn& goOn) = 0;
+
     // By name, as the system lists them, and `kPrintToPdf` behind them.
     [[nodiscard]] virtual std::vector<std::string> printerNames() const = 0;
 
     // The one that the system prints on by default; `kPrintToPdf` where it names none.
     [[nodiscard]] virtual std::string defaultPrinter() const = 0;
 
-    // Sends a job. False when the user called it off. Throws Failure when its printer is not there
-    // any more or does not take it; nothing is printed elsewhere instead. Throws QueueIsFull when
-    // it would take it later.
-    virtual bool print(const PrintJob& job) = 0;
+    // Sends a job; see PrintSurface::EndDoc(). Throws Failure when its printer is not there any
+    // more or does not take it; nothing is printed elsewhere instead.
+    virtual bool print(PrintJob job, PrintWatch* watch) = 0;
+
+    // See PrintSurface.
+    virtual void beginRun(const std::string& title) = 0;
+    virtual std::optional<std::string> endRun() = 0;
 };
 
 }  // namespace velmora

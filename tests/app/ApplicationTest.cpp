@@ -5,7 +5,9 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "platform/Failure.h"
 #include "platform/FatalFailure.h"
+#include "platform/qt/PrintServiceMain.h"
 
 namespace velmora {
 namespace {
@@ -61,6 +63,8 @@ TEST(Application, AnyOtherErrorIsShownAndTheProgramEndsInOrder) {
 }  // namespace velmora
 
 int main(int argc, char** argv) {
+    if (velmora::isPrintServiceCall(argc, argv))
+        return velmora::printServiceMain(argc, argv);
     velmora::Application application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -167,12 +167,13 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
 
 TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
-        Commands::mergeprntmnu, Commands::runmnu,  Commands::backupmnu,     Commands::exitwinmnu,
-        Commands::Setupmnu,     Commands::repprnt, Commands::importplanner, Commands::prntentry,
-        Commands::dialp,        Commands::dialwn,  Commands::DialoOtherMnu, Commands::faxmnu,
-        Commands::emailmnu,     Commands::webmnu,  Commands::Importmnu,     Commands::importoldmnu,
-        Commands::exportmnu,    Commands::envmnu,  Commands::Explorer,      Commands::Control,
-        Commands::EMail,        Commands::WebPage,
+        Commands::mergeprntmnu,  Commands::runmnu,    Commands::backupmnu,
+        Commands::exitwinmnu,    Commands::Setupmnu,  Commands::repprnt,
+        Commands::importplanner, Commands::dialp,     Commands::dialwn,
+        Commands::DialoOtherMnu, Commands::faxmnu,    Commands::emailmnu,
+        Commands::webmnu,        Commands::Importmnu, Commands::importoldmnu,
+        Commands::exportmnu,     Commands::Explorer,  Commands::Control,
+        Commands::EMail,         Commands::WebPage,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;

@@ -2,9 +2,12 @@
 
 #include <QApplication>
 
+#include "platform/qt/PrintServiceMain.h"
 #include "platform/qt/Theme.h"
 
 int main(int argc, char** argv) {
+    if (velmora::isPrintServiceCall(argc, argv))
+        return velmora::printServiceMain(argc, argv);
     QApplication application(argc, argv);
     velmora::applyTheme(application);
     testing::InitGoogleMock(&argc, argv);

@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <optional>
 
-#include "docpad/ControlFont.h"
+#include "core/ControlFont.h"
 #include "platform/CodePage.h"
 
 class QDoubleSpinBox;
