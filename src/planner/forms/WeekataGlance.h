@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 
 #include "planner/WeekLoad.h"
+#include "platform/controls/Dialog.h"
 
 class QPushButton;
 
@@ -13,7 +13,7 @@ class SSDay;
 
 // "Week at a Glance": six days side by side, to look at while the user goes on working in the main
 // window. The days are loaded anew whenever the form becomes the active window.
-class WeekataGlance final : public QDialog, public WeekView {
+class WeekataGlance final : public Dialog, public WeekView {
     Q_OBJECT
 
   public:
@@ -21,7 +21,7 @@ class WeekataGlance final : public QDialog, public WeekView {
     WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWidget* parent = nullptr);
 
     // Shows the form, in front. One that was closed shows its days from their first appointment on.
-    void present();
+    void present() override;
 
     void SetTitle(const std::string& text) override;
     void RemoveAllTasks() override;
@@ -34,10 +34,9 @@ class WeekataGlance final : public QDialog, public WeekView {
     void changeEvent(QEvent* event) override;
 
   private:
-    void layOut();
+    void arrange();
     [[nodiscard]] SSDay& view(int day);
     void load();
-    void centre();
     void scrollToFirstTask();
 
     const WeekLoad& load_;
