@@ -48,6 +48,10 @@ Program::Program(const NativePath& nativeProgramFolder)
                                       .mayClose = [this] { return docPad_.mayClose(); },
                                       .keepText = [this] { docPad_.keepForNextStart(); },
                                       .keepForms = [this] { phonebook_.keepForNextStart(); },
+                                      .keepWindow =
+                                          [this] {
+                                              keepWindowShape(world_.settings, calendar_.shape());
+                                          },
                                       .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
     connectEnd();

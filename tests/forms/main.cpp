@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QTemporaryDir>
 
+#include "forms/Screens.h"
 #include "platform/qt/Theme.h"
 
 int main(int argc, char** argv) {
+    QTemporaryDir folder;
+    velmora::test::chooseScreens(folder.filePath(QStringLiteral("screens.json")));
     QApplication application(argc, argv);
     velmora::applyTheme(application);
     testing::InitGoogleMock(&argc, argv);

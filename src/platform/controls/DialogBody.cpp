@@ -83,8 +83,14 @@ bool DialogBody::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DialogBody::bringIntoView(QWidget* widget) {
-    if (widget && content_->isAncestorOf(widget))
-        ensureWidgetVisible(widget, 0, 8);
+    if (!widget || !content_->isAncestorOf(widget))
+        return;
+    const QRect place(widget->mapTo(content_, QPoint(0, 0)), widget->size());
+    const QPoint middle = place.center();
+    if (place.height() <= viewport()->height())
+        ensureVisible(middle.x(), middle.y(), place.width() / 2 + 1, place.height() / 2 + 1);
+    else
+        ensureWidgetVisible(widget);
 }
 
 }  // namespace velmora
