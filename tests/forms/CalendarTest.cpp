@@ -238,17 +238,17 @@ TEST_F(CalendarTest, OnAScreenThatIsSmallerStillDocPadGivesWayAndTheRestScrolls)
 
 TEST_F(CalendarTest, OpensInTheMiddleOfTheScreenInTheShapeItHad) {
     calendar.hide();
-    calendar.setShape({1200, 700, false, 410});
+    calendar.setShape({1200, 700, false, 350});
     calendar.showCentred(0);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
     EXPECT_EQ(calendar.size(), QSize(1200, 700));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.docPad().width() == 410; }))
+    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.docPad().width() == 350; }))
         << calendar.docPad().width();
     const QRect room = calendar.screen()->availableGeometry();
     const QPoint off = calendar.frameGeometry().center() - room.center();
     EXPECT_LE(std::abs(off.x()), 20);
     EXPECT_LE(std::abs(off.y()), 20);
-    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, false, 410}));
+    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, false, 350}));
 }
 
 TEST_F(CalendarTest, AShapeThatTheScreenHasNoRoomForIsMadeSmaller) {

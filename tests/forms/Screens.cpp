@@ -8,7 +8,8 @@
 namespace velmora::test {
 namespace {
 
-// Sizes in device-independent px. Each stands to the right of the one before it.
+// Sizes in device-independent px. The first by name is the primary one; each stands to the right of
+// the one before it.
 struct Place {
     const char* name;
     int width;
@@ -16,7 +17,7 @@ struct Place {
     double scale;
 };
 
-constexpr Place kPlaces[] = {{"usual", 1400, 1000, 1},
+constexpr Place kPlaces[] = {{"0 usual", 1400, 1000, 1},
                              {kSmallScreens[0], 1024, 600, 1},
                              {kSmallScreens[1], 1366, 768, 1},
                              {kSmallScreens[2], 1280, 720, 1.5},

@@ -12,8 +12,8 @@ namespace velmora::test {
 void chooseScreens(const QString& file);
 
 // The names of the small screens, by their size in device pixels and the scale.
-inline const char* const kSmallScreens[] = {"1024x600", "1366x768", "1920x1080 at 1.5",
-                                            "1920x1080 at 2"};
+inline constexpr const char* kSmallScreens[] = {"1024x600", "1366x768", "1920x1080 at 1.5",
+                                                "1920x1080 at 2"};
 
 // The screen of that name; nullptr on a real display.
 inline QScreen* screenNamed(const char* name) {

@@ -358,6 +358,7 @@ WindowShape Calendar::shape() const {
 }
 
 void Calendar::showCentred(int raise) {
+    kept_ = false;
     takeShape();
     centreIn(screen()->availableGeometry(), *this, raise / kTwipsPerPixel);
     if (shape_.maximized)
@@ -423,9 +424,12 @@ void Calendar::closeEvent(QCloseEvent* event) {
 
 bool Calendar::event(QEvent* event) {
     const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::Paint && !kept_) {
+        kept_ = true;
+        keepOnScreen();
+    }
     if (event->type() == QEvent::Paint && !painted_) {
         painted_ = true;
-        keepOnScreen();
         emit firstPainted();
     }
     return handled;

@@ -166,6 +166,7 @@ class Calendar final : public QMainWindow, public MainForm {
     WindowShape shape_;                  // wanted at the first showing
     bool small_ = false;
     bool painted_ = false;
+    bool kept_ = false;  // on the screen, since it was shown in the middle of it
 };
 
 }  // namespace velmora
