@@ -24,8 +24,8 @@ class DatabaseFile : public testing::Test {
 };
 
 TEST_F(DatabaseFile, IsNotMadeUnlessAskedFor) {
-    EXPECT_THROW(Database(path, Access::ReadWrite), Failure);
-    EXPECT_THROW(Database(path, Access::ReadOnly), Failure);
+    EXPECT_THROW(Database(NativePath(path), Access::ReadWrite), Failure);
+    EXPECT_THROW(Database(NativePath(path), Access::ReadOnly), Failure);
     EXPECT_FALSE(folder.has("some.db"));
 }
 
