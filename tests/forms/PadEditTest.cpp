@@ -491,7 +491,7 @@ TEST_F(PadEditTest, AClickInTheMarginLandsInTheLineBesideIt) {
 
 TEST_F(PadEditTest, MarginsAreWiderWhenItFillsTheWindow) {
     const int frame = pad.frameWidth();
-    pad.setWideMargins(false);
+    pad.setTextMargins({16, 14, 16, 14});
     EXPECT_EQ(pad.viewport()->pos() - QPoint(frame, frame), QPoint(16, 14));
     pad.setTextMargins({56, 28, 56, 28});
     EXPECT_EQ(pad.viewport()->pos() - QPoint(frame, frame), QPoint(56, 28));

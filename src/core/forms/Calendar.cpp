@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "core/CommandTable.h"
 #include "core/forms/CommandMenus.h"
