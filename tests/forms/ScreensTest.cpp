@@ -52,11 +52,11 @@ class ScreensTest : public testing::TestWithParam<const char*> {
 
     LocaleFormats locale_;
     DialerPage* dialerPage_ = new DialerPage;  // the window owns it
-    Calendar calendar_{CodePage::western(),
-                       locale_,
-                       std::chrono::year(2026) / 3 / 12,
-                       {new SSDay(CodePage::western()), new PadEdit(CodePage::western()),
-                        partsOf(*dialerPage_)}};
+    Calendar calendar_{
+        CodePage::western(),
+        locale_,
+        std::chrono::year(2026) / 3 / 12,
+        {new SSDay(CodePage::western()), new PadEdit(CodePage::western()), partsOf(*dialerPage_)}};
     QScreen* screen_ = nullptr;
 };
 

@@ -37,13 +37,13 @@ class Calendar final : public QMainWindow, public MainForm {
     // What the window has to know of the Dialer pane.
     struct Dialer {
         QWidget* page;
-        QLabel* number;            // Label16
-        QWidget* keypad;           // Picture3
-        QPushButton* send;         // Command24
-        QPushButton* hangUp;       // Command22
-        QPushButton* back;         // Command20
-        QPushButton* clear;        // Command21
-        QPushButton* externalOne;  // Command2
+        QLabel* number;                            // Label16
+        QWidget* keypad;                           // Picture3
+        QPushButton* send;                         // Command24
+        QPushButton* hangUp;                       // Command22
+        QPushButton* back;                         // Command20
+        QPushButton* clear;                        // Command21
+        QPushButton* externalOne;                  // Command2
         std::function<void(bool small)> setSmall;  // the measures for a small window
     };
 
