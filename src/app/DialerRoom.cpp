@@ -19,7 +19,8 @@ Calendar::Dialer partsOf(DialerPage& page) {
             .hangUp = page.hangUpButton(),
             .back = page.backButton(),
             .clear = page.clearButton(),
-            .externalOne = page.externalButton()};
+            .externalOne = page.externalButton(),
+            .setSmall = [&page](bool small) { page.setSmall(small); }};
 }
 
 DialerRoom::DialerRoom(Calendar& calendar, DialerPage& page) : calendar_(calendar), page_(page) {

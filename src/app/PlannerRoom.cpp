@@ -31,7 +31,7 @@ CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane,
       endProgram_(std::move(endProgram)) {}
 
 void CalendarPlannerDesk::ShowYearPane() {
-    yearPane_.open(calendar_.paneCorner());
+    yearPane_.open(calendar_.paneCorner(), calendar_.isSmall());
 }
 
 void CalendarPlannerDesk::HideYearPane() {
@@ -68,6 +68,10 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
                    world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
     makeSchedulingMenu();
+    QObject::connect(&calendar, &Calendar::smallChanged, &connections_, [this](bool small) {
+        if (Picture6.isVisible())
+            Picture6.setPlace(calendar_.paneCorner(), small);
+    });
     QObject::connect(&calendar.day(), &SSDay::characterReplaced, &connections_,
                      [this] { calendar_.status().show(kCharacterReplaced); });
 }

@@ -57,11 +57,13 @@ Program::Program(const NativePath& nativeProgramFolder)
                 .reopenDocument = [this] { docPad_.docPad().LoadAtStart(); },
                 .colourCalendars = [this] { planner_.colourCalendars(); },
                 .showToday = [this] { planner_.showToday(); }}),
-      closeDown_(windowRoom_.tray(), {.commitEditors = [this] { planner_.commitEditors(); },
-                                      .mayClose = [this] { return docPad_.mayClose(); },
-                                      .keepText = [this] { docPad_.keepForNextStart(); },
-                                      .keepForms = [this] { phonebook_.keepForNextStart(); },
-                                      .endScans = [this] { world_.loop.beginClosing(); }}) {
+      closeDown_(windowRoom_.tray(),
+                 {.commitEditors = [this] { planner_.commitEditors(); },
+                  .mayClose = [this] { return docPad_.mayClose(); },
+                  .keepText = [this] { docPad_.keepForNextStart(); },
+                  .keepForms = [this] { phonebook_.keepForNextStart(); },
+                  .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.shape()); },
+                  .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
     connectEnd();
 }

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <utility>
 
+#include "core/HelpTopics.h"
 #include "core/forms/PhonebookPage.h"
 #include "core/forms/StatusBar.h"
 
@@ -36,7 +37,9 @@ Form4& SearchRoom::searchForm() {
                                 calendar_.status(), world_.loop, flipCheck1_},
             hitListPrint_, world_.codePage, &calendar_);
         QObject::connect(searchForm_.get(), &Form4::helpWanted, searchForm_.get(),
-                         [this](const QString& topic) { openHelp_(topic.toStdString()); });
+                         [this](const QString& window) {
+                             openHelp_(std::string(helpTopicOf(window.toStdString())));
+                         });
     }
     return *searchForm_;
 }

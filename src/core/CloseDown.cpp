@@ -36,6 +36,8 @@ void CloseDown::keepAll() {
 }
 
 void CloseDown::finish() {
+    // Without it the window opens as before: not worth a question at the end.
+    ignoringErrors(parts_.keepWindow);
     ignoringErrors(parts_.endScans);
     ignoringErrors([&] { tray_.DeleteIcon(); });
 }

@@ -12,6 +12,7 @@ struct CloseDownParts {
     std::function<bool()> mayClose;       // asks about unsaved text; false keeps the program going
     std::function<void()> keepText;       // DocPad's unsaved text goes to its recovery file
     std::function<void()> keepForms;      // and so does what stands in open forms
+    std::function<void()> keepWindow;     // its size is remembered for the next start
     std::function<void()> endScans;       // whoever yields stops at the next record
 };
 

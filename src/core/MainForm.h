@@ -6,6 +6,7 @@
 
 #include "core/Panes.h"
 #include "core/SharedState.h"
+#include "core/WindowShape.h"
 
 namespace velmora {
 
@@ -40,7 +41,12 @@ class MainForm {
     virtual void setDocPadCaption(const std::string& text) = 0;  // Label4
     [[nodiscard]] virtual std::string docPadCaption() const = 0;
 
-    // Shows the window in the middle of the screen, its top raised by `raise`.
+    // How the window was when it was closed last; to be called before it shows.
+    virtual void setShape(const WindowShape& shape) = 0;
+    [[nodiscard]] virtual WindowShape shape() const = 0;
+
+    // Shows the window in the middle of the screen, its top raised by `raise`, in the shape that
+    // was set as far as the screen has room for it.
     virtual void showCentred(int raise) = 0;
 
     // Out of the task bar, to the front, without staying above other windows.

@@ -42,6 +42,7 @@ void StartUp::run() {
     ignoringErrors(parts_.reopenDocument);
     form_.raisePaneButton(Pane::Planner);
     clockLine_.tick();
+    form_.setShape(storedWindowShape(settings_));
     form_.showCentred(kRaiseOfWindow);
     ignoringErrors(parts_.colourCalendars);
     ignoringErrors(parts_.showToday);

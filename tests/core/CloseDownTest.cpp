@@ -42,6 +42,11 @@ class CloseDownTest : public ::testing::Test {
                                  log.emplace_back("forms");
                                  throw Failure("full");
                              },
+                         .keepWindow =
+                             [this] {
+                                 log.emplace_back("keep");
+                                 throw Failure("full");
+                             },
                          .endScans =
                              [this] {
                                  log.emplace_back("end");
@@ -53,18 +58,18 @@ TEST_F(CloseDownTest, RunsItsStepsOnceInOrderWhateverFails) {
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "forms", "end"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "forms", "keep", "end"}));
     EXPECT_FALSE(icon.shown);
 }
 
 TEST_F(CloseDownTest, WithoutAskingAllIsKeptWhateverFails) {
     closeDown.runWithoutAsking();
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit", "end"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit", "keep", "end"}));
     EXPECT_FALSE(icon.shown);
     EXPECT_TRUE(closeDown.run());
     closeDown.runWithoutAsking();
-    EXPECT_EQ(log.size(), 4u) << "once";
+    EXPECT_EQ(log.size(), 5u) << "once";
 }
 
 TEST_F(CloseDownTest, ALostDisplayLeavesNothingButTheDataToSee) {

@@ -92,6 +92,12 @@ TEST_F(StartUpTest, WithNoSettingsThePlannerShowsAndYellowPagesAreOpen) {
     EXPECT_FALSE(form.fonts[FontTarget::DocPad].colour);
 }
 
+TEST_F(StartUpTest, TheWindowIsAskedToComeBackAsItWas) {
+    settings.Save("WindowShape", "1300 777 1 400");
+    run();
+    EXPECT_EQ(form.windowShape, (WindowShape{1300, 777, true, 400}));
+}
+
 TEST_F(StartUpTest, AFailingStepStopsNothing) {
     failing = true;
     run();

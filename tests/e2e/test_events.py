@@ -57,13 +57,18 @@ class EventsOfToday(EventsTest):
         self.program.wait_closed(EVENTS)
         self.assert_closes_well()
 
-    def test_leave_the_keys_to_the_main_window(self):
+    def test_close_by_a_key_at_once(self):
         self.desk.settings.remove("EventStart")
-        self.program = self.desk.start(activate=False)
-        self.events_window()
-        wait_until(lambda: has_state(self.program.main, Atspi.StateType.ACTIVE), "the main window")
-        key("alt+f", "x")
-        self.assertEqual(0, self.program.wait_end())
+        for name in ("Escape", "Return"):
+            with self.subTest(name):
+                self.program = self.desk.start(activate=False)
+                self.program.dialog(EVENTS)
+                key(name)
+                self.program.wait_closed(EVENTS)
+                wait_until(lambda: has_state(self.program.main, Atspi.StateType.ACTIVE),
+                           "the main window to be active")
+                key("alt+f", "x")
+                self.assertEqual(0, self.program.wait_end())
 
     def test_stay_in_front_of_the_main_window(self):
         window = self.start_with_events()

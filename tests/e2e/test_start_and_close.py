@@ -47,6 +47,22 @@ class StartAndClose(DeskTest):
                     self.assertEqual(id == shown, program.shows(id), id)
                 self.assertEqual(list_enabled, is_enabled(program.find(id="List1")))
 
+    def test_the_window_comes_back_centred_in_the_size_that_it_had(self):
+        def geometry():
+            told = xdo("getwindowgeometry", "--shell", self.program.main_window_id()).split()
+            return {name: int(value) for name, value in (word.split("=") for word in told)}
+
+        self.start()
+        xdo("windowmove", "--sync", self.program.main_window_id(), 3, 60)
+        xdo("windowsize", "--sync", self.program.main_window_id(), 1210, 702)
+        wait_until(lambda: geometry()["WIDTH"] == 1210, "the new width")
+        self.assert_closes_well()
+        self.start()
+        place = geometry()
+        self.assertEqual((1210, 702), (place["WIDTH"], place["HEIGHT"]))
+        self.assertLess(abs(place["X"] - (1400 - 1210) // 2), 20)
+        self.assertLess(abs(place["Y"] - (1000 - 702) // 2), 60)
+
     def test_hovering_over_a_pane_button_tells_what_it_does(self):
         program = self.start()
         for index, text in enumerate(("Activates the Daily Planner", "Activates the Phonebook.",

@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -16,6 +18,7 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/CommandMenus.h"
+#include "core/forms/Desk.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/PhonebookPage.h"
@@ -33,13 +36,17 @@
 #include "platform/controls/PaneButton.h"
 #include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
+#include "platform/controls/TrashCan.h"
 #include "platform/qt/QtText.h"
 #include "telephony/forms/DialerPage.h"
 
 namespace velmora {
 namespace {
 
-class CalendarTest : public test::CalendarFixture {};
+class CalendarTest : public test::CalendarFixture {
+  protected:
+    Desk& desk() { return *calendar.findChild<Desk*>(); }
+};
 
 TEST_F(CalendarTest, BeginsWithThePlannerAndADisabledList) {
     EXPECT_EQ(calendar.windowTitle(), "Velmora");
@@ -174,12 +181,116 @@ TEST_F(CalendarTest, NothingIsClippedAtTheSmallestSize) {
         QCoreApplication::processEvents();
         for (const auto* button : calendar.findChildren<QAbstractButton*>())
             if (button->isVisible()) {
-                const int text = button->fontMetrics().horizontalAdvance(button->text());
+                const auto* caption = button->findChild<QLabel*>();
+                const QFontMetrics metrics =
+                    caption ? caption->fontMetrics() : button->fontMetrics();
+                const int text = metrics.horizontalAdvance(button->text());
                 EXPECT_GE(button->width(), text) << button->objectName().toStdString();
                 const QRect place(button->mapTo(&calendar, QPoint(0, 0)), button->size());
                 EXPECT_TRUE(calendar.rect().contains(place)) << button->objectName().toStdString();
             }
     }
+}
+
+// Each picture of a small window has its measures; so has the next larger one.
+TEST_F(CalendarTest, TakesItsSmallFormBelowACertainSizeAndItsUsualOneAgain) {
+    std::vector<bool> told;
+    QObject::connect(&calendar, &Calendar::smallChanged,
+                     [&](bool small) { told.push_back(small); });
+    const auto widthOf = [this](const QSize& size) {
+        calendar.resize(size);
+        QCoreApplication::processEvents();
+        return std::pair(calendar.rail().width(), calendar.leftColumn().width());
+    };
+    EXPECT_EQ(widthOf({1144, 640}), std::pair(88, 248));
+    EXPECT_EQ(widthOf({1143, 640}), std::pair(76, 224));
+    EXPECT_EQ(widthOf({1200, 639}), std::pair(76, 224));
+    EXPECT_EQ(widthOf({1144, 640}), std::pair(88, 248));
+    EXPECT_EQ(told, (std::vector{true, false}));
+}
+
+TEST_F(CalendarTest, TheSmallFormHasItsMeasures) {
+    calendar.resize(1024, 566);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calendar.rail().paneButton(Pane::Phonebook)->size(), QSize(68, 54));
+    EXPECT_EQ(calendar.rail().trash()->size(), QSize(48, 48));
+    EXPECT_EQ(calendar.docPad().width(), 280);
+    EXPECT_EQ(calendar.plannerPage().dateLine()->height(), 36);
+    EXPECT_EQ(calendar.plannerPage().width(), 412);
+    calendar.raisePaneButton(Pane::Phonebook);
+    QCoreApplication::processEvents();
+    const LetterTabs& tabs = *calendar.phonebookPage().letterTabs();
+    EXPECT_EQ(tabs.height(), calendar.phonebookPage().card()->height());
+    for (const auto* tab : tabs.findChildren<QWidget*>()) {
+        EXPECT_GE(tab->height(), 15);
+        EXPECT_TRUE(tabs.rect().contains(tab->geometry())) << tab->objectName().toStdString();
+    }
+    EXPECT_EQ(calendar.phonebookPage().contactKeys()->button("New")->width(), 30);
+    EXPECT_EQ(calendar.phonebookPage().mailButton()->height(), 28);
+    calendar.raisePaneButton(Pane::Dialer);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialerPage->sendButton()->width(), 132);
+    EXPECT_GE(dialerPage->keypad()->findChild<QWidget*>("Command8")->height(), 60);
+}
+
+TEST_F(CalendarTest, OnAScreenThatIsSmallerStillDocPadGivesWayAndTheRestScrolls) {
+    calendar.setMinimumSize(1, 1);
+    calendar.resize(958, 506);
+    for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer}) {
+        calendar.raisePaneButton(pane);
+        QCoreApplication::processEvents();
+        EXPECT_GE(calendar.docPad().width(), 200);
+        EXPECT_LE(calendar.docPad().width(), 280 - (1024 - 958));
+        EXPECT_FALSE(desk().horizontalScrollBar()->isVisible());
+        for (const auto* strip : calendar.findChildren<ToolStrip*>())
+            for (const auto* key : strip->findChildren<QToolButton*>())
+                if (key->isVisible()) {
+                    const QRect place(key->mapTo(&calendar, QPoint(0, 0)), key->size());
+                    EXPECT_TRUE(calendar.rect().contains(place)) << key->objectName().toStdString();
+                }
+        auto& clock = test::named<QLabel>(calendar, "Label8");
+        EXPECT_LE(clock.mapTo(&calendar, QPoint(clock.width(), 0)).x(), calendar.width());
+    }
+    calendar.raisePaneButton(Pane::Phonebook);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(desk().verticalScrollBar()->isVisible()) << "27 letters have no room";
+    calendar.raisePaneButton(Pane::Planner);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(desk().verticalScrollBar()->isVisible()) << "the day has";
+}
+
+TEST_F(CalendarTest, OpensInTheMiddleOfTheScreenInTheShapeItHad) {
+    calendar.hide();
+    calendar.setShape({1200, 700, false, 350});
+    calendar.showCentred(0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
+    EXPECT_EQ(calendar.size(), QSize(1200, 700));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.docPad().width() == 350; }))
+        << calendar.docPad().width();
+    const QRect room = calendar.screen()->availableGeometry();
+    const QPoint off = calendar.frameGeometry().center() - room.center();
+    EXPECT_LE(std::abs(off.x()), 20);
+    EXPECT_LE(std::abs(off.y()), 20);
+    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, false, 350}));
+}
+
+TEST_F(CalendarTest, AShapeThatTheScreenHasNoRoomForIsMadeSmaller) {
+    calendar.hide();
+    calendar.setShape({9000, 9000, false, 9000});
+    calendar.showCentred(170);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
+    const QRect room = calendar.screen()->availableGeometry();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.contains(calendar.frameGeometry()); }));
+    EXPECT_LE(calendar.docPad().width(), 520);
+}
+
+TEST_F(CalendarTest, ComesBackMaximizedAndKnowsItsSizeBesideThat) {
+    calendar.hide();
+    calendar.setShape({1200, 700, true, 0});
+    calendar.showCentred(0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.isMaximized(); }));
+    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, true, 0}));
 }
 
 TEST_F(CalendarTest, EveryControlThatTakesTheFocusHasANameToBeSpoken) {

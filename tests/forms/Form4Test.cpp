@@ -388,7 +388,7 @@ TEST_F(Form4Test, AsksForItsHelpPage) {
     QSignalSpy wanted(&form, &Form4::helpWanted);
     click("Command5");
     ASSERT_EQ(1, wanted.size());
-    EXPECT_EQ("search", wanted[0][0].toString().toStdString());
+    EXPECT_EQ("Form4", wanted[0][0].toString().toStdString());
 }
 
 TEST_F(Form4Test, MarksOnePrimaryButton) {

@@ -5,13 +5,13 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 
 #include "core/HelpTopics.h"
 #include "core/forms/HelpPageView.h"
 #include "forms/Widgets.h"
+#include "platform/controls/EntryList.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -33,16 +33,10 @@ class HelpWindowTest : public ::testing::Test {
     }
     HelpPageView& page() { return test::named<HelpPageView>(window, "Browser1"); }
     QLineEdit& box() { return test::named<QLineEdit>(window, "Text1"); }
-    QListWidget& list() { return test::named<QListWidget>(window, "List1"); }
+    EntryList& list() { return test::named<EntryList>(window, "List1"); }
     QPushButton& button(const char* name) { return test::named<QPushButton>(window, name); }
     std::string topic() { return page().topic().toStdString(); }
-    std::vector<std::string> lines() {
-        std::vector<std::string> result;
-        result.reserve(static_cast<std::size_t>(list().count()));
-        for (int row = 0; row < list().count(); ++row)
-            result.push_back(list().item(row)->text().toStdString());
-        return result;
-    }
+    const std::vector<std::string>& lines() { return list().lines(); }
 
     HelpIndex index{resource(QStringLiteral("index.txt")).toStdString(), CodePage::western()};
     HelpWindow window{index, CodePage::western()};
@@ -52,8 +46,7 @@ TEST_F(HelpWindowTest, OpensAtATopicAndMarksItInTheContents) {
     show("add-entry");
     EXPECT_EQ("add-entry", topic());
     EXPECT_TRUE(page().toPlainText().startsWith(QStringLiteral("Adding and changing an entry")));
-    ASSERT_NE(nullptr, list().currentItem());
-    EXPECT_EQ("Adding and changing an entry", list().currentItem()->text().toStdString());
+    EXPECT_EQ("Adding and changing an entry", list().selectedLine());
     EXPECT_EQ(index.pages().size(), lines().size());
     EXPECT_FALSE(window.isModal());
 }
@@ -111,7 +104,7 @@ TEST_F(HelpWindowTest, TypingFiltersTheContents) {
     EXPECT_TRUE(window.isVisible());
     box().clear();
     EXPECT_EQ(index.pages().size(), lines().size());
-    EXPECT_EQ("The calculator", list().currentItem()->text().toStdString());
+    EXPECT_EQ("The calculator", list().selectedLine());
 }
 
 TEST_F(HelpWindowTest, TheDownKeyGoesIntoTheList) {
@@ -127,8 +120,8 @@ TEST_F(HelpWindowTest, TheDownKeyGoesIntoTheList) {
 
 TEST_F(HelpWindowTest, AClickedLineOpensItsPage) {
     show("welcome");
-    QListWidgetItem* line = list().item(1);
-    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualItemRect(line).center());
+    const QRect line = list().visualRect(list().model()->index(1, 0));
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, line.center());
     EXPECT_EQ(index.pages()[1].topic, topic());
 }
 
@@ -140,7 +133,7 @@ TEST_F(HelpWindowTest, GoesBackAndForwardByKeys) {
         focus->setFocus();
         QTest::keyClick(focus, Qt::Key_Left, Qt::AltModifier);
         EXPECT_EQ("planner", topic());
-        EXPECT_EQ("The planner", list().currentItem()->text().toStdString());
+        EXPECT_EQ("The planner", list().selectedLine());
         QTest::keyClick(focus, Qt::Key_Right, Qt::AltModifier);
         EXPECT_EQ("year", topic());
     }

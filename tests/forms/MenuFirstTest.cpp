@@ -28,6 +28,9 @@ class MenuFirstTest : public testing::Test {
         window.setCentralWidget(centre);
         file = window.menuBar()->addMenu("&File");
         file->addAction("E&xit");
+        phonebook = window.menuBar()->addMenu("P&honebook");
+        phonebook->addAction("&Add");
+        window.menuBar()->addMenu("&Help")->addAction("&About");
         calculator = window.menuBar()->addAction("&Calculator");
         menuFirst = new MenuFirst(window.menuBar());
         menuFirst->watchButtons(window);
@@ -42,7 +45,7 @@ class MenuFirstTest : public testing::Test {
 
     QMainWindow window;
     QPushButton *openFile, *clear, *web;
-    QMenu* file;
+    QMenu *file, *phonebook;
     QAction* calculator;
     MenuFirst* menuFirst;
 };
@@ -52,6 +55,17 @@ TEST_F(MenuFirstTest, OpensTheMenuAndDoesNotMoveTheFocus) {
     QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
     EXPECT_EQ(QApplication::activePopupWidget(), file);
     EXPECT_FALSE(openFile->hasFocus());
+}
+
+TEST_F(MenuFirstTest, OpensTheFirstOfTwoMenusEachTime) {
+    web->setText("&Hang Up");
+    for (int time = 0; time < 3; ++time) {
+        QTest::keyClick(&window, Qt::Key_H, Qt::AltModifier);
+        ASSERT_EQ(QApplication::activePopupWidget(), phonebook) << time;
+        phonebook->close();
+        window.menuBar()->setActiveAction(nullptr);
+        web->setFocus();
+    }
 }
 
 TEST_F(MenuFirstTest, RunsAHeadThatIsACommand) {

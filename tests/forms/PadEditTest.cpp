@@ -187,7 +187,7 @@ TEST_F(PadEditTest, TellsRealChangesAndOnlyThose) {
     pad.select(0, 2);
     pad.setFont(QFont(QStringLiteral("DejaVu Sans"), 12));
     pad.setInk(QColor(Qt::red));
-    pad.setWideMargins(true);
+    pad.setTextMargins({56, 28, 56, 28});
     pad.resize(500, 200);
     EXPECT_EQ(changes.count(), 3) << "looks are no change of the text";
     type("x");
@@ -498,7 +498,7 @@ TEST_F(PadEditTest, AClickBetweenTwoLinesLandsInTheLineOfThatRow) {
 }
 
 TEST_F(PadEditTest, AClickInTheMarginLandsInTheLineBesideIt) {
-    pad.setWideMargins(true);
+    pad.setTextMargins({56, 28, 56, 28});
     pad.setBytes("abcdef\r\nabcdef");
     const int y = pad.viewport()->mapTo(&pad, pad.caretRect({9}).center()).y();
     QTest::mouseClick(&pad, Qt::LeftButton, {}, {6, y});
@@ -507,9 +507,9 @@ TEST_F(PadEditTest, AClickInTheMarginLandsInTheLineBesideIt) {
 
 TEST_F(PadEditTest, MarginsAreWiderWhenItFillsTheWindow) {
     const int frame = pad.frameWidth();
-    pad.setWideMargins(false);
+    pad.setTextMargins({16, 14, 16, 14});
     EXPECT_EQ(pad.viewport()->pos() - QPoint(frame, frame), QPoint(16, 14));
-    pad.setWideMargins(true);
+    pad.setTextMargins({56, 28, 56, 28});
     EXPECT_EQ(pad.viewport()->pos() - QPoint(frame, frame), QPoint(56, 28));
 }
 

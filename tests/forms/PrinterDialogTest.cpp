@@ -2,19 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 
 #include "forms/Widgets.h"
+#include "platform/controls/EntryList.h"
 
 namespace velmora {
 namespace {
 
 class PrinterDialogTest : public testing::Test {
   protected:
-    QListWidget& printers() { return test::named<QListWidget>(dialog_, "printers"); }
+    EntryList& printers() { return test::named<EntryList>(dialog_, "printers"); }
     QPushButton& ok() { return test::named<QPushButton>(dialog_, "ok"); }
     QRadioButton& radio(const char* name) { return test::named<QRadioButton>(dialog_, name); }
 
@@ -25,9 +25,9 @@ class PrinterDialogTest : public testing::Test {
 
 TEST_F(PrinterDialogTest, ShowsThePrintersWithTheCurrentOneChosen) {
     EXPECT_EQ(dialog_.windowTitle(), "Printer Setup");
-    ASSERT_EQ(printers().count(), 3);
-    EXPECT_EQ(printers().item(1)->text(), QStringLiteral("B\u00FCro"));
-    EXPECT_EQ(printers().currentRow(), 1);
+    ASSERT_EQ(printers().lines().size(), 3U);
+    EXPECT_EQ(printers().model()->index(1, 0).data().toString(), QStringLiteral("B\u00FCro"));
+    EXPECT_EQ(printers().selectedLine(), "B\xFCro");
     EXPECT_TRUE(radio("landscape").isChecked());
     EXPECT_EQ(dialog_.chosen(), (PrinterChoice{"B\xFCro", PageOrientation::Landscape}));
 }
@@ -52,7 +52,7 @@ TEST_F(PrinterDialogTest, EscapeCancels) {
 
 TEST_F(PrinterDialogTest, ADoubleClickChoosesAndCloses) {
     test::showActive(dialog_);
-    const QPoint place = printers().visualItemRect(printers().item(0)).center();
+    const QPoint place = printers().visualRect(printers().model()->index(0, 0)).center();
     QTest::mouseClick(printers().viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(printers().viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(dialog_.result(), QDialog::Accepted);
@@ -63,7 +63,7 @@ TEST(PrinterDialog, HasNoOkWhileNoPrinterIsChosen) {
     PrinterDialog dialog({"Pocket"}, {"Attic", PageOrientation::Portrait}, CodePage::western());
     EXPECT_FALSE(test::named<QPushButton>(dialog, "ok").isEnabled());
     EXPECT_EQ(dialog.chosen().printer, "");
-    test::named<QListWidget>(dialog, "printers").setCurrentRow(0);
+    test::named<EntryList>(dialog, "printers").selectLine("Pocket");
     EXPECT_TRUE(test::named<QPushButton>(dialog, "ok").isEnabled());
     EXPECT_EQ(dialog.chosen(), (PrinterChoice{"Pocket", PageOrientation::Portrait}));
 }

@@ -81,6 +81,42 @@ TEST_F(StepperTest, AnArrowHeldDownStopsWhenItsFormCloses) {
     EXPECT_EQ(stepper.value(), hidden);
 }
 
+TEST_F(StepperTest, TakesDigits) {
+    QTest::keyClicks(&arrows(), QStringLiteral("14"));
+    EXPECT_EQ(values, (std::vector<int>{1, 14}));
+    QTest::keyClick(&arrows(), Qt::Key_Up);
+    QTest::keyClicks(&arrows(), QStringLiteral("2"));
+    QTest::keyClicks(&arrows(), QStringLiteral("7"));
+    EXPECT_EQ(stepper.value(), 7) << "27 is above the range";
+    QTest::keyClick(&arrows(), Qt::Key_1, Qt::AltModifier);
+    EXPECT_EQ(stepper.value(), 7);
+}
+
+TEST_F(StepperTest, ADigitBelowTheRangeWaitsForMore) {
+    stepper.setRange(1, 31, 7);
+    QTest::keyClick(&arrows(), Qt::Key_0);
+    EXPECT_EQ(stepper.value(), 10);
+    QTest::keyClick(&arrows(), Qt::Key_9);
+    EXPECT_EQ(stepper.value(), 9);
+}
+
+TEST_F(StepperTest, TypedDigitsBeginAnewWithTheFocus) {
+    QTest::keyClick(&arrows(), Qt::Key_1);
+    arrows().clearFocus();
+    arrows().setFocus();
+    QTest::keyClick(&arrows(), Qt::Key_2);
+    EXPECT_EQ(stepper.value(), 2);
+}
+
+TEST_F(StepperTest, TheWheelOverTheNumberSteps) {
+    // The label lets the wheel pass to what it stands on.
+    const QPointF point = stepper.label()->geometry().center();
+    QWheelEvent event(point, stepper.mapToGlobal(point), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&stepper, &event);
+    EXPECT_EQ(stepper.value(), 11);
+}
+
 TEST_F(StepperTest, StopsAtBothEnds) {
     stepper.setValue(22);
     QTest::mouseClick(&arrows(), Qt::LeftButton, {}, upper());

@@ -48,6 +48,17 @@ TEST_F(YearPaneTest, StaysWithinASmallDesk) {
     EXPECT_TRUE(desk.rect().contains(pane->geometry()));
 }
 
+TEST_F(YearPaneTest, IsLowerInASmallWindowAndFollowsTheDesk) {
+    pane->open({120, 40}, true);
+    EXPECT_EQ(pane->size(), QSize(696, 445));
+    desk.resize(700, 400);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return desk.rect().contains(pane->geometry()); }));
+    desk.resize(1000, 700);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return pane->size() == QSize(696, 445); }));
+    pane->setPlace({10, 20}, false);
+    EXPECT_EQ(pane->geometry(), QRect(10, 20, 724, 548));
+}
+
 TEST_F(YearPaneTest, FillsItselfWithTheYear) {
     pane->open({0, 0});
     QCoreApplication::processEvents();

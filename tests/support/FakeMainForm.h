@@ -44,6 +44,8 @@ class FakeMainForm final : public MainForm {
     void setCaption(const std::string& text) override { caption = text; }
     void setDocPadCaption(const std::string& text) override { docPad = text; }
     [[nodiscard]] std::string docPadCaption() const override { return docPad; }
+    void setShape(const WindowShape& set) override { windowShape = set; }
+    [[nodiscard]] WindowShape shape() const override { return windowShape; }
     void showCentred(int raise) override {
         raiseOfWindow = raise;
         log.emplace_back("show");
@@ -72,6 +74,7 @@ class FakeMainForm final : public MainForm {
     std::map<FontTarget, FontChoice> fonts;
     std::string caption = "Velmora";
     std::string docPad = "DocPad";
+    WindowShape windowShape;
     int raiseOfWindow = 0;
     int broughtToFront = 0;
     SharedState::Box box{12000, 900, 6000, 9000};

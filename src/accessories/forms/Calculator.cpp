@@ -9,13 +9,12 @@
 #include "accessories/CalculatorKeys.h"
 #include "accessories/forms/NumberDisplay.h"
 #include "platform/Failure.h"
-#include "platform/controls/DialogFooter.h"
+#include "platform/controls/DialogButton.h"
 
 namespace velmora {
 namespace {
 
 constexpr QSize kSize(288, 422);
-constexpr int kMargin = 16;
 constexpr int kKeyGap = 7;
 
 using Kind = CalculatorKey::Kind;
@@ -24,18 +23,13 @@ using Kind = CalculatorKey::Kind;
 
 Calculator::Calculator(Messages& messages, std::function<void(const std::string&)> endProgram,
                        QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Calculator", QString::fromLatin1(kCalculatorTitle), parent),
       machine_(messages),
       endProgram_(std::move(endProgram)),
       Readout(new NumberDisplay(this)),
-      Command1(new QPushButton(tr("Close"), this)) {
-    setObjectName(QStringLiteral("Calculator"));
-    setWindowTitle(QString::fromLatin1(kCalculatorTitle));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+      Command1(makeDialogButton("Command1", "Close", this)) {
     setWindowFlag(Qt::WindowMinimizeButtonHint);
     Readout->setObjectName(QStringLiteral("Readout"));
-    Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setAutoDefault(false);
     // A click leaves the focus where the digits are typed.
     Command1->setFocusPolicy(Qt::TabFocus);
     makeDigits();
@@ -43,19 +37,11 @@ Calculator::Calculator(Messages& messages, std::function<void(const std::string&
     makeOthers();
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(12);
     body->addWidget(Readout);
     body->addLayout(arrangeKeys());
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(body);
-    layout->addStretch();
-    layout->addWidget(footer);
-    setFixedSize(kSize.expandedTo(layout->totalMinimumSize()));
+    body->addStretch();
+    layOut(body, {.right = {Command1}}, {.first = kSize, .grows = {}});
 
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -119,15 +105,13 @@ QLayout* Calculator::arrangeKeys() {
     return grid;
 }
 
-void Calculator::present() {
-    if (!isVisible()) {
-        machine_.Load();
-        Readout->setText(QString::fromStdString(machine_.Readout()));
-        Readout->setFocus();
-    }
-    showNormal();
-    raise();
-    activateWindow();
+void Calculator::beginAnew() {
+    machine_.Load();
+    Readout->setText(QString::fromStdString(machine_.Readout()));
+}
+
+QWidget* Calculator::firstField() const {
+    return Readout;
 }
 
 void Calculator::press(char key) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 #include <functional>
 #include <map>
@@ -8,6 +7,7 @@
 
 #include "accessories/PocketMachine.h"
 #include "accessories/forms/CalculatorKey.h"
+#include "platform/controls/Dialog.h"
 
 class QPushButton;
 
@@ -17,7 +17,7 @@ class NumberDisplay;
 
 // "VLMCalc": the pocket calculator. It stays open beside the other windows; its keys are clicked or
 // typed. Each opening begins anew.
-class Calculator final : public QDialog {
+class Calculator final : public Dialog {
     Q_OBJECT
 
   public:
@@ -26,10 +26,9 @@ class Calculator final : public QDialog {
     Calculator(Messages& messages, std::function<void(const std::string&)> endProgram,
                QWidget* parent = nullptr);
 
-    // Shows the form, in front and ready for typing. One that is open goes on as it is.
-    void present();
-
   protected:
+    void beginAnew() override;
+    [[nodiscard]] QWidget* firstField() const override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:

@@ -8,16 +8,16 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
-#include <QStackedWidget>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "core/CommandTable.h"
 #include "core/forms/CommandMenus.h"
+#include "core/forms/Desk.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/MenuFirst.h"
@@ -38,18 +38,20 @@
 #include "platform/controls/Type.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Theme.h"
+#include "platform/qt/WindowPlace.h"
 
 namespace velmora {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
-constexpr QSize kDefaultSize(1278, 770);
-constexpr QSize kSmallestSize(1144, 640);
-constexpr int kDeskMargin = 12;
-constexpr int kPaneStretch = 54;
-constexpr int kDocPadStretch = 46;
-constexpr int kNarrowestPane = 440;
+constexpr QSize kFirstOutside(1280, 800);  // with the frame
+constexpr QSize kSmallBelow(1144, 640);
+constexpr QSize kLeastSize(1024, 560);  // less only where the screen is smaller
 constexpr int kToolbarHeight = 42;
+constexpr int kKeyWidth = 32;
+constexpr int kSeparatorWidth = 11;
+constexpr int kNarrowKeyWidth = 30;
+constexpr int kNarrowSeparatorWidth = 5;
 
 std::int16_t twips(int pixels) {
     return static_cast<std::int16_t>(
@@ -68,16 +70,18 @@ QColor storedColour(int number) {
 Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
                    std::chrono::year_month_day today, Parts parts)
     : codePage_(codePage),
-      parts_(parts),
+      parts_(std::move(parts)),
       menus_(new CommandMenus(menuBar())),
       mainKeys_(new ToolStrip(QStringLiteral("MainToolbar"), mainToolbar(), this)),
       Label8(new QLabel(this)),
       rail_(new Rail(this)),
       leftColumn_(new LeftColumn(codePage, locale, today, this)),
-      plannerPage_(new PlannerPage(parts.day, this)),
+      plannerPage_(new PlannerPage(parts_.day, this)),
       phonebookPage_(new PhonebookPage(codePage, this)),
-      pages_(new QStackedWidget(this)),
-      docPad_(new DocPadColumn(parts.text, this)),
+      docPad_(new DocPadColumn(parts_.text, this)),
+      desk_(new Desk(
+          {leftColumn_, {plannerPage_, phonebookPage_, parts_.dialer.page}, docPad_, parts_.text},
+          this)),
       statusBar_(new StatusBar(codePage, this)),
       Check1(new QCheckBox(QStringLiteral("Don't Delete -- Required"), this)),
       Timer1(new QTimer(this)),
@@ -100,7 +104,7 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
     auto* body = new QHBoxLayout;
     body->setSpacing(0);
     body->addWidget(rail_);
-    body->addWidget(makeDesk(), 1);
+    body->addWidget(desk_, 1);
     auto* whole = new QVBoxLayout;
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
@@ -113,8 +117,8 @@ Calendar::Calendar(const CodePage& codePage, const LocaleFormats& locale,
     nameControls();
     setTabStops();
     (new MenuFirst(menuBar()))->watchButtons(*this);
-    setMinimumSize(kSmallestSize);
-    resize(kDefaultSize);
+    setMinimumSize(kLeastSize);
+    resize(kFirstOutside.shrunkBy(frameOf(*this)));
 }
 
 QWidget* Calendar::makeToolbarRow() {
@@ -129,35 +133,11 @@ QWidget* Calendar::makeToolbarRow() {
     Label8->setMinimumWidth(Label8->fontMetrics().horizontalAdvance(QStringLiteral("12:00 PM")));
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(8, 0, 12, 1);
+    layout->setSpacing(0);
     layout->addWidget(mainKeys_);
     layout->addStretch();
     layout->addWidget(Label8);
     return row;
-}
-
-QWidget* Calendar::makeDesk() {
-    pages_->addWidget(plannerPage_);
-    pages_->addWidget(phonebookPage_);
-    pages_->addWidget(parts_.dialer.page);
-    pages_->setMinimumWidth(kNarrowestPane);
-
-    splitter_ = new QSplitter(Qt::Horizontal, this);
-    splitter_->setObjectName(QStringLiteral("Desk"));
-    splitter_->setHandleWidth(kDeskMargin);
-    splitter_->setChildrenCollapsible(false);
-    splitter_->addWidget(pages_);
-    splitter_->addWidget(docPad_);
-    splitter_->setStretchFactor(0, kPaneStretch);
-    splitter_->setStretchFactor(1, kDocPadStretch);
-    splitter_->setSizes({kPaneStretch * 100, kDocPadStretch * 100});
-
-    desk_ = new QWidget(this);
-    auto* layout = new QHBoxLayout(desk_);
-    layout->setContentsMargins(kDeskMargin, kDeskMargin, kDeskMargin, kDeskMargin);
-    layout->setSpacing(kDeskMargin);
-    layout->addWidget(leftColumn_);
-    layout->addWidget(splitter_, 1);
-    return desk_;
 }
 
 void Calendar::nameControls() {
@@ -219,8 +199,12 @@ void Calendar::flipCheck1() {
     Check1->toggle();
 }
 
+QWidget* Calendar::desk() const {
+    return desk_->floor();
+}
+
 QPoint Calendar::paneCorner() const {
-    return pages_->mapTo(desk_, QPoint(0, 0));
+    return desk_->paneCorner();
 }
 
 bool Calendar::dayViewShown() const {
@@ -243,7 +227,7 @@ void Calendar::setControlState(PaneControl control, ControlState state) {
 
 void Calendar::raisePaneButton(Pane pane) {
     rail_->raiseButton(pane);
-    pages_->setCurrentIndex(static_cast<int>(pane));
+    desk_->showPage(pane);
 }
 
 void Calendar::setTwentyFourHourTick(bool ticked) {
@@ -341,13 +325,60 @@ std::string Calendar::docPadCaption() const {
     return fromQt(docPad_->title()->text(), codePage_);
 }
 
-void Calendar::showCentred(int raise) {
+// Below a certain size everything gets closer together; below the least size, which is less only
+// on a screen that is smaller still, DocPad and the toolbar give up what they can.
+void Calendar::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const bool small = width() < kSmallBelow.width() || height() < kSmallBelow.height();
+    const bool narrow = width() < kLeastSize.width();
+    desk_->setMeasures(small, narrow);
+    mainKeys_->setMeasures(narrow ? kNarrowKeyWidth : kKeyWidth,
+                           narrow ? kNarrowSeparatorWidth : kSeparatorWidth);
+    if (small == small_)
+        return;
+    small_ = small;
+    rail_->setSmall(small);
+    plannerPage_->setSmall(small);
+    phonebookPage_->setSmall(small);
+    parts_.dialer.setSmall(small);
+    emit smallChanged(small);
+}
+
+void Calendar::takeShape() {
     const QRect room = screen()->availableGeometry();
-    resize(size().boundedTo(room.size()));
-    const int left = room.left() + (room.width() - width()) / 2;
-    const int top = room.top() + (room.height() - height()) / 2 - raise / kTwipsPerPixel;
-    move(left, std::max(top, room.top()));
-    show();
+    const QSize most = largestInside(room, *this);
+    setMinimumSize(kLeastSize.boundedTo(most));
+    const QSize wanted = shape_.width > 0 && shape_.height > 0
+                             ? QSize(shape_.width, shape_.height)
+                             : kFirstOutside.shrunkBy(frameOf(*this));
+    resize(wanted.boundedTo(most));
+    desk_->chooseDocPadWidth(shape_.docPadWidth);
+}
+
+WindowShape Calendar::shape() const {
+    const QSize inside = isMaximized() || isFullScreen() ? normalGeometry().size() : size();
+    return {inside.width(), inside.height(), isMaximized(), desk_->chosenDocPadWidth()};
+}
+
+void Calendar::showCentred(int raise) {
+    kept_ = false;
+    takeShape();
+    centreIn(screen()->availableGeometry(), *this, raise / kTwipsPerPixel);
+    if (shape_.maximized)
+        showMaximized();
+    else
+        show();
+}
+
+// What the window manager has drawn around the window is known only now.
+void Calendar::keepOnScreen() {
+    const QRect room = screen()->availableGeometry();
+    if (isMaximized() || isFullScreen() || room.contains(frameGeometry()))
+        return;
+    const QSize most = largestInside(room, *this);
+    setMinimumSize(kLeastSize.boundedTo(most));
+    resize(size().boundedTo(most));
+    moveInto(room, *this);
 }
 
 void Calendar::bringToFront() {
@@ -364,21 +395,13 @@ SharedState::Box Calendar::docPadBox() const {
 }
 
 void Calendar::fillWithDocPad() {
-    leftColumn_->hide();
-    pages_->hide();
-    docPad_->setWide(true);
-    parts_.text->setWideMargins(true);
-    desk_->layout()->activate();
+    desk_->setDocPadFills(true);
     docPad_->text()->setFocus();
 }
 
+// The layout knows DocPad's place in its column, also when the window has another size now.
 void Calendar::putDocPadBack(const SharedState::Box&) {
-    // The layout knows DocPad's place in its column, also when the window has another size now.
-    docPad_->setWide(false);
-    parts_.text->setWideMargins(false);
-    pages_->show();
-    leftColumn_->show();
-    desk_->layout()->activate();
+    desk_->setDocPadFills(false);
 }
 
 void Calendar::setMaximiseButtonShown(bool shown) {
@@ -404,6 +427,10 @@ void Calendar::closeEvent(QCloseEvent* event) {
 
 bool Calendar::event(QEvent* event) {
     const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::Paint && !kept_) {
+        kept_ = true;
+        keepOnScreen();
+    }
     if (event->type() == QEvent::Paint && !painted_) {
         painted_ = true;
         emit firstPainted();

@@ -12,13 +12,12 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
-class QSplitter;
-class QStackedWidget;
 class QTimer;
 
 namespace velmora {
 
 class CommandMenus;
+class Desk;
 class DocPadColumn;
 class LeftColumn;
 class PadEdit;
@@ -38,13 +37,14 @@ class Calendar final : public QMainWindow, public MainForm {
     // What the window has to know of the Dialer pane.
     struct Dialer {
         QWidget* page;
-        QLabel* number;            // Label16
-        QWidget* keypad;           // Picture3
-        QPushButton* send;         // Command24
-        QPushButton* hangUp;       // Command22
-        QPushButton* back;         // Command20
-        QPushButton* clear;        // Command21
-        QPushButton* externalOne;  // Command2
+        QLabel* number;                            // Label16
+        QWidget* keypad;                           // Picture3
+        QPushButton* send;                         // Command24
+        QPushButton* hangUp;                       // Command22
+        QPushButton* back;                         // Command20
+        QPushButton* clear;                        // Command21
+        QPushButton* externalOne;                  // Command2
+        std::function<void(bool small)> setSmall;  // the measures for a small window
     };
 
     // The parts of the window that are made outside it. It becomes their owner.
@@ -70,7 +70,7 @@ class Calendar final : public QMainWindow, public MainForm {
     [[nodiscard]] PadEdit& text() const { return *parts_.text; }
 
     // The desk, on which the year view floats, and the left top corner of the pane area on it.
-    [[nodiscard]] QWidget* desk() const { return desk_; }
+    [[nodiscard]] QWidget* desk() const;
     [[nodiscard]] QPoint paneCorner() const;
 
     // Asked when the window is to close; false keeps it open. Without it the window just closes.
@@ -78,6 +78,9 @@ class Calendar final : public QMainWindow, public MainForm {
 
     // Flips the hidden check box; flipped() follows before this returns.
     void flipCheck1();
+
+    // True while the window is too small for the usual measures of its parts.
+    [[nodiscard]] bool isSmall() const { return small_; }
 
     // True while the day view is on show.
     [[nodiscard]] bool dayViewShown() const;
@@ -101,6 +104,8 @@ class Calendar final : public QMainWindow, public MainForm {
     void setCaption(const std::string& text) override;
     void setDocPadCaption(const std::string& text) override;
     [[nodiscard]] std::string docPadCaption() const override;
+    void setShape(const WindowShape& shape) override { shape_ = shape; }
+    [[nodiscard]] WindowShape shape() const override;
     void showCentred(int raise) override;
     void bringToFront() override;
     [[nodiscard]] SharedState::Box docPadBox() const override;
@@ -120,20 +125,25 @@ class Calendar final : public QMainWindow, public MainForm {
     // The window has been allowed to close.
     void closing();
 
+    // The window has taken its small form, or its usual one again.
+    void smallChanged(bool small);
+
     // The window has been painted for the first time.
     void firstPainted();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     [[nodiscard]] QWidget* makeToolbarRow();
-    [[nodiscard]] QWidget* makeDesk();
     [[nodiscard]] QWidget* textOf(FontTarget target) const;
     void setTextColour(FontTarget target, const QColor& colour);
     void setTabStops();
     void nameControls();
+    void takeShape();
+    void keepOnScreen();
 
     const CodePage& codePage_;
     Parts parts_;
@@ -144,10 +154,8 @@ class Calendar final : public QMainWindow, public MainForm {
     LeftColumn* leftColumn_;
     PlannerPage* plannerPage_;
     PhonebookPage* phonebookPage_;
-    QStackedWidget* pages_;
     DocPadColumn* docPad_;
-    QSplitter* splitter_ = nullptr;
-    QWidget* desk_ = nullptr;
+    Desk* desk_;
     StatusBar* statusBar_;
     QCheckBox* Check1;  // "Don't Delete -- Required", never shown
     QTimer* Timer1;     // the clock, 500 ms
@@ -155,7 +163,10 @@ class Calendar final : public QMainWindow, public MainForm {
     std::map<PaneControl, QWidget*> controls_;
     std::function<bool()> mayClose_;
     std::map<FontTarget, int> colours_;  // as set last
+    WindowShape shape_;                  // wanted at the first showing
+    bool small_ = false;
     bool painted_ = false;
+    bool kept_ = false;  // on the screen, since it was shown in the middle of it
 };
 
 }  // namespace velmora

@@ -17,6 +17,7 @@ namespace {
 constexpr int kNarrowest = 320;
 constexpr int kWidestInColumn = 520;
 constexpr int kTitleHeight = 40;
+constexpr int kSmallTitleHeight = 36;
 
 QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* parent) {
     auto* button = new QToolButton(parent);
@@ -36,6 +37,7 @@ QToolButton* makeSizeButton(const char* name, const char* toolTip, QWidget* pare
 
 DocPadColumn::DocPadColumn(PadEdit* text, QWidget* parent)
     : QWidget(parent),
+      header_(new QWidget(this)),
       Image7(new QLabel(this)),
       Label4(new ElidedLabel(Qt::ElideRight, this)),
       Toolbar3(makeSizeButton("Toolbar3", "Maximize DocPad", this)),
@@ -63,17 +65,20 @@ DocPadColumn::DocPadColumn(PadEdit* text, QWidget* parent)
     header->addWidget(Label4, 1);
     header->addWidget(Toolbar3);
     header->addWidget(Toolbar5);
-    auto* headerBox = new QWidget(this);
-    headerBox->setFixedHeight(kTitleHeight);
-    headerBox->setLayout(header);
+    header_->setLayout(header);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(headerBox);
+    layout->addWidget(header_);
     layout->addWidget(Text4, 1);
-    setMinimumWidth(kNarrowest);
     setWide(false);
+    setSmall(false, 0);
+}
+
+void DocPadColumn::setSmall(bool small, int narrowest) {
+    header_->setFixedHeight(small ? kSmallTitleHeight : kTitleHeight);
+    setMinimumWidth(small ? narrowest : kNarrowest);
 }
 
 bool DocPadColumn::eventFilter(QObject* watched, QEvent* event) {

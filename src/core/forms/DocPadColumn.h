@@ -26,6 +26,9 @@ class DocPadColumn final : public QWidget {
     // In its column DocPad has a greatest width; maximised it has none.
     void setWide(bool wide);
 
+    // The size for a small window; `narrowest` is how narrow the column may become in it.
+    void setSmall(bool small, int narrowest);
+
   signals:
     // The pointer has come over the button that grows DocPad, or that shrinks it.
     void growHovered();
@@ -35,6 +38,7 @@ class DocPadColumn final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    QWidget* header_;
     QLabel* Image7;         // DocPad's icon
     QLabel* Label4;         // the title
     QToolButton* Toolbar3;  // grows DocPad; stands in PictureMax

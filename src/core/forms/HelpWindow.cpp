@@ -1,17 +1,19 @@
 #include "core/forms/HelpWindow.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/forms/HelpPageView.h"
-#include "platform/controls/DialogFooter.h"
+#include "platform/controls/DialogButton.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -20,60 +22,46 @@ namespace {
 constexpr QSize kSize(860, 620);
 constexpr QSize kLeastSize(560, 360);
 constexpr int kContentsWidth = 248;
-constexpr int kMargin = 16;
-constexpr int kTopicRole = Qt::UserRole;
 
 }  // namespace
 
 HelpWindow::HelpWindow(const HelpIndex& index, const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("HelpWindow", tr("Velmora Help"), parent),
       index_(index),
       codePage_(codePage),
       Text1(new QLineEdit(this)),
-      List1(new QListWidget(this)),
+      List1(new EntryList(codePage, nullptr, this)),
       Command1(makeStep("Command1", tr("&Back"), QKeySequence(Qt::ALT | Qt::Key_Left))),
       Command2(makeStep("Command2", tr("&Forward"), QKeySequence(Qt::ALT | Qt::Key_Right))),
-      Command3(new QPushButton(tr("Close"), this)),
+      Command3(makeDialogButton("Command3", "Close", this)),
       Browser1(new HelpPageView(this)) {
-    setObjectName(QStringLiteral("HelpWindow"));
-    setWindowTitle(tr("Velmora Help"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
-    Command3->setObjectName(QStringLiteral("Command3"));
-    Command3->setAutoDefault(false);
 
     auto* body = new QHBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(12);
     body->addWidget(makeContents());
     body->addWidget(makePage(), 1);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command3);
-    layOutDialog(*this, body, footer);
-    setMinimumSize(kLeastSize);
-    resize(kSize);
+    layOut(body, {.right = {Command3}}, {.first = kSize, .least = kLeastSize});
     connectParts();
     fillList();
 }
 
 QWidget* HelpWindow::makeContents() {
     auto* contents = new QWidget(this);
-    auto* label = new QLabel(tr("&Look for:"), contents);
-    label->setProperty("role", QStringLiteral("label"));
-    label->setBuddy(Text1);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setAccessibleName(tr("Look for"));
     Text1->setClearButtonEnabled(true);
     Text1->installEventFilter(this);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(tr("Contents"));
+    List1->setDragEnabled(false);
     auto* column = new QVBoxLayout(contents);
     column->setContentsMargins({});
     column->setSpacing(4);
-    column->addWidget(label);
+    column->addWidget(makeLabel(tr("&Look for:"), Text1));
     column->addWidget(Text1);
     column->addSpacing(8);
-    column->addWidget(List1, 1);
+    column->addWidget(makeListFrame(List1, contents), 1);
     contents->setFixedWidth(kContentsWidth);
     return contents;
 }
@@ -111,11 +99,12 @@ QPushButton* HelpWindow::makeStep(const char* name, const QString& caption,
 
 void HelpWindow::connectParts() {
     connect(Text1, &QLineEdit::textChanged, this, &HelpWindow::fillList);
-    connect(Text1, &QLineEdit::returnPressed, this, [this] { openLine(0); });
-    connect(List1, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { openLine(List1->row(item)); });
-    connect(List1, &QListWidget::itemActivated, this,
-            [this](QListWidgetItem* item) { openLine(List1->row(item)); });
+    connect(Text1, &QLineEdit::returnPressed, this, [this] { openHit(0); });
+    const auto openAt = [this](const QModelIndex& index) {
+        openHit(static_cast<std::size_t>(index.row()));
+    };
+    connect(List1, &EntryList::clicked, this, openAt);
+    connect(List1, &EntryList::activated, this, openAt);
     connect(Command1, &QPushButton::clicked, Browser1, &QTextBrowser::backward);
     connect(Command2, &QPushButton::clicked, Browser1, &QTextBrowser::forward);
     connect(Browser1, &QTextBrowser::backwardAvailable, Command1, &QWidget::setEnabled);
@@ -131,43 +120,45 @@ void HelpWindow::showTopic(std::string_view topic) {
     Text1->clear();
     if (page)
         Browser1->open(toQt(page->topic, codePage_));
-    showNormal();
-    raise();
-    activateWindow();
+    bringToFront();
     Browser1->setFocus();
 }
 
 void HelpWindow::fillList() {
-    List1->clear();
-    for (const HelpHit& hit : index_.matching(fromQt(Text1->text(), codePage_))) {
-        auto* item = new QListWidgetItem(toQt(hit.line, codePage_), List1);
-        item->setData(kTopicRole, toQt(hit.topic, codePage_));
-    }
+    hits_ = index_.matching(fromQt(Text1->text(), codePage_));
+    std::vector<std::string> lines;
+    for (const HelpHit& hit : hits_)
+        lines.push_back(hit.line);
+    List1->setLines(std::move(lines));
     markTopic();
 }
 
-void HelpWindow::openLine(int row) {
-    if (const QListWidgetItem* item = List1->item(row))
-        Browser1->open(item->data(kTopicRole).toString());
+void HelpWindow::openHit(std::size_t hit) {
+    if (hit < hits_.size())
+        Browser1->open(toQt(hits_[hit].topic, codePage_));
 }
 
 // Selects the line of the page on show, if it is in the list.
 void HelpWindow::markTopic() {
-    const QString topic = Browser1->topic();
-    for (int row = 0; row < List1->count(); ++row)
-        if (List1->item(row)->data(kTopicRole).toString() == topic)
-            return List1->setCurrentRow(row);
-    List1->setCurrentRow(-1);
+    const std::string topic = fromQt(Browser1->topic(), codePage_);
+    const auto found = std::find_if(hits_.begin(), hits_.end(),
+                                    [&](const HelpHit& hit) { return hit.topic == topic; });
+    if (found == hits_.end())
+        List1->clearLineSelection();
+    else
+        List1->selectLine(found->line);
 }
 
+// Down goes on into the list.
 bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == Text1 && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && List1->count() > 0) {
-        List1->setCurrentRow(std::max(0, List1->currentRow()));
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && !hits_.empty()) {
+        if (!List1->hasSelection())
+            List1->selectLine(hits_.front().line);
         List1->setFocus(Qt::TabFocusReason);
         return true;
     }
-    return QDialog::eventFilter(watched, event);
+    return Dialog::eventFilter(watched, event);
 }
 
 }  // namespace velmora

@@ -1,21 +1,21 @@
 #pragma once
 
-#include <QDialog>
 #include <string_view>
 
 #include "core/HelpIndex.h"
+#include "platform/controls/Dialog.h"
 
 class QLineEdit;
-class QListWidget;
 class QPushButton;
 
 namespace velmora {
 
+class EntryList;
 class HelpPageView;
 
 // The help: the contents at the left, which the box above them searches as one types, and the page
 // at the right. It stays open beside the other windows.
-class HelpWindow final : public QDialog {
+class HelpWindow final : public Dialog {
     Q_OBJECT
 
   public:
@@ -34,17 +34,18 @@ class HelpWindow final : public QDialog {
     QPushButton* makeStep(const char* name, const QString& caption, const QKeySequence& keys);
     void connectParts();
     void fillList();
-    void openLine(int row);
+    void openHit(std::size_t hit);
     void markTopic();
 
     const HelpIndex& index_;
     const CodePage& codePage_;
-    QLineEdit* Text1;        // what to look for
-    QListWidget* List1;      // the pages that fit it
-    QPushButton* Command1;   // "&Back"
-    QPushButton* Command2;   // "&Forward"
-    QPushButton* Command3;   // "Close"
-    HelpPageView* Browser1;  // the page
+    std::vector<HelpHit> hits_;  // the lines of the list
+    QLineEdit* Text1;            // what to look for
+    EntryList* List1;            // the pages that fit it
+    QPushButton* Command1;       // "&Back"
+    QPushButton* Command2;       // "&Forward"
+    QPushButton* Command3;       // "Close"
+    HelpPageView* Browser1;      // the page
 };
 
 }  // namespace velmora

@@ -18,9 +18,15 @@
 namespace velmora {
 namespace {
 
-constexpr int kColumnWidth = 248;
-constexpr int kMonthHeight = 240;
-constexpr int kHeaderHeight = 40;
+struct Measures {
+    int width;
+    int gap;
+    QMargins monthMargins;
+    int header;
+};
+
+constexpr Measures kNormal{248, 12, {8, 9, 8, 6}, 40};
+constexpr Measures kSmall{224, 8, {6, 6, 6, 6}, 36};
 
 QLabel* makeBookLabel(const char* name, const char* caption, QWidget* parent) {
     auto* label = new QLabel(QString::fromLatin1(caption), parent);
@@ -47,19 +53,28 @@ LeftColumn::LeftColumn(const CodePage& codePage, const LocaleFormats& locale,
       Label19(makeBookLabel("Label19", "White Pages", this)),
       bookKeys_(new ToolStrip(QStringLiteral("PhonebookToolbar"), phonebookToolbar(), this)),
       List1(new EntryList(codePage, this)) {
-    setFixedWidth(kColumnWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
     layout->addWidget(makeMonthCard());
     layout->addWidget(makeListCard(), 1);
     showBook(false);
+    setSmall(false);
+}
+
+void LeftColumn::setSmall(bool small) {
+    const Measures& own = small ? kSmall : kNormal;
+    setFixedWidth(own.width);
+    layout()->setSpacing(own.gap);
+    SSMonth1->setSmall(small);
+    monthCard_->layout()->setContentsMargins(own.monthMargins);
+    listHeader_->setFixedHeight(own.header);
 }
 
 QWidget* LeftColumn::makeMonthCard() {
     auto* card = new QFrame(this);
     card->setProperty("role", "card");
-    card->setFixedHeight(kMonthHeight);
+    card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    monthCard_ = card;
     SSMonth1->setObjectName(QStringLiteral("SSMonth1"));
     SSMonth1->setAccessibleName(tr("Month"));
     Command1->setObjectName(QStringLiteral("Command1"));
@@ -67,7 +82,6 @@ QWidget* LeftColumn::makeMonthCard() {
     Command1->setAutoDefault(false);
 
     auto* layout = new QGridLayout(card);
-    layout->setContentsMargins(8, 9, 8, 6);
     layout->addWidget(SSMonth1, 0, 0);
     layout->addWidget(Command1, 0, 0, Qt::AlignTop | Qt::AlignRight);
     return card;
@@ -79,7 +93,7 @@ QWidget* LeftColumn::makeListCard() {
     auto* header = new QWidget(card);
     header->setProperty("role", "listheader");
     header->setAttribute(Qt::WA_StyledBackground);
-    header->setFixedHeight(kHeaderHeight);
+    listHeader_ = header;
     auto* headerLayout = new QHBoxLayout(header);
     headerLayout->setContentsMargins(12, 0, 4, 0);
     headerLayout->setSpacing(4);

@@ -29,6 +29,9 @@ class LeftColumn final : public QWidget {
     [[nodiscard]] QLabel* whiteLabel() const { return Label19; }
     [[nodiscard]] ToolStrip* bookKeys() const { return bookKeys_; }
 
+    // The size for a small window.
+    void setSmall(bool small);
+
     // Rings the key of the open book.
     void showBook(bool whitePages);
 
@@ -39,6 +42,8 @@ class LeftColumn final : public QWidget {
     [[nodiscard]] QWidget* makeMonthCard();
     [[nodiscard]] QWidget* makeListCard();
 
+    QWidget* monthCard_ = nullptr;
+    QWidget* listHeader_ = nullptr;
     SSMonth* SSMonth1;      // the month
     QPushButton* Command1;  // "Yea&r"
     QLabel* Label18;        // "Yellow Pages"

@@ -8,7 +8,9 @@
 
 namespace velmora {
 
-MenuFirst::MenuFirst(QMenuBar* bar) : QObject(bar), bar_(bar) {}
+MenuFirst::MenuFirst(QMenuBar* bar) : QObject(bar), bar_(bar) {
+    bar->installEventFilter(this);
+}
 
 void MenuFirst::watchButtons(const QWidget& window) {
     for (auto* button : window.findChildren<QAbstractButton*>())

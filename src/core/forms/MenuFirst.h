@@ -8,8 +8,9 @@ class QWidget;
 
 namespace velmora {
 
-// Where a head of the menu bar and a button share an access key, such as Alt+F, the key opens the
-// menu. By itself the toolkit would move from one to the other at each press.
+// Where a head of the menu bar shares its access key with a button, such as Alt+F, or with a head
+// behind it, such as Alt+H, the key opens the first menu that has it. By itself the toolkit would
+// move from one to the other at each press.
 class MenuFirst final : public QObject {
     Q_OBJECT
 

@@ -1,7 +1,9 @@
 #include "core/forms/PhonebookPage.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "core/forms/ToolStrip.h"
@@ -13,6 +15,12 @@ namespace velmora {
 namespace {
 
 constexpr int kHangUpInset = 14;
+constexpr int kKeyWidth = 32;
+constexpr int kSeparatorWidth = 11;
+constexpr int kSmallKeyWidth = 30;
+constexpr int kSmallSeparatorWidth = 5;
+constexpr int kButtonHeight = 32;
+constexpr int kStripHeight = 40;
 
 QPushButton* makeButton(const char* name, const char* caption, const char* toolTip,
                         QWidget* parent) {
@@ -29,7 +37,6 @@ QPushButton* makeIconButton(const char* name, const char* symbol, const char* to
     button->setAccessibleName(button->toolTip());
     button->setIcon(symbolIcon(QString::fromLatin1(symbol), Theme::of(*parent)));
     button->setIconSize({18, 18});
-    button->setProperty("variant", "icon");
     return button;
 }
 
@@ -46,18 +53,17 @@ PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
     Label17->setObjectName(QStringLiteral("Label17"));
 
     auto* keys = new QHBoxLayout;
-    keys->setContentsMargins(0, 4, 0, 4);
+    keyRow_ = keys;
     keys->addWidget(contactKeys_);
     keys->addStretch();
 
-    auto* details = new QVBoxLayout(Picture2);
-    details->setContentsMargins(0, 0, 0, 0);
-    details->setSpacing(10);
-    details->addWidget(Label17, 1);
-    details->addWidget(makeButtonRow());
+    detailGrid_ = new QGridLayout(Picture2);
+    detailGrid_->setContentsMargins(0, 0, 0, 0);
+    detailGrid_->setRowStretch(0, 1);
+    buttonRow_ = makeButtonRow();
 
     auto* tabs = new QVBoxLayout;
-    tabs->setContentsMargins(0, 8, 0, 50);
+    tabColumn_ = tabs;
     tabs->addWidget(Picture4, 1);
 
     auto* body = new QHBoxLayout;
@@ -77,6 +83,32 @@ PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
     const QColor danger = Theme::of(*this).danger;
     Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), IconColours{danger, danger, danger}));
     Command25->hide();
+    setSmall(false);
+}
+
+// In a small window the buttons stand in the card's frame, so that the tabs have the whole height.
+void PhonebookPage::setSmall(bool small) {
+    keyRow_->setContentsMargins(0, small ? 2 : 4, 0, small ? 2 : 4);
+    contactKeys_->setMeasures(small ? kSmallKeyWidth : kKeyWidth,
+                              small ? kSmallSeparatorWidth : kSeparatorWidth);
+    tabColumn_->setContentsMargins(0, small ? 0 : 8, 0, small ? 0 : 50);
+    Picture4->setSmall(small);
+    Label17->setSmall(small, small ? kStripHeight : 0);
+    detailGrid_->removeWidget(Label17);
+    detailGrid_->removeWidget(buttonRow_);
+    detailGrid_->addWidget(Label17, 0, 0, small ? 2 : 1, 1);
+    detailGrid_->addWidget(buttonRow_, 1, 0);
+    detailGrid_->setVerticalSpacing(small ? 0 : 10);
+    buttonRow_->layout()->setContentsMargins(small ? 12 : 0, 0, small ? 8 : 0, 0);
+    buttonRow_->setFixedHeight(small ? kStripHeight : kButtonHeight);
+    buttonRow_->raise();
+    for (QPushButton* button : {Command3, Command4, Command5, Command26, TButtonMove}) {
+        const bool icon = button->text().isEmpty();
+        button->setProperty("variant",
+                            small ? (icon ? "stripicon" : "strip") : (icon ? "icon" : ""));
+        button->style()->unpolish(button);
+        button->style()->polish(button);
+    }
 }
 
 QWidget* PhonebookPage::makeButtonRow() {

@@ -4,6 +4,8 @@
 
 #include "platform/CodePage.h"
 
+class QGridLayout;
+class QLayout;
 class QPushButton;
 
 namespace velmora {
@@ -30,6 +32,9 @@ class PhonebookPage final : public QWidget {
     [[nodiscard]] QPushButton* associatesButton() const { return Command26; }
     [[nodiscard]] QPushButton* moveButton() const { return TButtonMove; }
 
+    // The size for a small window.
+    void setSmall(bool small);
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -38,6 +43,10 @@ class PhonebookPage final : public QWidget {
     void placeHangUp();
 
     ToolStrip* contactKeys_;
+    QLayout* keyRow_ = nullptr;
+    QLayout* tabColumn_ = nullptr;
+    QGridLayout* detailGrid_ = nullptr;
+    QWidget* buttonRow_ = nullptr;
     QWidget* Picture2;         // the holder of the details
     LetterTabs* Picture4;      // the rolodex
     EntryCard* Label17;        // the selected entry

@@ -11,9 +11,7 @@ namespace velmora {
 PlannerPage::PlannerPage(QWidget* day, QWidget* parent)
     : QWidget(parent), Label1(new ElidedLabel(Qt::ElideRight, this)) {
     Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setFixedHeight(40);
     Label1->setIndent(2);
-    setType(*Label1, 15, QFont::DemiBold);
 
     day->setObjectName(QStringLiteral("SSDay1"));
     day->setAccessibleName(tr("Day"));
@@ -23,6 +21,12 @@ PlannerPage::PlannerPage(QWidget* day, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(Label1);
     layout->addWidget(day, 1);
+    setSmall(false);
+}
+
+void PlannerPage::setSmall(bool small) {
+    Label1->setFixedHeight(small ? 36 : 40);
+    setType(*Label1, small ? 13.5 : 15, QFont::DemiBold);
 }
 
 }  // namespace velmora

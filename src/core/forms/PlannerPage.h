@@ -14,6 +14,9 @@ class PlannerPage final : public QWidget {
     // Takes `day` as its child.
     explicit PlannerPage(QWidget* day, QWidget* parent = nullptr);
 
+    // The size for a small window.
+    void setSmall(bool small);
+
     [[nodiscard]] QLabel* dateLine() const { return Label1; }
 
   private:

@@ -1,16 +1,16 @@
 #include "core/forms/PrinterDialog.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/qt/BoxOwner.h"
-#include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
@@ -27,65 +27,51 @@ QRadioButton* makeChoice(const char* name, const QString& caption, QWidget* pare
 
 PrinterDialog::PrinterDialog(const std::vector<std::string>& printers, const PrinterChoice& now,
                              const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
-      codePage_(codePage),
-      printers_(new QListWidget(this)),
+    : Dialog("PrinterDialog", tr("Printer Setup"), parent),
+      printers_(new EntryList(codePage, nullptr, this)),
       portrait_(makeChoice("portrait", tr("P&ortrait"), this)),
       landscape_(makeChoice("landscape", tr("&Landscape"), this)),
       ok_(makeDialogButton("ok", "Ok", this)),
       cancel_(makeDialogButton("cancel", "Cancel", this)) {
-    setObjectName(QStringLiteral("PrinterDialog"));
-    setWindowTitle(tr("Printer Setup"));
     printers_->setObjectName(QStringLiteral("printers"));
     printers_->setAccessibleName(tr("Printer"));  // no assistive tool tells a list by its label
-    makePrimary(*ok_);
+    printers_->setDragEnabled(false);
     const bool lying = now.orientation == PageOrientation::Landscape;
     (lying ? landscape_ : portrait_)->setChecked(true);
     fillPrinters(printers, now.printer);
-    layOut();
+    arrange();
     connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
-    connect(printers_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(printers_, &EntryList::doubleClicked, this, &QDialog::accept);
     printers_->setFocus();
 }
 
 void PrinterDialog::fillPrinters(const std::vector<std::string>& names, const std::string& now) {
-    for (const std::string& name : names) {
-        printers_->addItem(toQt(name, codePage_));
-        if (name == now)
-            printers_->setCurrentRow(printers_->count() - 1);
-    }
-    ok_->setEnabled(printers_->currentRow() >= 0);
-    connect(printers_, &QListWidget::currentRowChanged, ok_,
-            [this](int row) { ok_->setEnabled(row >= 0); });
+    printers_->setLines(names);
+    printers_->selectLine(now);
+    ok_->setEnabled(printers_->hasSelection());
+    connect(printers_, &EntryList::currentLineChanged, ok_,
+            [this] { ok_->setEnabled(printers_->hasSelection()); });
 }
 
-void PrinterDialog::layOut() {
-    auto* label = new QLabel(tr("&Printer"), this);
-    label->setProperty("role", "label");
-    label->setBuddy(printers_);
+void PrinterDialog::arrange() {
     auto* sheets = new QHBoxLayout;
     sheets->setSpacing(16);
     sheets->addWidget(portrait_);
     sheets->addWidget(landscape_);
     sheets->addStretch();
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(16, 16, 16, 16);
     body->setSpacing(4);
-    body->addWidget(label);
-    body->addWidget(printers_, 1);
+    body->addWidget(makeLabel(tr("&Printer"), printers_));
+    body->addWidget(makeListFrame(printers_, this), 1);
     body->addSpacing(8);
     body->addLayout(sheets);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(ok_);
-    footer->addRight(cancel_);
-    layOutDialog(*this, body, footer);
-    resize(kSize);
+    layOut(body, {.right = {ok_, cancel_}, .primary = ok_}, {.first = kSize});
+    setTabStops({printers_, portrait_, landscape_});
 }
 
 PrinterChoice PrinterDialog::chosen() const {
-    const QListWidgetItem* item = printers_->currentItem();
-    return {.printer = item ? fromQt(item->text(), codePage_) : std::string(),
+    return {.printer = printers_->selectedLine(),
             .orientation =
                 landscape_->isChecked() ? PageOrientation::Landscape : PageOrientation::Portrait};
 }

@@ -1,18 +1,18 @@
 #pragma once
 
-#include <QDialog>
-
 #include "core/PrinterSetup.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
-class QListWidget;
 class QPushButton;
 class QRadioButton;
 
 namespace velmora {
 
+class EntryList;
+
 // "Printer Setup": one of the printers by name, and how its sheets lie.
-class PrinterDialog final : public QDialog {
+class PrinterDialog final : public Dialog {
     Q_OBJECT
 
   public:
@@ -25,10 +25,9 @@ class PrinterDialog final : public QDialog {
 
   private:
     void fillPrinters(const std::vector<std::string>& names, const std::string& now);
-    void layOut();
+    void arrange();
 
-    const CodePage& codePage_;
-    QListWidget* printers_;
+    EntryList* printers_;
     QRadioButton* portrait_;
     QRadioButton* landscape_;
     QPushButton* ok_;

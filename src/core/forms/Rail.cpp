@@ -12,6 +12,9 @@ namespace velmora {
 namespace {
 
 constexpr int kRailWidth = 88;
+constexpr int kSmallRailWidth = 76;
+constexpr QSize kCancelSize(56, 44);
+constexpr QSize kSmallCancelSize(48, 40);
 
 struct PaneLook {
     Pane pane;
@@ -32,10 +35,7 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     setObjectName(QStringLiteral("Rail"));
     setProperty("role", "rail");
     setAttribute(Qt::WA_StyledBackground);
-    setFixedWidth(kRailWidth);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 10, 5, 10);
-    layout->setSpacing(6);
     for (const PaneLook& look : kPanes) {
         const auto index = static_cast<std::size_t>(look.pane);
         auto* button = new PaneButton(QString::fromLatin1(look.symbol),
@@ -54,7 +54,6 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     Image8->setIcon(
         symbolIcon(QStringLiteral("Image8"), IconColours{theme.danger, theme.dis, theme.danger}));
     Image8->setIconSize({32, 32});
-    Image8->setFixedSize(56, 44);
     Image8->setAccessibleName(tr("Cancel Print Job"));
     Image8->setToolTip(tr("Cancel Print Job"));
     Image8->hide();
@@ -66,6 +65,17 @@ Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     Image2->setObjectName(QStringLiteral("Image2"));
     layout->addWidget(Image2, 0, Qt::AlignHCenter);
     raiseButton(Pane::Planner);
+    setSmall(false);
+}
+
+void Rail::setSmall(bool small) {
+    setFixedWidth(small ? kSmallRailWidth : kRailWidth);
+    layout()->setContentsMargins(small ? 4 : 6, small ? 8 : 10, small ? 3 : 5, small ? 8 : 10);
+    layout()->setSpacing(small ? 4 : 6);
+    Image8->setFixedSize(small ? kSmallCancelSize : kCancelSize);
+    for (PaneButton* button : Picture1)
+        button->setSmall(small);
+    Image2->setSmall(small);
 }
 
 void Rail::showCancelIcon(bool shown) {

@@ -26,6 +26,9 @@ class Rail final : public QWidget {
 
     void raiseButton(Pane pane) const;
 
+    // The size for a small window.
+    void setSmall(bool small);
+
     // The icon that cancels a print job.
     void showCancelIcon(bool shown);
 

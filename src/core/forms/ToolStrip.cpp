@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kKeySize = 32;
 constexpr int kIconSize = 20;
+constexpr int kSpace = 5;  // beside a separator
 
 QFrame* makeSeparator(QWidget* parent) {
     auto* separator = new QFrame(parent);
@@ -32,11 +33,24 @@ ToolStrip::ToolStrip(const QString& name, std::span<const ToolRow> rows, QWidget
     for (const ToolRow& row : rows_) {
         layout->addWidget(makeButton(row));
         if (row.separatorBehind) {
-            layout->addSpacing(5);
+            addSpace();
             layout->addWidget(makeSeparator(this), 0, Qt::AlignVCenter);
-            layout->addSpacing(5);
+            addSpace();
         }
     }
+}
+
+void ToolStrip::addSpace() {
+    spaces_.push_back(new QSpacerItem(kSpace, 0, QSizePolicy::Fixed));
+    layout()->addItem(spaces_.back());
+}
+
+void ToolStrip::setMeasures(int keyWidth, int separatorWidth) {
+    for (const auto& [key, button] : buttons_)
+        button->setFixedWidth(keyWidth);
+    for (QSpacerItem* space : spaces_)
+        space->changeSize((separatorWidth - 1) / 2, 0, QSizePolicy::Fixed);
+    layout()->invalidate();
 }
 
 QToolButton* ToolStrip::makeButton(const ToolRow& row) {

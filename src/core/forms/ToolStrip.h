@@ -9,6 +9,7 @@
 
 #include "core/CommandTable.h"
 
+class QSpacerItem;
 class QToolButton;
 
 namespace velmora {
@@ -26,6 +27,9 @@ class ToolStrip final : public QWidget {
 
     void setKeyEnabled(const std::function<bool(std::string_view command)>& enabled);
 
+    // The width of a key, and of a separator with the room beside it.
+    void setMeasures(int keyWidth, int separatorWidth);
+
   signals:
     void chosen(const velmora::ToolRow& row);
 
@@ -37,9 +41,11 @@ class ToolStrip final : public QWidget {
 
   private:
     QToolButton* makeButton(const ToolRow& row);
+    void addSpace();
 
     std::span<const ToolRow> rows_;
     std::map<std::string_view, QToolButton*> buttons_;
+    std::vector<QSpacerItem*> spaces_;  // beside the separators; of the layout
 };
 
 }  // namespace velmora

@@ -8,18 +8,16 @@
 #include "core/ProductVersion.h"
 #include "platform/Messages.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kIconSize = 64;
-constexpr int kLeastWidth = 400;
+constexpr QSize kFormSize(400, 0);  // as high as its parts
 
-QLabel* makeLabel(const char* name, const QString& text, QWidget* parent) {
+QLabel* makeText(const char* name, const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
     label->setObjectName(QString::fromLatin1(name));
     return label;
@@ -38,25 +36,19 @@ void setLink(QLabel& label, const QString& caption, bool enabled) {
 }  // namespace
 
 frmAbout::frmAbout(QWidget* parent)
-    : QDialog(parent),
-      Label1(makeLabel("Label1", QString::fromLatin1(kApplicationTitle), this)),
-      Label2(
-          makeLabel("Label2", tr("Version %1").arg(QString::fromLatin1(productVersion())), this)),
-      Label3(makeLabel("Label3", QString(), this)),
-      Label4(makeLabel("Label4", QString(), this)),
-      Command1(new QPushButton(tr("Close"), this)) {
-    setObjectName(QStringLiteral("frmAbout"));
-    setWindowTitle(tr("About Velmora"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    : Dialog("frmAbout", tr("About Velmora"), parent),
+      Label1(makeText("Label1", QString::fromLatin1(kApplicationTitle), this)),
+      Label2(makeText("Label2", tr("Version %1").arg(QString::fromLatin1(productVersion())), this)),
+      Label3(makeText("Label3", QString(), this)),
+      Label4(makeText("Label4", QString(), this)),
+      Command1(makeDialogButton("Command1", "Close", this)) {
     setWindowModality(Qt::WindowModal);
     setType(*Label1, 13.5, QFont::DemiBold);
     setLinksEnabled(true);
-    Command1->setObjectName(QStringLiteral("Command1"));
-    makePrimary(*Command1);
 
-    auto* picture = makeLabel("Image1", QString(), this);
+    auto* picture = makeText("Image1", QString(), this);
     picture->setPixmap(applicationIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    auto* licence = makeLabel(
+    auto* licence = makeText(
         "Label5", tr("Free software under the MIT license. It uses Qt (LGPL) and SQLite."), this);
     licence->setProperty("role", QStringLiteral("hint"));
     licence->setWordWrap(true);
@@ -70,14 +62,10 @@ frmAbout::frmAbout(QWidget* parent)
     texts->addSpacing(12);
     texts->addWidget(licence);
     auto* body = new QHBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(20);
     body->addWidget(picture, 0, Qt::AlignTop);
     body->addLayout(texts, 1);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command1);
-    layOutDialog(*this, body, footer);
-    setMinimumWidth(kLeastWidth);
+    layOut(body, {.right = {Command1}, .primary = Command1}, {.first = kFormSize});
 
     connect(Label3, &QLabel::linkActivated, this, &frmAbout::webChosen);
     connect(Label4, &QLabel::linkActivated, this, &frmAbout::mailChosen);
@@ -90,9 +78,7 @@ void frmAbout::setLinksEnabled(bool enabled) {
 }
 
 void frmAbout::present() {
-    show();
-    raise();
-    activateWindow();
+    Dialog::present();
     Command1->setFocus();
 }
 

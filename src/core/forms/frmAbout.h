@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "platform/controls/Dialog.h"
 
 class QLabel;
 class QPushButton;
@@ -8,7 +8,7 @@ class QPushButton;
 namespace velmora {
 
 // "About Velmora": name and version, and two links.
-class frmAbout final : public QDialog {
+class frmAbout final : public Dialog {
     Q_OBJECT
 
   public:
@@ -18,7 +18,7 @@ class frmAbout final : public QDialog {
     void setLinksEnabled(bool enabled);
 
     // Shows the form; the main window waits until it is closed.
-    void present();
+    void present() override;
 
   signals:
     // The home page, or a letter to the makers, is wanted.

@@ -3,13 +3,14 @@
 #include <QColorDialog>
 #include <QDoubleSpinBox>
 #include <QFontDatabase>
+#include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
+#include "platform/controls/EntryList.h"
+#include "platform/controls/ListFrame.h"
 #include "platform/qt/BoxOwner.h"
 #include "platform/qt/QtText.h"
 
@@ -30,39 +31,30 @@ int numberOf(const std::optional<QColor>& colour) {
     return colour ? colour->red() + 256 * colour->green() + 65536 * colour->blue() : -1;
 }
 
-QLabel* makeLabel(const QString& caption, QWidget* buddy) {
-    auto* label = new QLabel(caption, buddy->parentWidget());
-    label->setProperty("role", "label");
-    label->setBuddy(buddy);
-    return label;
-}
-
 }  // namespace
 
 FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
                        const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("FontDialog", tr("Font"), parent),
       codePage_(codePage),
-      families_(new QListWidget(this)),
+      families_(new EntryList(codePage, nullptr, this)),
       size_(new QDoubleSpinBox(this)),
       colourButton_(makeDialogButton("colour", "C&olor...", this)),
       ownColourButton_(makeDialogButton("ownColour", "&Default Color", this)),
       sample_(new QLabel(tr("AaBbYyZz 0123456789"), this)),
       ok_(makeDialogButton("ok", "Ok", this)),
       cancel_(makeDialogButton("cancel", "Cancel", this)) {
-    setObjectName(QStringLiteral("FontDialog"));
-    setWindowTitle(tr("Font"));
     families_->setObjectName(QStringLiteral("families"));
     families_->setAccessibleName(tr("Font"));  // assistive tools do not tell a list by its label
+    families_->setDragEnabled(false);
     size_->setObjectName(QStringLiteral("size"));
     size_->setRange(smallest, largest);
     size_->setValue(now.size);
     sample_->setObjectName(QStringLiteral("sample"));
     sample_->setAlignment(Qt::AlignCenter);
-    makePrimary(*ok_);
     fillFamilies(toQt(now.name, codePage_));
-    layOut();
-    connect(families_, &QListWidget::currentRowChanged, this, &FontDialog::showSample);
+    arrange();
+    connect(families_, &EntryList::currentLineChanged, this, &FontDialog::showSample);
     connect(size_, &QDoubleSpinBox::valueChanged, this, &FontDialog::showSample);
     connect(colourButton_, &QPushButton::clicked, this, &FontDialog::chooseColour);
     connect(ownColourButton_, &QPushButton::clicked, this, [this] { setColour(std::nullopt); });
@@ -73,21 +65,26 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
 
 void FontDialog::fillFamilies(const QString& present) {
     // A name that the code page can not hold could not be kept.
-    for (const QString& family : QFontDatabase::families())
-        if (!QFontDatabase::isPrivateFamily(family) && keepToCodePage(family, codePage_) == family)
-            families_->addItem(family);
-    const auto found = families_->findItems(present, Qt::MatchFixedString);
-    if (!found.isEmpty())
-        families_->setCurrentItem(found.first());
+    std::vector<std::string> lines;
+    std::string chosen;
+    for (const QString& family : QFontDatabase::families()) {
+        if (QFontDatabase::isPrivateFamily(family) || keepToCodePage(family, codePage_) != family)
+            continue;
+        lines.push_back(fromQt(family, codePage_));
+        if (chosen.empty() && family.compare(present, Qt::CaseInsensitive) == 0)
+            chosen = lines.back();
+    }
+    families_->setLines(std::move(lines));
+    if (!chosen.empty())
+        families_->selectLine(chosen);
 }
 
-void FontDialog::layOut() {
+void FontDialog::arrange() {
     auto* grid = new QGridLayout;
-    grid->setContentsMargins(16, 16, 16, 16);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(4);
     grid->addWidget(makeLabel(tr("&Font"), families_), 0, 0);
-    grid->addWidget(families_, 1, 0, 5, 1);
+    grid->addWidget(makeListFrame(families_, this), 1, 0, 5, 1);
     grid->addWidget(makeLabel(tr("&Size"), size_), 0, 1);
     grid->addWidget(size_, 1, 1);
     grid->addWidget(colourButton_, 2, 1);
@@ -96,18 +93,12 @@ void FontDialog::layOut() {
     grid->setColumnStretch(0, 1);
     grid->addWidget(sample_, 6, 0, 1, 2);
     grid->setRowMinimumHeight(6, 56);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(ok_);
-    footer->addRight(cancel_);
-    layOutDialog(*this, grid, footer);
-    resize(kSize);
+    layOut(grid, {.right = {ok_, cancel_}, .primary = ok_}, {.first = kSize});
+    setTabStops({families_, size_, colourButton_, ownColourButton_});
 }
 
 ControlFont FontDialog::chosen() const {
-    const QListWidgetItem* family = families_->currentItem();
-    return {.name = family ? fromQt(family->text(), codePage_) : std::string(),
-            .size = size_->value(),
-            .colour = numberOf(colour_)};
+    return {.name = families_->selectedLine(), .size = size_->value(), .colour = numberOf(colour_)};
 }
 
 void FontDialog::setColour(const std::optional<QColor>& colour) {
@@ -125,8 +116,8 @@ void FontDialog::chooseColour() {
 
 void FontDialog::showSample() {
     QFont font = sample_->font();
-    if (const QListWidgetItem* family = families_->currentItem())
-        font.setFamilies({family->text()});
+    if (families_->hasSelection())
+        font.setFamilies({toQt(families_->selectedLine(), codePage_)});
     font.setPointSizeF(size_->value());
     sample_->setFont(font);
     QPalette colours = palette();

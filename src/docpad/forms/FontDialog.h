@@ -1,21 +1,22 @@
 #pragma once
 
 #include <QColor>
-#include <QDialog>
 #include <optional>
 
 #include "core/ControlFont.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
 class QDoubleSpinBox;
 class QLabel;
-class QListWidget;
 class QPushButton;
 
 namespace velmora {
 
+class EntryList;
+
 // Chooses one of the installed fonts, its size within limits, and the colour of the text.
-class FontDialog final : public QDialog {
+class FontDialog final : public Dialog {
     Q_OBJECT
 
   public:
@@ -30,13 +31,13 @@ class FontDialog final : public QDialog {
 
   private:
     void fillFamilies(const QString& present);
-    void layOut();
+    void arrange();
     void chooseColour();
     void showSample();
 
     const CodePage& codePage_;
     std::optional<QColor> colour_;
-    QListWidget* families_;
+    EntryList* families_;
     QDoubleSpinBox* size_;
     QPushButton* colourButton_;     // opens the colour dialog
     QPushButton* ownColourButton_;  // goes back to the control's own colour

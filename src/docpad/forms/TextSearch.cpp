@@ -5,20 +5,18 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kWidth = 380;
+constexpr QSize kFormSize(380, 0);  // as high as its parts
 
 }  // namespace
 
 TextSearch::TextSearch(PadSearch& search, const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("TextSearch", tr("Search..."), parent),
       search_(search),
       codePage_(codePage),
       Text1(new QLineEdit(this)),
@@ -26,33 +24,20 @@ TextSearch::TextSearch(PadSearch& search, const CodePage& codePage, QWidget* par
       Command1(makeDialogButton("Command1", "&Find", this)),
       Command2(makeDialogButton("Command2", "&Find Next", this)),
       Command3(makeDialogButton("Command3", "&Cancel", this)) {
-    setObjectName(QStringLiteral("TextSearch"));
-    setWindowTitle(tr("Search..."));
     setWindowFlag(Qt::WindowStaysOnTopHint);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setPlaceholderText(tr("Text to find"));
     Text1->setAccessibleName(tr("Text to find"));
-    new CodePageGuard(*Text1, codePage_);
+    guard(*Text1, codePage_);
     Check1->setObjectName(QStringLiteral("Check1"));
-    makePrimary(*Command1);
 
     auto* fields = new QVBoxLayout;
-    fields->setContentsMargins(16, 16, 16, 16);
     fields->setSpacing(12);
     fields->addWidget(Text1);
     fields->addWidget(Check1);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command1);
-    footer->addRight(Command2);
-    footer->addRight(Command3);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(fields);
-    layout->addStretch();
-    layout->addWidget(footer);
-    setMinimumWidth(kWidth);
+    layOut(fields, {.right = {Command1, Command2, Command3}, .primary = Command1},
+           {.first = kFormSize, .grows = Qt::Horizontal});
+    setTabStops({Text1, Check1});
 
     connect(Command1, &QPushButton::clicked, this, [this] { find(false); });
     connect(Command2, &QPushButton::clicked, this, [this] { find(true); });
@@ -60,9 +45,7 @@ TextSearch::TextSearch(PadSearch& search, const CodePage& codePage, QWidget* par
 }
 
 void TextSearch::present() {
-    show();
-    raise();
-    activateWindow();
+    Dialog::present();
     Text1->setFocus();
     Text1->selectAll();
 }

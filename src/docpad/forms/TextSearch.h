@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QDialog>
-
 #include "docpad/PadSearch.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -13,7 +12,7 @@ namespace velmora {
 
 // "Search...": looks for a text in DocPad while the user goes on editing. It stays above the other
 // windows. A hit hides it with everything in it; Cancel empties it.
-class TextSearch final : public QDialog {
+class TextSearch final : public Dialog {
     Q_OBJECT
 
   public:
@@ -21,7 +20,7 @@ class TextSearch final : public QDialog {
     TextSearch(PadSearch& search, const CodePage& codePage, QWidget* parent = nullptr);
 
     // Shows the form, in front and ready for typing.
-    void present();
+    void present() override;
     void reject() override;
 
   private:

@@ -4,21 +4,17 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -28,7 +24,6 @@ constexpr int kMemoBytes = 250;
 constexpr int kRowGap = 12;
 constexpr int kFieldGap = 10;
 constexpr int kLabelGap = 4;
-constexpr int kMargin = 16;
 constexpr QSize kFormSize(860, 606);
 
 constexpr std::array kClasses = {
@@ -114,17 +109,15 @@ QLayout* halves(QLayout* left, QLayout* right) {
 
 AddForm::AddForm(EntryEditor& editor, Messages& messages, StatusLine& statusLine,
                  const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("AddForm", toQt(editor.caption(), codePage), parent),
       editor_(editor),
       messages_(messages),
       statusLine_(statusLine),
       codePage_(codePage) {
-    setObjectName(QStringLiteral("AddForm"));
     setWindowModality(Qt::WindowModal);
     makeControls();
     setCaptions();
-    layOut();
-    setTabOrders();
+    arrange();
     connectControls();
     try {
         showValues(editor_.load());
@@ -207,11 +200,9 @@ void AddForm::makeControls() {
     Combo1->setMinimumContentsLength(8);
     Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     Text11->setTabChangesFocus(true);
-    Text11->installEventFilter(this);
 }
 
 void AddForm::setCaptions() {
-    setWindowTitle(toQt(editor_.caption(), codePage_));
     Check1->setText(QStringLiteral("Just A Company; No Name Needed"));
     caption(Label1, QStringLiteral("Salutation:"), Text12);
     caption(Label2, QStringLiteral("Title: (ie. Mr.)"), Text1);
@@ -308,41 +299,23 @@ QLayout* AddForm::memoRow() {
     return column;
 }
 
-QWidget* AddForm::footer() {
-    auto* strip = new DialogFooter(this);
-    strip->addRight(Command1);
-    strip->addRight(Command2);
-    makePrimary(*Command1);
-    Command2->setAutoDefault(false);
-    Command3->setAutoDefault(false);
-    return strip;
-}
-
-void AddForm::layOut() {
+void AddForm::arrange() {
     auto* columns = new QHBoxLayout;
     columns->setSpacing(24);
     columns->addLayout(leftColumn(), 135);
     columns->addLayout(rightColumn(), 100);
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
     Check1->setMinimumHeight(24);
     body->addWidget(Check1, 0, Qt::AlignLeft);
     body->addLayout(columns);
     body->addLayout(memoRow(), 1);
 
-    layOutDialog(*this, body, footer());
-    resize(kFormSize.expandedTo(minimumSizeHint()));
-}
-
-void AddForm::setTabOrders() {
-    QWidget* const order[] = {Check1, Text1,  Text2,    Text3,  Text4,    Text5,   Text6,  Text7,
-                              Text8,  Text17, Text18,   Text22, Text24,   Text12,  Combo1, Text21,
-                              Text9,  Text14, Text10,   Text13, Text15,   Text16,  Text23, Text20,
-                              Text19, Text25, Command3, Text11, Command1, Command2};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    layOut(body, {.right = {Command1, Command2}, .primary = Command1}, {.first = kFormSize});
+    setTabStops({Check1, Text1,  Text2,  Text3,  Text4,  Text5,  Text6,    Text7,  Text8,  Text17,
+                 Text18, Text22, Text24, Text12, Combo1, Text21, Text9,    Text14, Text10, Text13,
+                 Text15, Text16, Text23, Text20, Text19, Text25, Command3, Text11});
 }
 
 void AddForm::connectControls() {
@@ -353,12 +326,11 @@ void AddForm::connectControls() {
 }
 
 void AddForm::guardTexts() {
-    const auto tell = [this] { statusLine_.show(kReplacedText); };
     for (std::size_t i = 0; i < kFieldCount; ++i)
         if (QLineEdit* box = boxOf(static_cast<Field>(i)))
-            connect(new CodePageGuard(*box, codePage_), &CodePageGuard::replaced, this, tell);
-    connect(new CodePageGuard(*Text11, codePage_, kMemoBytes), &CodePageGuard::replaced, this,
-            tell);
+            guard(*box, codePage_);
+    guard(*Text11, codePage_, kMemoBytes);
+    connect(this, &Dialog::characterReplaced, this, [this] { statusLine_.show(kReplacedText); });
 }
 
 void AddForm::watchEdits() {
@@ -483,28 +455,6 @@ void AddForm::apply() {
     } catch (const Failure& failure) {
         messages_.standardError(failure.what());
     }
-}
-
-void AddForm::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    if (placed_)
-        return;
-    placed_ = true;
-    const QRect room = screen()->availableGeometry();
-    move(room.center() - QRect({}, frameGeometry().size()).center());
-}
-
-// In the memo Enter types a line; Ctrl+Enter does what Enter does elsewhere.
-bool AddForm::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == Text11 && event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (enter && key->modifiers().testFlag(Qt::ControlModifier)) {
-            Command1->click();
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 }  // namespace velmora

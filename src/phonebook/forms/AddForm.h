@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QDialog>
-
 #include "phonebook/EntryEditor.h"
 #include "platform/CodePage.h"
 #include "platform/Messages.h"
 #include "platform/StatusLine.h"
+#include "platform/controls/Dialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -19,7 +18,7 @@ class QPushButton;
 namespace velmora {
 
 // The form that adds an entry or changes one. Checks and writing are the editor's.
-class AddForm final : public QDialog {
+class AddForm final : public Dialog {
     Q_OBJECT
 
   public:
@@ -38,19 +37,13 @@ class AddForm final : public QDialog {
     // A value was changed since the form was filled.
     void edited();
 
-  protected:
-    void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void makeControls();
     void setCaptions();
     QLayout* leftColumn();
     QLayout* rightColumn();
     QLayout* memoRow();
-    QWidget* footer();
-    void layOut();
-    void setTabOrders();
+    void arrange();
     void connectControls();
     void guardTexts();
     void watchEdits();
@@ -66,8 +59,7 @@ class AddForm final : public QDialog {
     Messages& messages_;
     StatusLine& statusLine_;
     const CodePage& codePage_;
-    bool open_ = true;     // the editor has not been told yet that the form closed
-    bool placed_ = false;  // the form stands in the middle of the screen
+    bool open_ = true;  // the editor has not been told yet that the form closed
 
     QCheckBox* Check1 = nullptr;       // "Just A Company; No Name Needed"
     QLineEdit* Text1 = nullptr;        // Title

@@ -8,25 +8,21 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/HelpTopics.h"
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/controls/StatusLight.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kRowGap = 12;
 constexpr int kFieldRows = 7;
 constexpr int kHitTabStop = 220;
 constexpr int kLeastHits = 4;  // lines that are in view even in the smallest form
 constexpr QSize kFormSize(720, 606);
-constexpr const char* kFormName = "Form4";
 constexpr const char* kReplacedText =
     "Characters that the phonebook can not store were replaced by \"?\".";
 
@@ -34,12 +30,6 @@ template <typename Control, typename... Parameters>
 void make(Control*& control, const char* name, Parameters&&... parameters) {
     control = new Control(std::forward<Parameters>(parameters)...);
     control->setObjectName(QLatin1String(name));
-}
-
-void setHeading(QLabel& label) {
-    QFont font = label.font();
-    font.setWeight(QFont::DemiBold);
-    label.setFont(font);
 }
 
 // A text of the user's: an "&" in it is no access key.
@@ -64,18 +54,15 @@ const std::array<Form4::FieldBox, kFieldCount> Form4::kFieldBoxes{{
 
 Form4::Form4(const DatabaseSearchParts& parts, HitListPrint& printing, const CodePage& codePage,
              QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Form4", QStringLiteral("Search V.L.M. Database"), parent),
       codePage_(codePage),
       statusLine_(parts.statusLine),
       search_(parts, *this),
       printing_(printing) {
-    setObjectName(QLatin1String(kFormName));
-    setWindowTitle(QStringLiteral("Search V.L.M. Database"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     makeControls();
     makeButtons();
-    layOut();
+    arrange();
     setTabOrders();
     connectControls();
 }
@@ -100,8 +87,8 @@ void Form4::makeControls() {
     make(Label5, "Label5",
          QStringLiteral("Double Click a match to go to that letter in the phone book."), this);
     Label5->setProperty("role", QStringLiteral("hint"));
-    setHeading(*Label2);
-    setHeading(*Label3);
+    setType(*Label2, 9.75, QFont::DemiBold);
+    setType(*Label3, 9.75, QFont::DemiBold);
 }
 
 void Form4::makeButtons() {
@@ -109,10 +96,7 @@ void Form4::makeButtons() {
     make(Command2, "Command2", QStringLiteral("&Clear List"), this);
     make(Command3, "Command3", QStringLiteral("Clos&e"), this);
     make(Command4, "Command4", QStringLiteral("&Print List"), this);
-    make(Command5, "Command5", QStringLiteral("&Help"), this);
-    makePrimary(*Command1);
-    for (QPushButton* button : {Command2, Command3, Command4, Command5})
-        button->setAutoDefault(false);
+    Command5 = makeHelpButton("Command5");
 }
 
 QLayout* Form4::questionRow() {
@@ -159,16 +143,7 @@ QWidget* Form4::hitCard() {
     return frame;
 }
 
-QWidget* Form4::footer() {
-    auto* strip = new DialogFooter(this);
-    strip->addLeft(Command5);
-    strip->addRight(Command4);
-    strip->addRight(Command2);
-    strip->addRight(Command3);
-    return strip;
-}
-
-void Form4::layOut() {
+void Form4::arrange() {
     auto* caption = new QHBoxLayout;
     caption->setSpacing(9);
     caption->addWidget(Label4);
@@ -176,7 +151,6 @@ void Form4::layOut() {
     caption->addStretch();
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
     body->addLayout(questionRow());
     body->addWidget(fieldCard());
@@ -187,17 +161,16 @@ void Form4::layOut() {
     hits->addWidget(Label5);
     body->addLayout(hits, 1);
 
-    layOutDialog(*this, body, footer());
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    layOut(body, {.left = {Command5}, .right = {Command4, Command2, Command3}, .primary = Command1},
+           {.first = kFormSize});
 }
 
 void Form4::setTabOrders() {
     std::vector<QWidget*> order{Text1, Check1, Command1, Check11};
     for (const FieldBox& each : kFieldBoxes)
         order.push_back(this->*each.box);
-    order.insert(order.end(), {List1, Command5, Command4, Command2, Command3});
-    for (std::size_t i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    order.push_back(List1);
+    setTabStops(order);
 }
 
 void Form4::connectControls() {
@@ -209,26 +182,19 @@ void Form4::connectControls() {
     });
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
     connect(Command4, &QPushButton::clicked, this, [this] { printing_.print(List1->lines()); });
-    connect(Command5, &QPushButton::clicked, this, [this] {
-        emit helpWanted(QString::fromStdString(std::string(helpTopicOf(kFormName))));
-    });
     connect(List1, &QAbstractItemView::doubleClicked, this, &Form4::goToSelected);
     List1->installEventFilter(this);
-    connect(new CodePageGuard(*Text1, codePage_), &CodePageGuard::replaced, this,
-            [this] { statusLine_.show(kReplacedText); });
+    guard(*Text1, codePage_);
+    connect(this, &Dialog::characterReplaced, this, [this] { statusLine_.show(kReplacedText); });
 }
 
 void Form4::present() {
-    if (!isVisible())
-        begin();
-    show();
-    raise();
-    activateWindow();
+    Dialog::present();
     Text1->setFocus();
     Text1->selectAll();
 }
 
-void Form4::begin() {
+void Form4::beginAnew() {
     search_.opened();
     Text1->clear();
     Check1->setChecked(false);

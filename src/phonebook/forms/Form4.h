@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 #include <utility>
 
@@ -9,6 +8,7 @@
 #include "phonebook/SearchView.h"
 #include "platform/CodePage.h"
 #include "platform/StatusLine.h"
+#include "platform/controls/Dialog.h"
 
 class QCheckBox;
 class QLabel;
@@ -23,7 +23,7 @@ class StatusLight;
 
 // "Search V.L.M. Database": searches the books for a text and lists the hits, while the user goes
 // on working in the main window. The form is made once; it must outlive a search under way.
-class Form4 final : public QDialog, public SearchView {
+class Form4 final : public Dialog, public SearchView {
     Q_OBJECT
 
   public:
@@ -31,8 +31,9 @@ class Form4 final : public QDialog, public SearchView {
     Form4(const DatabaseSearchParts& parts, HitListPrint& printing, const CodePage& codePage,
           QWidget* parent = nullptr);
 
-    // Shows the form, in front. One that was closed begins anew: empty, with all fields ticked.
-    void present();
+    // Shows the form, in front and ready for typing. One that was closed begins anew: empty, with
+    // all fields ticked.
+    void present() override;
 
     void done(int result) override;
 
@@ -40,11 +41,8 @@ class Form4 final : public QDialog, public SearchView {
     void showHitList(bool shown) override;
     void setHits(std::vector<std::string> lines) override;
 
-  signals:
-    // The user asks for the help page of this topic.
-    void helpWanted(const QString& topic);
-
   protected:
+    void beginAnew() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -59,12 +57,10 @@ class Form4 final : public QDialog, public SearchView {
     QLayout* questionRow();
     QWidget* fieldCard();
     QWidget* hitCard();
-    QWidget* footer();
-    void layOut();
+    void arrange();
     void setTabOrders();
     void connectControls();
 
-    void begin();
     void tickAllFields(bool ticked);
     void nameCustomFields();
     [[nodiscard]] SearchCriteria criteria() const;

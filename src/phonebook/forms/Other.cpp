@@ -7,7 +7,6 @@
 
 #include "phonebook/HitLine.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -15,7 +14,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kRowGap = 12;
 constexpr QSize kFormSize(560, 460);
 
@@ -23,23 +21,16 @@ constexpr QSize kFormSize(560, 460);
 
 Other::Other(const PhonebookStore& store, const PhonebookPane& pane, StatusLine& statusLine,
              Messages& messages, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Other", QStringLiteral("Other Associates..."), parent),
       associates_(store, pane, statusLine, messages, *this),
       List1(new EntryList(store.codePage(), nullptr, this)),
       Label1(new EntryCard(store.codePage(), this)),
-      Command1(new QPushButton(QStringLiteral("&Close"), this)) {
-    setObjectName(QStringLiteral("Other"));
-    setWindowTitle(QStringLiteral("Other Associates..."));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+      Command1(makeDialogButton("Command1", "&Close", this)) {
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(QStringLiteral("Other associates"));
     List1->setDragEnabled(false);
     Label1->setObjectName(QStringLiteral("Label1"));
-    Command1->setObjectName(QStringLiteral("Command1"));
-    makePrimary(*Command1);
-    layOut();
-    setTabOrder(List1, Label1);
-    setTabOrder(Label1, Command1);
+    arrange();
     connect(List1, &EntryList::lineClicked, this, [this] {
         const std::string line = List1->selectedLine();
         Label1->setWhitePages(line.empty() || line.front() != kYellowLetter);
@@ -48,19 +39,16 @@ Other::Other(const PhonebookStore& store, const PhonebookPane& pane, StatusLine&
     connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void Other::layOut() {
+void Other::arrange() {
     QFrame* frame = makeListFrame(List1, this);
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
     body->addWidget(frame, 2);
     body->addWidget(Label1, 3);
 
-    auto* strip = new DialogFooter(this);
-    strip->addRight(Command1);
-    layOutDialog(*this, body, strip);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    layOut(body, {.right = {Command1}, .primary = Command1}, {.first = kFormSize});
+    setTabStops({List1, Label1});
 }
 
 void Other::setLines(std::vector<std::string> lines) {
@@ -72,9 +60,7 @@ void Other::showDetails(const std::string& text) {
 }
 
 void Other::present() {
-    show();
-    raise();
-    activateWindow();
+    Dialog::present();
     Command1->setFocus();
 }
 

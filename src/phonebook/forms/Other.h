@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QDialog>
-
 #include "phonebook/Associates.h"
 #include "phonebook/AssociatesView.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
 class QPushButton;
 
@@ -15,7 +14,7 @@ class EntryList;
 
 // "Other Associates...": the entries of one company, while the user goes on working in the main
 // window. It is made once.
-class Other final : public QDialog, public AssociatesView {
+class Other final : public Dialog, public AssociatesView {
     Q_OBJECT
 
   public:
@@ -28,10 +27,11 @@ class Other final : public QDialog, public AssociatesView {
 
     void setLines(std::vector<std::string> lines) override;
     void showDetails(const std::string& text) override;
+    // The keyboard goes to "&Close".
     void present() override;
 
   private:
-    void layOut();
+    void arrange();
 
     Associates associates_;
     EntryList* List1;       // the associates

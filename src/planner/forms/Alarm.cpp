@@ -10,7 +10,6 @@
 
 #include "planner/forms/TimeSteppers.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/controls/Stepper.h"
@@ -32,15 +31,14 @@ Alarm::Alarm(AlarmEditor& editor, const CodePage& codePage, QWidget* parent)
       Command2(makeDialogButton("Command2", "&Add/Change", this)),
       Command1(makeDialogButton("Command1", "&Remove", this)),
       Command3(makeDialogButton("Command3", "&Close", this)) {
-    makePrimary(*Command2);
     List1->setAccessibleName(QStringLiteral("Alarms"));
 
     auto* fields = new QVBoxLayout;
     fields->setSpacing(5);
-    fields->addWidget(makeLabel("Time to set:", time_->hours()->arrows()));
+    fields->addWidget(makeLabel(QStringLiteral("Time to set:"), time_->hours()->arrows()));
     fields->addWidget(time_);
     fields->addSpacing(7);
-    fields->addWidget(makeLabel("Message:", Text1));
+    fields->addWidget(makeLabel(QStringLiteral("Message:"), Text1));
     fields->addWidget(Text1);
     fields->addSpacing(9);
     fields->addWidget(makeNote(), 1);
@@ -51,12 +49,9 @@ Alarm::Alarm(AlarmEditor& editor, const CodePage& codePage, QWidget* parent)
     body->addLayout(fields, 5);
     body->addWidget(list, 2);
 
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command2);
-    footer->addRight(Command1);
-    footer->addRight(Command3);
-    layOut(body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    layOut(body, {.right = {Command2, Command1, Command3}, .primary = Command2},
+           {.first = kFormSize});
+    setTabStops({time_->hours()->arrows(), time_->minutes()->arrows(), Text1, List1});
     connectControls();
 }
 

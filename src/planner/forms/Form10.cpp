@@ -11,7 +11,6 @@
 #include "planner/ListShapes.h"
 #include "planner/forms/TimeSteppers.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/controls/Stepper.h"
@@ -32,7 +31,6 @@ Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
       Command1(makeDialogButton("Command1", "&Add", this)),
       Command2(makeDialogButton("Command2", "&Remove", this)),
       Command3(makeDialogButton("Command3", "&Close", this)) {
-    makePrimary(*Command1);
     setUpDays();
     auto* when = new QHBoxLayout;
     when->setSpacing(20);
@@ -42,19 +40,15 @@ Form10::Form10(WeeklyTasks& tasks, const CodePage& codePage, QWidget* parent)
     body->setSpacing(5);
     body->addLayout(when);
     body->addSpacing(7);
-    body->addWidget(makeLabel("Task:", Text1));
+    body->addWidget(makeLabel(QStringLiteral("Task:"), Text1));
     body->addWidget(Text1);
     body->addSpacing(7);
-    body->addWidget(makeLabel("Task(s):", List1));
+    body->addWidget(makeLabel(QStringLiteral("Task(s):"), List1));
     body->addWidget(makeListFrame(List1, this), 1);
-    auto* footer = new DialogFooter(this);
-    for (QPushButton* button : {Command1, Command2, Command3})
-        footer->addRight(button);
-    layOut(body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
-    setTabOrder(day_->arrows(), time_->hours()->arrows());
-    setTabOrder(time_->minutes()->arrows(), Text1);
-    setTabOrder(Text1, List1);
+    layOut(body, {.right = {Command1, Command2, Command3}, .primary = Command1},
+           {.first = kFormSize});
+    setTabStops(
+        {day_->arrows(), time_->hours()->arrows(), time_->minutes()->arrows(), Text1, List1});
     connectControls();
 }
 

@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/DragFormats.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -17,7 +16,7 @@
 namespace velmora {
 namespace {
 
-constexpr QSize kFormSize(660, 400);
+constexpr QSize kFormSize(620, 406);
 
 }  // namespace
 
@@ -31,29 +30,22 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
       Command4(makeDialogButton("Command4", "&Close", this)),
       Command5(makeDialogButton("Command5", "&Monthly", this)),
       Command6(makeDialogButton("Command6", "&Weekly", this)) {
-    makePrimary(*Command1);
     List1->setDragFormat(kTaskFormat);
     List1->setAccessibleName(QStringLiteral("Tasks"));
     List1->setEmptyText(QStringLiteral("No tasks."));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);
-    body->addWidget(makeListFrame(List1, this), 1);
-    body->addSpacing(7);
-    body->addWidget(makeLabel("Enter new task below:", Text1));
+    body->addWidget(makeLabel(QStringLiteral("Enter new task below:"), Text1));
     body->addWidget(Text1);
-    layOut(body, makeFooter());
-    resize(kFormSize.expandedTo(minimumSizeHint()));
-    setTabOrder(List1, Text1);
+    body->addSpacing(7);
+    body->addWidget(makeListFrame(List1, this), 1);
+    layOut(body,
+           {.left = {Command3, Command5, Command6},
+            .right = {Command1, Command2, Command4},
+            .primary = Command1},
+           {.first = kFormSize});
+    setTabStops({Text1, List1});
     connectControls();
-}
-
-DialogFooter* Form3::makeFooter() {
-    auto* footer = new DialogFooter(this);
-    for (QPushButton* side : {Command3, Command5, Command6})
-        footer->addLeft(side);
-    for (QPushButton* main : {Command1, Command2, Command4})
-        footer->addRight(main);
-    return footer;
 }
 
 void Form3::connectControls() {

@@ -29,7 +29,6 @@ class Form3 final : public TaskDialog {
     void textTyped(const std::string& text) override { list_.setText(text); }
 
   private:
-    [[nodiscard]] DialogFooter* makeFooter();
     void connectControls();
     void showAll();
 

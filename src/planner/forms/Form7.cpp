@@ -7,9 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/controls/Stepper.h"
@@ -18,7 +16,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kRowGap = 12;
 constexpr int kMonthWidth = 134;
 constexpr int kLargeMonthStep = 3;
@@ -28,25 +25,22 @@ constexpr QSize kFormSize(520, 406);
 }  // namespace
 
 Form7::Form7(Datewarden& datewarden, StatusLine& status, const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Form7", QStringLiteral("Datewarden "), parent),
       datewarden_(datewarden),
       status_(status),
       codePage_(codePage),
       month_(new Stepper(QStringLiteral("VScroll1"), QStringLiteral("Label1"), this)),
       day_(new Stepper(QStringLiteral("VScroll2"), QStringLiteral("Label2"), this)),
-      Label3(new QLabel(QStringLiteral("Enter New Event Description:"), this)),
       Text1(new QLineEdit(this)),
+      Label3(makeLabel(QStringLiteral("Enter New Event Description:"), Text1)),
       List1(new EntryList(codePage, nullptr, this)),
       Command1(makeDialogButton("Command1", "&Add", this)),
       Command2(makeDialogButton("Command2", "&Remove", this)),
       Command3(makeDialogButton("Command3", "&Close", this)),
       Command4(makeDialogButton("Command4", "&Show Display", this)) {
-    setObjectName(QStringLiteral("Form7"));
-    setWindowTitle(QStringLiteral("Datewarden "));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     makeControls();
-    layOut();
+    arrange();
     connectControls();
     showBars();
     showText();
@@ -58,17 +52,14 @@ void Form7::makeControls() {
     month_->arrows()->setAccessibleName(QStringLiteral("Month"));
     day_->arrows()->setAccessibleName(QStringLiteral("Day"));
     Label3->setObjectName(QStringLiteral("Label3"));
-    Label3->setProperty("role", QStringLiteral("label"));
-    Label3->setBuddy(Text1);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setAccessibleName(QStringLiteral("Enter New Event Description"));
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(QStringLiteral("Occasions"));
     List1->setDragEnabled(false);
-    makePrimary(*Command1);
 }
 
-void Form7::layOut() {
+void Form7::arrange() {
     auto* bars = new QHBoxLayout;
     bars->setSpacing(10);
     bars->addWidget(month_);
@@ -81,18 +72,13 @@ void Form7::layOut() {
     QFrame* frame = makeListFrame(List1, this);
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
     body->addLayout(bars);
     body->addLayout(question);
     body->addWidget(frame, 1);
-    auto* footer = new DialogFooter(this);
-    footer->addLeft(Command4);
-    footer->addRight(Command1);
-    footer->addRight(Command2);
-    footer->addRight(Command3);
-    layOutDialog(*this, body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    layOut(body, {.left = {Command4}, .right = {Command1, Command2, Command3}, .primary = Command1},
+           {.first = kFormSize});
+    setTabStops({month_->arrows(), day_->arrows(), Text1, List1});
 }
 
 void Form7::connectControls() {
@@ -104,8 +90,8 @@ void Form7::connectControls() {
         datewarden_.setDay(value);
         showBars();
     });
-    connect(new CodePageGuard(*Text1, codePage_), &CodePageGuard::replaced, this,
-            [this] { status_.show(kCharacterReplaced); });
+    guard(*Text1, codePage_);
+    connect(this, &Dialog::characterReplaced, this, [this] { status_.show(kCharacterReplaced); });
     connect(List1, &EntryList::lineClicked, this, &Form7::click);
     connect(Command1, &QPushButton::clicked, this, &Form7::add);
     connect(Command2, &QPushButton::clicked, this, &Form7::remove);
@@ -113,18 +99,16 @@ void Form7::connectControls() {
     connect(Command4, &QPushButton::clicked, this, &Form7::displayWanted);
 }
 
-void Form7::present() {
-    if (!isVisible()) {
-        datewarden_.Open();
-        showBars();
-        showText();
-        fillList();
-        Text1->setFocus();
-        Text1->selectAll();
-    }
-    show();
-    raise();
-    activateWindow();
+void Form7::beginAnew() {
+    datewarden_.Open();
+    showBars();
+    showText();
+    fillList();
+    Text1->selectAll();
+}
+
+QWidget* Form7::firstField() const {
+    return Text1;
 }
 
 void Form7::showBars() {

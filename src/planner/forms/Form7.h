@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QDialog>
-
 #include "planner/Datewarden.h"
 #include "platform/CodePage.h"
 #include "platform/StatusLine.h"
+#include "platform/controls/Dialog.h"
 
 class QLabel;
 class QLineEdit;
@@ -17,7 +16,7 @@ class Stepper;
 
 // "Datewarden": edits the yearly occasions while the user goes on working in the main window.
 // Changes are kept at once.
-class Form7 final : public QDialog {
+class Form7 final : public Dialog {
     Q_OBJECT
 
   public:
@@ -25,16 +24,18 @@ class Form7 final : public QDialog {
     Form7(Datewarden& datewarden, StatusLine& status, const CodePage& codePage,
           QWidget* parent = nullptr);
 
-    // Opens the form on the present day, or brings the open one to the front as it is.
-    void present();
-
   signals:
     // The user asks for the events of today.
     void displayWanted();
 
+  protected:
+    // The form opens on the present day.
+    void beginAnew() override;
+    [[nodiscard]] QWidget* firstField() const override;
+
   private:
     void makeControls();
-    void layOut();
+    void arrange();
     void connectControls();
     void showBars();
     void showText();
@@ -48,8 +49,8 @@ class Form7 final : public QDialog {
     const CodePage& codePage_;
     Stepper* month_;        // VScroll1 with Label1, the month
     Stepper* day_;          // VScroll2 with Label2, the day
-    QLabel* Label3;         // "Enter New Event Description:"
     QLineEdit* Text1;       // the text of a new occasion
+    QLabel* Label3;         // "Enter New Event Description:"
     EntryList* List1;       // all occasions
     QPushButton* Command1;  // "&Add"
     QPushButton* Command2;  // "&Remove"

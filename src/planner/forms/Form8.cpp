@@ -6,20 +6,19 @@
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "platform/Failure.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/WindowPlace.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kRowGap = 12;
 constexpr QSize kFormSize(540, 306);
 constexpr int kTwipsPerPixel = 15;
@@ -29,9 +28,11 @@ constexpr int kInterval = 60000;  // milliseconds
 }  // namespace
 
 Form8::Form8(const EventsForToday& events, const CodePage& codePage)
-    : events_(events), codePage_(codePage), lines_(events.Open()), Timer1(new QTimer(this)) {
-    setObjectName(QStringLiteral("Form8"));
-    setWindowTitle(QStringLiteral("Events for Today:"));
+    : Dialog("Form8", QStringLiteral("Events for Today:"), nullptr),
+      events_(events),
+      codePage_(codePage),
+      lines_(events.Open()),
+      Timer1(new QTimer(this)) {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint |
                    Qt::WindowStaysOnTopHint);
@@ -46,10 +47,7 @@ void Form8::makeControls() {
         return;
     Label1 = new QLabel(QStringLiteral("Events and Occasions Occurring Today:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
-    QFont heading = Label1->font();
-    heading.setPointSizeF(10.5);
-    heading.setWeight(QFont::DemiBold);
-    Label1->setFont(heading);
+    setType(*Label1, 10.5, QFont::DemiBold);
     List1 = new EntryList(codePage_, nullptr, this);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(Label1->text());
@@ -58,7 +56,7 @@ void Form8::makeControls() {
     List1->setLines(lines_);
     Label1->setBuddy(List1);
     makeButtons();
-    layOut();
+    arrange();
     connectControls();
 }
 
@@ -68,24 +66,20 @@ void Form8::makeButtons() {
     Command3 = makeDialogButton("Command3", "&Print", this);
     Command5 = makeDialogButton("Command5", "&Monthly", this);
     Command6 = makeDialogButton("Command6", "&Weekly", this);
-    makePrimary(*Command1);
 }
 
-void Form8::layOut() {
+void Form8::arrange() {
     QFrame* frame = makeListFrame(List1, this);
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kRowGap);
     body->addWidget(Label1);
     body->addWidget(frame, 1);
-    auto* footer = new DialogFooter(this);
-    footer->addLeft(Command3);
-    footer->addRight(Command2);
-    footer->addRight(Command5);
-    footer->addRight(Command6);
-    footer->addRight(Command1);
-    layOutDialog(*this, body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
+    layOut(body,
+           {.left = {Command3},
+            .right = {Command2, Command5, Command6, Command1},
+            .primary = Command1},
+           {.first = kFormSize});
+    setTabStops({List1});
     Command1->setFocus();
 }
 
@@ -113,30 +107,22 @@ void Form8::rebuild() {
     });
 }
 
-void Form8::placeBeside(const QWidget& window) {
-    makeControls();
-    const QRect room = window.screen()->availableGeometry();
-    const QSize frame = window.frameGeometry().size() - window.size();
-    const QPoint last = room.bottomRight() - QRect(QPoint(), size() + frame).bottomRight();
-    const QPoint wanted = window.pos() + kBesideCorner;
-    move(std::max(std::min(wanted.x(), last.x()), room.left()),
-         std::max(std::min(wanted.y(), last.y()), room.top()));
+void Form8::place() {
+    if (!beside_)
+        return;
+    move(beside_->pos() + kBesideCorner);
+    moveInto(beside_->screen()->availableGeometry(), *this);
 }
 
 void Form8::showBeside(const QWidget& window) {
-    placeBeside(window);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    show();
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
+    makeControls();
+    beside_ = &window;
+    bringToFront();
 }
 
 void Form8::presentBeside(const QWidget& window) {
     rebuild();
-    if (!isVisible())
-        placeBeside(window);
-    show();
-    raise();
-    activateWindow();
+    showBeside(window);
 }
 
 }  // namespace velmora

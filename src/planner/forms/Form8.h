@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QDialog>
+#include <QPointer>
 #include <string>
 #include <vector>
 
 #include "planner/EventsForToday.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
 class QLabel;
 class QPushButton;
@@ -19,19 +20,18 @@ class EntryList;
 // Making the form opens it: the list is built and the sound plays. Its controls are made when it is
 // shown for the first time, since it is opened at every start. Closing it is its end, which it
 // tells by finished(); the owner then lets it go.
-class Form8 final : public QDialog {
+class Form8 final : public Dialog {
     Q_OBJECT
 
   public:
     // `events` and `codePage` must outlive the form. Throws Failure when the list can not be read.
     Form8(const EventsForToday& events, const CodePage& codePage);
 
-    // Shows the form beside the left top corner of a window, kept on its screen. It does not become
-    // the active window.
+    // Shows the form, in front and ready for Enter or Escape, beside the left top corner of a
+    // window, kept on its screen. A form that is in view stays where it is.
     void showBeside(const QWidget& window);
 
-    // As showBeside(), but with the list as of now, and as the active window. A form that is in
-    // view stays where it is.
+    // As showBeside(), with the list as of now.
     void presentBeside(const QWidget& window);
 
     // The list as it is shown, or would be.
@@ -43,17 +43,20 @@ class Form8 final : public QDialog {
     void weeklyWanted();
     void printWanted(const std::vector<std::string>& lines);
 
+  protected:
+    void place() override;
+
   private:
     void makeControls();
     void makeButtons();
-    void layOut();
+    void arrange();
     void connectControls();
     void rebuild();
-    void placeBeside(const QWidget& window);
 
     const EventsForToday& events_;
     const CodePage& codePage_;
     std::vector<std::string> lines_;
+    QPointer<const QWidget> beside_;  // the window beside which the form opens
     QTimer* Timer1;                   // builds the list anew
     QLabel* Label1 = nullptr;         // "Events and Occasions Occurring Today:"
     EntryList* List1 = nullptr;       // the events

@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/controls/Stepper.h"
@@ -29,7 +28,6 @@ Monthly::Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent)
       Command1(makeDialogButton("Command1", "&Add", this)),
       Command2(makeDialogButton("Command2", "&Remove", this)),
       Command3(makeDialogButton("Command3", "&Close", this)) {
-    makePrimary(*Command1);
     day_->setRange(1, kLastDay, kLargeStep);
     day_->arrows()->setAccessibleName(QStringLiteral("Day of the month"));
     List1->setAccessibleName(QStringLiteral("Tasks"));
@@ -44,17 +42,13 @@ Monthly::Monthly(MonthlyTasks& tasks, const CodePage& codePage, QWidget* parent)
     body->setSpacing(5);
     body->addLayout(when);
     body->addSpacing(7);
-    body->addWidget(makeLabel("Task:", Text1));
+    body->addWidget(makeLabel(QStringLiteral("Task:"), Text1));
     body->addWidget(Text1);
     body->addSpacing(9);
     body->addWidget(makeListFrame(List1, this), 1);
-    auto* footer = new DialogFooter(this);
-    for (QPushButton* button : {Command1, Command2, Command3})
-        footer->addRight(button);
-    layOut(body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
-    setTabOrder(day_->arrows(), Text1);
-    setTabOrder(Text1, List1);
+    layOut(body, {.right = {Command1, Command2, Command3}, .primary = Command1},
+           {.first = kFormSize});
+    setTabStops({day_->arrows(), Text1, List1});
     connectControls();
 }
 

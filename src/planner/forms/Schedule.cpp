@@ -6,13 +6,13 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/Stepper.h"
+#include "platform/controls/Type.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
+constexpr QSize kFormSize(430, 256);
 
 struct PartLook {
     const char* arrows;
@@ -34,29 +34,15 @@ std::size_t indexOf(ScheduleTimes::Part part) {
     return static_cast<std::size_t>(part);
 }
 
-void setSemibold(QLabel& label, qreal points) {
-    QFont font = label.font();
-    font.setPointSizeF(points);
-    font.setWeight(QFont::DemiBold);
-    label.setFont(font);
-}
-
 }  // namespace
 
 Schedule::Schedule(ScheduleTimes& times, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Schedule", QStringLiteral("Schedule Event"), parent),
       times_(times),
-      Command2(new QPushButton(QStringLiteral("&Apply"))),
-      Command1(new QPushButton(QStringLiteral("&Cancel"))) {
+      Command2(makeDialogButton("Command2", "&Apply", this)),
+      Command1(makeDialogButton("Command1", "&Cancel", this)) {
     using Part = ScheduleTimes::Part;
-    setObjectName(QStringLiteral("Schedule"));
-    setWindowTitle(QStringLiteral("Schedule Event"));
-    Command2->setObjectName(QStringLiteral("Command2"));
-    makePrimary(*Command2);
-    Command1->setObjectName(QStringLiteral("Command1"));
-
     auto* questions = new QVBoxLayout;
-    questions->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     questions->setSpacing(20);
     questions->addWidget(makeQuestion("Question",
                                       "At what time would you like to schedule this event?",
@@ -65,11 +51,9 @@ Schedule::Schedule(ScheduleTimes& times, QWidget* parent)
         makeQuestion("Question2", "When should this event end?", Part::EndHour, Part::EndMinute));
     questions->addStretch();
 
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command2);
-    footer->addRight(Command1);
-    layOutDialog(*this, questions, footer);
-    resize(430, 256);
+    layOut(questions, {.right = {Command2, Command1}, .primary = Command2}, {.first = kFormSize});
+    setTabStops({steppers_[0]->arrows(), steppers_[1]->arrows(), steppers_[2]->arrows(),
+                 steppers_[3]->arrows()});
 
     connect(Command2, &QPushButton::clicked, this, &Schedule::apply);
     connect(Command1, &QPushButton::clicked, this, &Schedule::reject);
@@ -80,9 +64,9 @@ QWidget* Schedule::makeQuestion(const char* name, const char* text, ScheduleTime
     auto* box = new QWidget(this);
     auto* question = new QLabel(QString::fromLatin1(text), box);
     question->setObjectName(QString::fromLatin1(name));
-    setSemibold(*question, 9.75);
+    setType(*question, 9.75, QFont::DemiBold);
     auto* colon = new QLabel(QStringLiteral(":"), box);
-    setSemibold(*colon, 15);
+    setType(*colon, 15, QFont::DemiBold);
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(makeStepper(hour));
@@ -110,15 +94,13 @@ Stepper* Schedule::makeStepper(ScheduleTimes::Part part) {
     return stepper;
 }
 
-void Schedule::present() {
-    if (!isVisible()) {
-        times_.Open();
-        showTimes();
-        steppers_[0]->arrows()->setFocus();
-    }
-    show();
-    raise();
-    activateWindow();
+void Schedule::beginAnew() {
+    times_.Open();
+    showTimes();
+}
+
+QWidget* Schedule::firstField() const {
+    return steppers_[0]->arrows();
 }
 
 void Schedule::showTimes() {

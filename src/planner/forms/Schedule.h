@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
 #include "planner/ScheduleTimes.h"
+#include "platform/controls/Dialog.h"
 
 class QPushButton;
 
@@ -12,19 +11,21 @@ class Stepper;
 
 // "Schedule Event": asks for the begin and the end of an event. It does not block the main window;
 // closing it in any way but "Apply" leaves the waiting command waiting.
-class Schedule final : public QDialog {
+class Schedule final : public Dialog {
     Q_OBJECT
 
   public:
     // `times` must outlive the form.
     explicit Schedule(ScheduleTimes& times, QWidget* parent = nullptr);
 
-    // Opens the form with the present time, or brings the open one to the front as it is.
-    void present();
-
   signals:
     // The times have been taken over and the form has closed.
     void applied();
+
+  protected:
+    // The form opens with the present time.
+    void beginAnew() override;
+    [[nodiscard]] QWidget* firstField() const override;
 
   private:
     [[nodiscard]] Stepper* makeStepper(ScheduleTimes::Part part);

@@ -1,41 +1,30 @@
 #include "planner/forms/WeekataGlance.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScreen>
 #include <QTimerEvent>
 #include <optional>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/SSDay.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kGap = 8;
 constexpr int kBetweenTries = 2000;  // milliseconds
 constexpr QSize kFormSize(1180, 626);
-
-// Where no program may place its windows.
-bool systemPlacesWindows() {
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
+constexpr QSize kLeastDay(96, 120);
 
 }  // namespace
 
 WeekataGlance::WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("WeekataGlance", QStringLiteral("Week at a Glance"), parent),
       load_(load),
       codePage_(codePage),
-      Command1(new QPushButton(QStringLiteral("&Close"), this)) {
-    setObjectName(QStringLiteral("WeekataGlance"));
-    setWindowTitle(QStringLiteral("Week at a Glance"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+      Command1(makeDialogButton("Command1", "&Close", this)) {
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     const QFont captionFont(QStringLiteral("Arial"), 8, QFont::Normal);
     for (int day = 1; day <= kWeekDays; ++day) {
@@ -45,22 +34,18 @@ WeekataGlance::WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWi
         column->setCaptionFont(captionFont);
         days_[static_cast<std::size_t>(day - 1)] = column;
     }
-    Command1->setObjectName(QStringLiteral("Command1"));
-    makePrimary(*Command1);
-    layOut();
+    arrange();
     connect(Command1, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void WeekataGlance::layOut() {
+void WeekataGlance::arrange() {
     auto* body = new QHBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(kGap);
-    for (SSDay* day : days_)
+    for (SSDay* day : days_) {
+        day->setMinimumSize(kLeastDay);
         body->addWidget(day, 1);
-    auto* strip = new DialogFooter(this);
-    strip->addRight(Command1);
-    layOutDialog(*this, body, strip);
-    resize(kFormSize);
+    }
+    layOut(body, {.right = {Command1}, .primary = Command1}, {.first = kFormSize});
 }
 
 void WeekataGlance::present() {
@@ -70,8 +55,7 @@ void WeekataGlance::present() {
     show();
     if (opening)
         scrollToFirstTask();
-    raise();
-    activateWindow();
+    bringToFront();
     Command1->setFocus();
 }
 
@@ -82,24 +66,17 @@ void WeekataGlance::changeEvent(QEvent* event) {
 }
 
 void WeekataGlance::load() {
-    centre();
+    if (isVisible())
+        place();
     if (!load_.Load(*this))
         again_.start(kBetweenTries, this);
 }
 
 void WeekataGlance::timerEvent(QTimerEvent* event) {
     if (event->timerId() != again_.timerId())
-        return QDialog::timerEvent(event);
+        return Dialog::timerEvent(event);
     if (!isVisible() || load_.Load(*this, WeekLoad::Locks::PassBy))
         again_.stop();
-}
-
-void WeekataGlance::centre() {
-    const QRect room = screen()->availableGeometry();
-    if (!isVisible())
-        resize(size().boundedTo(room.size()));
-    if (!systemPlacesWindows() && !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
-        move(room.center() - QRect(QPoint(0, 0), frameGeometry().size()).center());
 }
 
 // All six days begin at the same time, so that they can be compared.

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QDialog>
 #include <array>
 
 #include "planner/WeekLoad.h"
+#include "platform/controls/Dialog.h"
 
 class QPushButton;
 
@@ -15,7 +15,7 @@ class SSDay;
 // "Week at a Glance": six days side by side, to look at while the user goes on working in the main
 // window. The days are loaded anew whenever the form becomes the active window, and again and again
 // while one of them can not be read.
-class WeekataGlance final : public QDialog, public WeekView {
+class WeekataGlance final : public Dialog, public WeekView {
     Q_OBJECT
 
   public:
@@ -23,7 +23,7 @@ class WeekataGlance final : public QDialog, public WeekView {
     WeekataGlance(const WeekLoad& load, const CodePage& codePage, QWidget* parent = nullptr);
 
     // Shows the form, in front. One that was closed shows its days from their first appointment on.
-    void present();
+    void present() override;
 
     void SetTitle(const std::string& text) override;
     void RemoveAllTasks() override;
@@ -39,10 +39,9 @@ class WeekataGlance final : public QDialog, public WeekView {
     void timerEvent(QTimerEvent* event) override;
 
   private:
-    void layOut();
+    void arrange();
     [[nodiscard]] SSDay& view(int day);
     void load();
-    void centre();
     void scrollToFirstTask();
 
     const WeekLoad& load_;

@@ -1,5 +1,6 @@
 #include "planner/forms/YearPane.h"
 
+#include <QEvent>
 #include <QVBoxLayout>
 
 #include "platform/controls/SSYear.h"
@@ -8,6 +9,7 @@ namespace velmora {
 namespace {
 
 constexpr QSize kSize(724, 548);
+constexpr QSize kSmallSize(696, 445);
 
 }  // namespace
 
@@ -15,6 +17,7 @@ YearPane::YearPane(SSYear* year, QWidget* desk) : QFrame(desk), SSYear1(year) {
     setObjectName(QStringLiteral("Picture6"));
     setProperty("role", "raised");
     hide();
+    desk->installEventFilter(this);
     SSYear1->setObjectName(QStringLiteral("SSYear1"));
     SSYear1->setAccessibleName(tr("Year"));
     auto* layout = new QVBoxLayout(this);
@@ -22,9 +25,22 @@ YearPane::YearPane(SSYear* year, QWidget* desk) : QFrame(desk), SSYear1(year) {
     layout->addWidget(SSYear1);
 }
 
-void YearPane::open(QPoint corner) {
-    setGeometry(
-        QRect(corner, kSize.boundedTo(parentWidget()->size() - QSize(corner.x(), corner.y()))));
+bool YearPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parent() && event->type() == QEvent::Resize && isVisible())
+        setPlace(corner_, small_);
+    return QFrame::eventFilter(watched, event);
+}
+
+void YearPane::setPlace(QPoint corner, bool small) {
+    corner_ = corner;
+    small_ = small;
+    SSYear1->setSmall(small);
+    const QSize room = parentWidget()->size() - QSize(corner.x(), corner.y());
+    setGeometry(QRect(corner, (small ? kSmallSize : kSize).boundedTo(room)));
+}
+
+void YearPane::open(QPoint corner, bool small) {
+    setPlace(corner, small);
     show();
     raise();
     SSYear1->setFocus();

@@ -15,6 +15,8 @@ constexpr qreal kGap = 22;
 constexpr qreal kHeadingPoints = 13.5;
 constexpr int kLineSpacing = 5;
 constexpr int kHeadingSpacing = 4;
+constexpr int kCloser = 2;  // lines that stand close together are that much lower
+constexpr qreal kCloseEmptyLine = 9;
 
 QFont headingFont(QFont font) {
     font.setPointSizeF(kHeadingPoints);
@@ -81,10 +83,12 @@ struct CardLayout::Line {
 CardLayout::CardLayout() = default;
 CardLayout::~CardLayout() = default;
 
-void CardLayout::setText(const QString& text, const QFont& font, const Theme& theme) {
+void CardLayout::setText(const QString& text, const QFont& font, const Theme& theme, Lines lines) {
+    const int less = lines == Lines::Close ? kCloser : 0;
     const QFont heading = headingFont(font);
-    lineHeight_ = QFontMetrics(font).height() + kLineSpacing;
-    headingHeight_ = QFontMetrics(heading).height() + kHeadingSpacing;
+    lineHeight_ = QFontMetrics(font).height() + kLineSpacing - less;
+    emptyHeight_ = lines == Lines::Close ? kCloseEmptyLine : lineHeight_;
+    headingHeight_ = QFontMetrics(heading).height() + kHeadingSpacing - less;
     lines_.clear();
     for (const CardLine& source : partsOfCard(text)) {
         Line line{source.heading, source.spaceBefore, {}};
@@ -101,7 +105,7 @@ qreal CardLayout::layOut(qreal width) {
         const qreal height = line.heading ? headingHeight_ : lineHeight_;
         x_ = 0;
         if (line.spaceBefore)
-            y_ += lineHeight_;
+            y_ += emptyHeight_;
         for (Part& part : line.parts)
             place(part, width, height);
         if (x_ > 0 || line.parts.empty())

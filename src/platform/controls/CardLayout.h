@@ -21,7 +21,10 @@ class CardLayout {
     CardLayout(const CardLayout&) = delete;
     CardLayout& operator=(const CardLayout&) = delete;
 
-    void setText(const QString& text, const QFont& font, const Theme& theme);
+    enum class Lines { Normal, Close };
+
+    void setText(const QString& text, const QFont& font, const Theme& theme,
+                 Lines lines = Lines::Normal);
 
     // Gives the height in device-independent px.
     qreal layOut(qreal width);
@@ -41,7 +44,8 @@ class CardLayout {
     std::vector<Line> lines_;
     qreal lineHeight_ = 0;
     qreal headingHeight_ = 0;
-    qreal x_ = 0;  // where the next part goes
+    qreal emptyHeight_ = 0;  // of the space before a group of lines
+    qreal x_ = 0;            // where the next part goes
     qreal y_ = 0;
 };
 

@@ -18,8 +18,8 @@ namespace {
 
 constexpr qreal kRadius = 8;
 constexpr int kEdge = 4;
-constexpr int kSideMargin = 22;
-constexpr int kTopMargin = 20;
+constexpr QPoint kTextCorner(22, 20);  // from the edge
+constexpr QPoint kSmallTextCorner(16, 12);
 
 }  // namespace
 
@@ -28,10 +28,10 @@ EntryCard::EntryCard(const CodePage& codePage, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kEdge, 4, 2, 4);
     row->addStretch();
     row->addWidget(bar_);
     bar_->hide();
+    setSmall(false);
     bar_->setAttribute(Qt::WA_NoMousePropagation);  // it gets its wheel events from the card
     connect(bar_, &QAbstractSlider::valueChanged, this, qOverload<>(&QWidget::update));
 }
@@ -48,6 +48,21 @@ void EntryCard::setWhitePages(bool white) {
     update();
 }
 
+void EntryCard::setSmall(bool small, int foot) {
+    small_ = small;
+    foot_ = foot;
+    layout()->setContentsMargins(kEdge, 4, 2, 4 + foot);
+    readText();
+}
+
+QPoint EntryCard::textCorner() const {
+    return small_ ? kSmallTextCorner : kTextCorner;
+}
+
+int EntryCard::textRoom() const {
+    return height() - foot_;
+}
+
 QSize EntryCard::sizeHint() const {
     return {440, 480};
 }
@@ -61,21 +76,24 @@ void EntryCard::copy() const {
 }
 
 void EntryCard::readText() {
-    layout_.setText(toQt(text_, codePage_), font(), Theme::of(*this));
+    layout_.setText(toQt(text_, codePage_), font(), Theme::of(*this),
+                    small_ ? CardLayout::Lines::Close : CardLayout::Lines::Normal);
     layOut();
     update();
 }
 
 void EntryCard::layOut() {
-    const int width = this->width() - kEdge - 2 * kSideMargin;
-    int height = qCeil(layout_.layOut(width)) + 2 * kTopMargin;
-    const bool tooLong = height > this->height();
+    const QPoint margin = textCorner();
+    const int room = textRoom();
+    const int width = this->width() - kEdge - 2 * margin.x();
+    int height = qCeil(layout_.layOut(width)) + 2 * margin.y();
+    const bool tooLong = height > room;
     if (tooLong)
-        height = qCeil(layout_.layOut(width - bar_->sizeHint().width())) + 2 * kTopMargin;
+        height = qCeil(layout_.layOut(width - bar_->sizeHint().width())) + 2 * margin.y();
     bar_->setVisible(tooLong);
-    bar_->setPageStep(this->height());
+    bar_->setPageStep(room);
     bar_->setSingleStep(qRound(layout_.lineHeight()));
-    bar_->setRange(0, tooLong ? height - this->height() : 0);
+    bar_->setRange(0, tooLong ? height - room : 0);
 }
 
 void EntryCard::paintEvent(QPaintEvent*) {
@@ -86,15 +104,30 @@ void EntryCard::paintEvent(QPaintEvent*) {
     const QRectF card = QRectF(rect()).adjusted(-2 * kRadius, 0, 0, 0);
     drawPanel(painter, card, kRadius, theme.surface, theme.edge);
     painter.fillRect(QRect(0, 0, kEdge, height()), white_ ? theme.wbook : theme.amber);
+    if (foot_ > 0)
+        paintFoot(painter);
     painter.save();
-    painter.setClipRect(rect().adjusted(kEdge, 1, -1, -1));
-    painter.translate(kEdge + kSideMargin, kTopMargin - bar_->value());
+    painter.setClipRect(rect().adjusted(kEdge, 1, -1, -1 - foot_));
+    painter.translate(kEdge + textCorner().x(), textCorner().y() - bar_->value());
     painter.setPen(theme.ink);
-    const qreal top = bar_->value() - kTopMargin;
+    const qreal top = bar_->value() - textCorner().y();
     layout_.paint(painter, top, top + height());
     painter.restore();
     if (focus_.shown(hasFocus()))
         drawFocusRing(painter, QRectF(rect()).adjusted(kEdge, 0, 0, 0), kRadius, theme.accent);
+}
+
+void EntryCard::paintFoot(QPainter& painter) const {
+    const Theme& theme = Theme::of(*this);
+    const QRect strip = rect().adjusted(kEdge, height() - foot_, -1, -1);
+    QPainterPath inside;
+    inside.addRoundedRect(QRectF(rect()).adjusted(-2 * kRadius, 1, -1, -1), kRadius - 1,
+                          kRadius - 1);
+    painter.save();
+    painter.setClipPath(inside);
+    painter.fillRect(strip, theme.alt);
+    painter.fillRect(strip.left(), strip.top(), strip.width(), 1, theme.line);
+    painter.restore();
 }
 
 void EntryCard::resizeEvent(QResizeEvent*) {

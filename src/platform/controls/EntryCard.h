@@ -7,6 +7,7 @@
 #include "platform/controls/CardLayout.h"
 #include "platform/controls/FocusRing.h"
 
+class QPainter;
 class QScrollBar;
 
 namespace velmora {
@@ -28,6 +29,9 @@ class EntryCard final : public QWidget {
     // The edge at the left: amber for the Yellow Pages, grey for the White Pages.
     void setWhitePages(bool white);
     [[nodiscard]] bool whitePages() const { return white_; }
+
+    // The closer lines of a small window, with `foot` px left free for a strip at the lower edge.
+    void setSmall(bool small, int foot = 0);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -53,6 +57,9 @@ class EntryCard final : public QWidget {
   private:
     void readText();
     void layOut();
+    [[nodiscard]] QPoint textCorner() const;
+    [[nodiscard]] int textRoom() const;
+    void paintFoot(QPainter& painter) const;
     bool scrollByKey(int key);
 
     const CodePage& codePage_;
@@ -61,6 +68,8 @@ class EntryCard final : public QWidget {
     QScrollBar* bar_;
     KeyboardFocus focus_;
     bool white_ = false;
+    bool small_ = false;
+    int foot_ = 0;
 };
 
 }  // namespace velmora

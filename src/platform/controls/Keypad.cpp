@@ -19,6 +19,9 @@ constexpr int kColumns = 3;
 constexpr int kGap = 10;
 constexpr int kMostWidth = 330;
 constexpr QSize kLeastKey(88, 78);
+constexpr QSize kLeastSmallKey(80, 60);
+constexpr int kKeyMargin = 24;  // of the character in its key, above and below together
+constexpr int kSmallKeyMargin = 16;
 constexpr qreal kRadius = 10;
 constexpr std::chrono::milliseconds kFlashTime{120};
 
@@ -69,7 +72,13 @@ bool KeypadKey::flashing() const {
 }
 
 QSize KeypadKey::sizeHint() const {
-    return kLeastKey.expandedTo({0, fontMetrics().height() + 24});
+    return small_ ? kLeastSmallKey.expandedTo({0, fontMetrics().height() + kSmallKeyMargin})
+                  : kLeastKey.expandedTo({0, fontMetrics().height() + kKeyMargin});
+}
+
+void KeypadKey::setSmall(bool small) {
+    small_ = small;
+    updateGeometry();
 }
 
 void KeypadKey::paintEvent(QPaintEvent*) {
@@ -105,6 +114,11 @@ Keypad::Keypad(QWidget* parent) : QWidget(parent) {
         grid->addWidget(key, i / kColumns, i % kColumns);
         keys_[static_cast<std::size_t>(i)] = key;
     }
+}
+
+void Keypad::setSmall(bool small) {
+    for (KeypadKey* key : keys_)
+        key->setSmall(small);
 }
 
 void Keypad::flash(char character) {

@@ -20,6 +20,8 @@ class KeypadKey final : public PaintedButton {
     void flash();
     [[nodiscard]] bool flashing() const;
 
+    void setSmall(bool small);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -28,10 +30,11 @@ class KeypadKey final : public PaintedButton {
 
   private:
     QTimer* flash_;
+    bool small_ = false;
 };
 
-// The twelve keys "1" to "9", "*", "0" and "," in three columns, keys at least 88 x 78, at most
-// 330 wide in all. Arrow keys move between them.
+// The twelve keys "1" to "9", "*", "0" and "," in three columns, keys at least 88 x 78 or, in
+// a small window, 80 x 60, at most 330 wide in all. Arrow keys move between them.
 class Keypad final : public QWidget {
     Q_OBJECT
 
@@ -41,6 +44,9 @@ class Keypad final : public QWidget {
 
     // Shows the key of `character` pressed for a moment, as when it was typed. Others do nothing.
     void flash(char character);
+
+    // The size for a small window.
+    void setSmall(bool small);
 
   signals:
     // A key was clicked.

@@ -13,13 +13,19 @@ namespace {
 constexpr int kWidth = 34;
 constexpr int kMargin = 8;
 constexpr int kGap = 1;
+constexpr int kHairline = 1;
 constexpr int kLowest = 15;
 constexpr int kHighest = 26;
 constexpr qreal kRadius = 5;
 constexpr int kSymbolTab = 26;
 
-constexpr int columnHeight(int tabHeight) {
-    return 2 * kMargin + LetterTabs::kCount * tabHeight + (LetterTabs::kCount - 1) * kGap;
+// Of the column around its tabs.
+constexpr int spareHeight(bool small) {
+    return small ? 0 : 2 * kMargin + (LetterTabs::kCount - 1) * kGap;
+}
+
+constexpr int columnHeight(int tabHeight, bool small) {
+    return spareHeight(small) + LetterTabs::kCount * tabHeight;
 }
 
 // The tab of a typed character, or -1.
@@ -73,7 +79,9 @@ void LetterTab::paintEvent(QPaintEvent*) {
     }
     QPainter painter(this);
     // The right end lies outside, so that only the left corners are round.
-    const QRectF body = QRectF(rect()).adjusted(inset(), 0, 2 * kRadius, 0);
+    // Tabs of a small window share the line between them.
+    const int shared = tabs_.small() ? kHairline : 0;
+    const QRectF body = QRectF(rect()).adjusted(inset(), 0, 2 * kRadius, shared);
     drawPanel(painter, body, kRadius, fill, outline);
     QFont letterFont = font();
     if (current)
@@ -113,6 +121,13 @@ void LetterTabs::setCurrent(int index) {
 void LetterTabs::setWhitePages(bool white) {
     white_ = white;
     tabs_[static_cast<std::size_t>(current_)]->update();
+}
+
+void LetterTabs::setSmall(bool small) {
+    small_ = small;
+    updateGeometry();
+    placeTabs();
+    update();
 }
 
 bool LetterTabs::isCurrent(const LetterTab* tab) const {
@@ -166,23 +181,27 @@ bool LetterTabs::moveByKey(int from, const QKeyEvent& event) {
     return true;
 }
 
-// Equal heights, which a box layout does not give.
 void LetterTabs::resizeEvent(QResizeEvent*) {
-    const int room = height() - columnHeight(0);
+    placeTabs();
+}
+
+// Equal heights, which a box layout does not give.
+void LetterTabs::placeTabs() {
+    const int room = height() - spareHeight(small_);
     const int tabHeight = std::clamp(room / kCount, kLowest, kHighest);
-    int top = kMargin;
+    int top = small_ ? 0 : kMargin;
     for (LetterTab* tab : tabs_) {
         tab->setGeometry(0, top, width(), tabHeight);
-        top += tabHeight + kGap;
+        top += tabHeight + (small_ ? 0 : kGap);
     }
 }
 
 QSize LetterTabs::sizeHint() const {
-    return {kWidth, columnHeight(tabs_[0]->sizeHint().height())};
+    return {kWidth, columnHeight(tabs_[0]->sizeHint().height(), small_)};
 }
 
 QSize LetterTabs::minimumSizeHint() const {
-    return {kWidth, columnHeight(kLowest)};
+    return {kWidth, columnHeight(kLowest, small_)};
 }
 
 }  // namespace velmora

@@ -51,6 +51,10 @@ class LetterTabs final : public QWidget {
     void setWhitePages(bool white);
     [[nodiscard]] bool whitePages() const { return white_; }
 
+    // In a small window the tabs stand close together, from edge to edge of the column.
+    void setSmall(bool small);
+    [[nodiscard]] bool small() const { return small_; }
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -71,10 +75,12 @@ class LetterTabs final : public QWidget {
     [[nodiscard]] bool isCurrent(const LetterTab* tab) const;
     bool moveByKey(int from, const QKeyEvent& event);
     void stopAt(int index);
+    void placeTabs();
 
     std::array<LetterTab*, kCount> tabs_{};
     int current_ = 0;
     bool white_ = false;
+    bool small_ = false;
 };
 
 }  // namespace velmora

@@ -16,7 +16,6 @@ namespace velmora {
 namespace {
 
 constexpr QMargins kMargins(16, 14, 16, 14);
-constexpr QMargins kWideMargins(56, 28, 56, 28);
 
 QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -219,8 +218,8 @@ void PadEdit::setInk(const std::optional<QColor>& colour) {
     setFont(given);
 }
 
-void PadEdit::setWideMargins(bool wide) {
-    setViewportMargins(wide ? kWideMargins : kMargins);
+void PadEdit::setTextMargins(const QMargins& margins) {
+    setViewportMargins(margins);
 }
 
 QRect PadEdit::caretRect(const PadPage::Place& place) const {

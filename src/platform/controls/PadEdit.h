@@ -61,8 +61,8 @@ class PadEdit final : public QAbstractScrollArea {
     [[nodiscard]] std::optional<QColor> ink() const { return ink_; }
     void setInk(const std::optional<QColor>& colour);
 
-    // Wide margins, for the time when the box fills the window.
-    void setWideMargins(bool wide);
+    // Between the frame and the text.
+    void setTextMargins(const QMargins& margins);
 
     void undo();
     void redo();

@@ -15,11 +15,22 @@
 namespace velmora {
 namespace {
 
-constexpr QSize kSize(76, 66);
-constexpr int kIcon = 26;
-constexpr int kIconTop = 10;
-constexpr int kCaptionTop = 41;
+struct Measures {
+    QSize size;
+    int icon;
+    int iconTop;
+    int captionTop;
+    qreal captionPoints;
+};
+
+constexpr Measures kNormal{{76, 66}, 26, 10, 41, 9};
+constexpr Measures kSmall{{68, 54}, 22, 7, 33, 8.25};
+constexpr int kNormalCaption = 15;  // height of the caption in the usual font
 constexpr qreal kRadius = 8;
+
+const Measures& measures(bool small) {
+    return small ? kSmall : kNormal;
+}
 
 QColor inkOf(const PaneButton& button) {
     const Theme& theme = Theme::of(button);
@@ -54,14 +65,23 @@ PaneButton::PaneButton(QString symbol, const QString& caption, QWidget* parent)
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, kCaptionTop, 0, 0);
     column->addWidget(caption_);
-    weighCaption();
+    setSmall(false);
 }
 
 QSize PaneButton::sizeHint() const {
-    return kSize.expandedTo({caption_->fontMetrics().horizontalAdvance(text()) + 8,
-                             kCaptionTop + caption_->fontMetrics().height() + 10});
+    const Measures& own = measures(small_);
+    const int spare = own.size.height() - own.captionTop - kNormalCaption;
+    return own.size.expandedTo({caption_->fontMetrics().horizontalAdvance(text()) + 4,
+                                own.captionTop + caption_->fontMetrics().height() + spare});
+}
+
+void PaneButton::setSmall(bool small) {
+    small_ = small;
+    layout()->setContentsMargins(0, measures(small).captionTop, 0, 0);
+    weighCaption();
+    updateGeometry();
+    update();
 }
 
 void PaneButton::setRaised(bool raised) {
@@ -72,7 +92,7 @@ void PaneButton::setRaised(bool raised) {
 
 void PaneButton::weighCaption() {
     QFont small = font();
-    small.setPointSizeF(9);
+    small.setPointSizeF(measures(small_).captionPoints);
     small.setWeight(raised_ ? QFont::DemiBold : QFont::Normal);
     caption_->setFont(small);
 }
@@ -93,8 +113,9 @@ void PaneButton::paintEvent(QPaintEvent*) {
         const QColor fill = isDown() ? theme.press : theme.hover;
         drawPanel(painter, rect(), kRadius, fill, fill);
     }
-    painter.drawPixmap((width() - kIcon) / 2, kIconTop,
-                       symbolPixmap(symbol_, {kIcon, kIcon}, devicePixelRatioF(), inkOf(*this)));
+    const auto& [size, icon, top, captionTop, points] = measures(small_);
+    painter.drawPixmap((width() - icon) / 2, top,
+                       symbolPixmap(symbol_, {icon, icon}, devicePixelRatioF(), inkOf(*this)));
     if (focusShown())
         drawFocusRing(painter, rect(), kRadius, theme.accent);
 }

@@ -24,6 +24,9 @@ class PaneButton final : public PaintedButton {
     void setRaised(bool raised);
     [[nodiscard]] bool raised() const { return raised_; }
 
+    // The size for a small window.
+    void setSmall(bool small);
+
     // True while a drag that may be dropped is over the button.
     [[nodiscard]] bool dropTarget() const { return dropTarget_; }
 
@@ -48,6 +51,7 @@ class PaneButton final : public PaintedButton {
     QLabel* caption_;
     bool raised_ = false;
     bool dropTarget_ = false;
+    bool small_ = false;
 };
 
 }  // namespace velmora

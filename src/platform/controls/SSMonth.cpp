@@ -54,16 +54,23 @@ void SSMonth::setCaptionReserve(int width) {
     update();
 }
 
+void SSMonth::setSmall(bool small) {
+    small_ = small;
+    updateGeometry();
+    update();
+}
+
 int SSMonth::captionHeight() const {
-    return std::max(30, QFontMetrics(captionFont(*this)).height() + 8);
+    return std::max(small_ ? 28 : 30, QFontMetrics(captionFont(*this)).height() + 8);
 }
 
 int SSMonth::headHeight() const {
-    return std::max(22, QFontMetrics(headFont(*this)).height() + 6);
+    return std::max(small_ ? 20 : 22, QFontMetrics(headFont(*this)).height() + (small_ ? 5 : 6));
 }
 
 int SSMonth::rowHeight() const {
-    return std::max(28, fontMetrics().height() + 10);
+    return small_ ? std::max(24, fontMetrics().height() + 6)
+                  : std::max(28, fontMetrics().height() + 10);
 }
 
 QSize SSMonth::sizeHint() const {

@@ -26,6 +26,9 @@ class SSMonth final : public CalendarControl {
     // The width at the right end of the caption row, captionHeight() high, that stays free for a
     // button which the form lays there; 0 at first.
     void setCaptionReserve(int width);
+
+    // The lower rows of a small window.
+    void setSmall(bool small);
     [[nodiscard]] int captionHeight() const;
 
     [[nodiscard]] std::chrono::year_month monthOnShow() const { return grid_.month(); }
@@ -81,6 +84,7 @@ class SSMonth final : public CalendarControl {
 
     MonthGrid grid_;
     int captionReserve_ = 0;
+    bool small_ = false;
     std::optional<std::chrono::year_month_day> target_;
     int dragOverArrow_ = 0;
     QBasicTimer leafTimer_;

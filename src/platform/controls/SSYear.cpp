@@ -24,11 +24,25 @@ constexpr year_month_day kLast = year(9998) / 12 / 31;
 constexpr int kColumns = 4;
 constexpr int kRows = 3;
 constexpr int kMargin = 16;
-constexpr int kColumnGap = 20;
-constexpr int kRowGap = 14;
 constexpr int kTighterWeekdays = 3;  // their row is that much lower than a week
 constexpr int kArrowSize = 32;
 constexpr int kArrowInset = 10;
+
+struct Measures {
+    QSize size;
+    int caption;
+    int columnGap;
+    int rowGap;
+    int row;
+    int rowMargin;  // of the number in its row, above and below together
+};
+
+constexpr Measures kNormal{{724, 548}, 46, 20, 14, 21, 5};
+constexpr Measures kSmall{{696, 445}, 34, 16, 8, 16, 1};
+
+const Measures& measures(bool small) {
+    return small ? kSmall : kNormal;
+}
 
 QFont captionFont(const QWidget& widget) {
     return sized(widget.font(), 13.5, QFont::DemiBold);
@@ -52,7 +66,7 @@ SSYear::SSYear(const LocaleFormats& locale, const CodePage& codePage, year_month
 }
 
 int SSYear::captionHeight() const {
-    return std::max(46, QFontMetrics(captionFont(*this)).height() + 16);
+    return std::max(measures(small_).caption, QFontMetrics(captionFont(*this)).height() + 8);
 }
 
 int SSYear::headHeight() const {
@@ -60,20 +74,29 @@ int SSYear::headHeight() const {
 }
 
 int SSYear::naturalRowHeight() const {
-    return std::max(21, QFontMetrics(dayFont(*this)).height() + 5);
+    const Measures& own = measures(small_);
+    return std::max(own.row, QFontMetrics(dayFont(*this)).height() + own.rowMargin);
 }
 
 int SSYear::naturalHeight(int weekRows) const {
-    return captionHeight() + kRows * headHeight() + (kRows - 1) * kRowGap + kMargin +
-           (weekRows + kRows) * naturalRowHeight() - kRows * kTighterWeekdays;
+    return captionHeight() + kRows * headHeight() + (kRows - 1) * measures(small_).rowGap +
+           kMargin + (weekRows + kRows) * naturalRowHeight() - kRows * kTighterWeekdays;
 }
 
 QSize SSYear::sizeHint() const {
     const int cell =
         std::max(22, QFontMetrics(dayFont(*this)).horizontalAdvance(QStringLiteral("00")) + 6);
     const int monthsWidth = kColumns * MonthGrid::kColumns * cell;
-    return {std::max(724, monthsWidth + (kColumns - 1) * kColumnGap + 2 * kMargin),
-            std::max(548, naturalHeight(kRows * 5))};
+    const Measures& own = measures(small_);
+    return own.size.expandedTo(
+        {monthsWidth + (kColumns - 1) * own.columnGap + 2 * kMargin, naturalHeight(kRows * 5)});
+}
+
+void SSYear::setSmall(bool small) {
+    small_ = small;
+    months_.clear();
+    updateGeometry();
+    update();
 }
 
 const std::vector<SSYear::Month>& SSYear::months() const {
@@ -98,17 +121,18 @@ void SSYear::layOut() const {
     const int lines = weekRows + kRows;
     rowHeight_ = std::max(1, naturalRowHeight() - (excess + lines - 1) / lines);
 
+    const Measures& own = measures(small_);
     int top = captionHeight();
     for (int row = 0; row < kRows; ++row) {
         const int rowsOfCells = weeks[static_cast<std::size_t>(row)] + 1;
         const int monthHeight = headHeight() + rowsOfCells * rowHeight_ - kTighterWeekdays;
-        const int room = width() - 2 * kMargin - (kColumns - 1) * kColumnGap;
+        const int room = width() - 2 * kMargin - (kColumns - 1) * own.columnGap;
         for (int column = 0; column < kColumns; ++column) {
-            const int left = kMargin + room * column / kColumns + column * kColumnGap;
+            const int left = kMargin + room * column / kColumns + column * own.columnGap;
             months_[static_cast<std::size_t>(row) * kColumns + static_cast<std::size_t>(column)]
                 .rect = QRect(left, top, room / kColumns, monthHeight);
         }
-        top += monthHeight + kRowGap;
+        top += monthHeight + own.rowGap;
     }
 }
 

@@ -27,6 +27,9 @@ class SSYear final : public CalendarControl {
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+    // The lower rows and narrower gaps of a small window.
+    void setSmall(bool small);
+
     // The days of the year in order, then the two arrows.
     [[nodiscard]] int partCount() const override;
     [[nodiscard]] AccessiblePart part(int index) const override;
@@ -75,6 +78,7 @@ class SSYear final : public CalendarControl {
     void paintDay(QPainter& painter, const QRect& rect, std::chrono::year_month_day date) const;
 
     std::chrono::year year_;
+    bool small_ = false;
     mutable std::vector<Month> months_;  // empty until they are laid out
     mutable int rowHeight_ = 0;
     mutable RoundedStamps stamps_;

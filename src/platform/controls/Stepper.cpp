@@ -21,6 +21,7 @@ constexpr int kNumberWidth = 46;
 constexpr int kRadius = 5;
 constexpr int kFirstRepeat = 350;  // milliseconds
 constexpr int kNextRepeat = 60;
+constexpr int kTypingPause = 1500;
 constexpr QSize kChevron(16, 16);
 
 }  // namespace
@@ -43,6 +44,7 @@ void StepperArrows::paintEvent(QPaintEvent*) {
     if (direction_ != 0)
         painter.fillRect(direction_ > 0 ? upper : lower, theme.press);
     painter.fillRect(QRect(0, 0, 1, height()), theme.line);
+    painter.fillRect(QRect(0, lower.top(), width(), 1), theme.line);
     const auto arrow = [&](const char* symbol, const QRect& half, bool usable) {
         const QPixmap pixmap =
             symbolPixmap(QString::fromLatin1(symbol), kChevron, devicePixelRatioF(),
@@ -100,7 +102,20 @@ void StepperArrows::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
+// "1" and "4" are 14; where that is too high, "4" alone counts. What is too low waits for more.
+void StepperArrows::typeDigit(int digit) {
+    const bool goesOn = sinceDigit_.isValid() && !sinceDigit_.hasExpired(kTypingPause);
+    typed_ = goesOn && typed_ * 10 + digit <= maximum() ? typed_ * 10 + digit : digit;
+    sinceDigit_.start();
+    if (typed_ >= minimum() && typed_ <= maximum())
+        setValue(typed_);
+}
+
 void StepperArrows::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9)
+        return typeDigit(event->key() - Qt::Key_0);
+    sinceDigit_.invalidate();
     switch (event->key()) {
         case Qt::Key_Up:
         case Qt::Key_Plus:
@@ -129,6 +144,7 @@ void StepperArrows::keyPressEvent(QKeyEvent* event) {
 
 void StepperArrows::focusInEvent(QFocusEvent* event) {
     focus_.focusIn(*event);
+    sinceDigit_.invalidate();
     QAbstractSlider::focusInEvent(event);
     parentWidget()->update();
 }
@@ -151,8 +167,8 @@ Stepper::Stepper(const QString& arrowsName, const QString& labelName, QWidget* p
     arrows_->setObjectName(arrowsName);
     setFixedHeight(kHeight);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(6, 1, 1, 1);
-    layout->setSpacing(4);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->setSpacing(0);
     layout->addWidget(label_, 1);
     layout->addWidget(arrows_);
     connect(arrows_, &QAbstractSlider::valueChanged, this, &Stepper::valueChanged);
@@ -183,6 +199,11 @@ void Stepper::paintEvent(QPaintEvent*) {
 void Stepper::mousePressEvent(QMouseEvent* event) {
     arrows_->setFocus(Qt::MouseFocusReason);
     QFrame::mousePressEvent(event);
+}
+
+// Over the number the wheel does what it does over the arrows.
+void Stepper::wheelEvent(QWheelEvent* event) {
+    QCoreApplication::sendEvent(arrows_, event);
 }
 
 }  // namespace velmora

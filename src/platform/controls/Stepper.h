@@ -2,6 +2,7 @@
 
 #include <QAbstractSlider>
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QFrame>
 
 #include "platform/controls/FocusRing.h"
@@ -12,7 +13,8 @@ namespace velmora {
 
 // Two arrows that count up and down. The upper half, the Up key and the wheel turned away add the
 // single step, their opposites take it away; Page Up and Page Down go by the page step. An arrow
-// that is held down repeats.
+// that is held down repeats. Digits that are typed one behind the other are the number, as long as
+// it is not above the range; a pause begins a new one.
 class StepperArrows final : public QAbstractSlider {
     Q_OBJECT
 
@@ -34,10 +36,13 @@ class StepperArrows final : public QAbstractSlider {
 
   private:
     void step();
+    void typeDigit(int digit);
     void letGo();
 
     KeyboardFocus focus_;
     QBasicTimer repeat_;
+    QElapsedTimer sinceDigit_;
+    int typed_ = 0;      // the digits typed last, as a number
     int direction_ = 0;  // of the arrow held down: 1 up, -1 down, 0 none
     int wheelTurn_ = 0;
 };
@@ -68,6 +73,7 @@ class Stepper final : public QFrame {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     QLabel* label_;

@@ -15,6 +15,7 @@ namespace velmora {
 namespace {
 
 constexpr int kSide = 56;
+constexpr int kSmallSide = 48;
 constexpr int kIcon = 32;
 constexpr qreal kRadius = 10;
 
@@ -51,7 +52,12 @@ TrashCan::TrashCan(QWidget* parent) : PaintedButton(parent) {
 }
 
 QSize TrashCan::sizeHint() const {
-    return {kSide, kSide};
+    return small_ ? QSize(kSmallSide, kSmallSide) : QSize(kSide, kSide);
+}
+
+void TrashCan::setSmall(bool small) {
+    small_ = small;
+    updateGeometry();
 }
 
 void TrashCan::setLook(Look look) {

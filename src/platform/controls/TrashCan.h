@@ -23,6 +23,9 @@ class TrashCan final : public PaintedButton {
     void setTakesDrops(bool takes);
     [[nodiscard]] bool takesDrops() const { return takesDrops_; }
 
+    // The size for a small window.
+    void setSmall(bool small);
+
     // True while a drag that may be dropped is over the can.
     [[nodiscard]] bool dropTarget() const { return dropTarget_; }
 
@@ -52,6 +55,7 @@ class TrashCan final : public PaintedButton {
     Look look_ = Look::AtRest;
     bool dropTarget_ = false;
     bool takesDrops_ = true;
+    bool small_ = false;
 };
 
 }  // namespace velmora

@@ -1,5 +1,8 @@
 #include "platform/qt/DeskStyle.h"
 
+#include <QAbstractItemView>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
@@ -7,6 +10,7 @@
 #include <QStyleOption>
 
 #include "platform/qt/DeskComboBox.h"
+#include "platform/qt/DeskSpinBox.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -14,6 +18,12 @@ namespace {
 
 constexpr int kIndicatorSize = 16;
 constexpr int kRingRoom = 4;
+constexpr int kDialogMargin = 16;
+constexpr int kDialogGap = 12;
+
+bool isDialog(const QWidget* widget) {
+    return widget && widget->isWindow() && qobject_cast<const QDialog*>(widget);
+}
 
 void drawIndicator(bool round, const QStyleOption& option, QPainter& painter) {
     const Theme& theme = Theme::of(option.palette);
@@ -73,6 +83,15 @@ int DeskStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_CheckBoxLabelSpacing:
         case PM_RadioButtonLabelSpacing:
             return 8;
+        case PM_LayoutLeftMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutBottomMargin:
+            return isDialog(widget) ? kDialogMargin
+                                    : QProxyStyle::pixelMetric(metric, option, widget);
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutVerticalSpacing:
+            return isDialog(widget) ? kDialogGap : QProxyStyle::pixelMetric(metric, option, widget);
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -82,11 +101,17 @@ int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* returnData) const {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
+    // The doing button first, Cancel last, on every desktop.
+    if (hint == SH_DialogButtonLayout)
+        return QDialogButtonBox::WinLayout;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 
 void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
+    // Who takes the focus shows it by a ring of our own; only the toolkit's lists keep their box.
+    if (element == PE_FrameFocusRect && !qobject_cast<const QAbstractItemView*>(widget))
+        return;
     if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
         drawIndicator(element == PE_IndicatorRadioButton, *option, *painter);
     else
@@ -96,8 +121,11 @@ void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 void DeskStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
     const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
     if (control == CC_ComboBox && box)
         drawComboBox(*box, *painter);
+    else if (control == CC_SpinBox && spin)
+        drawSpinBox(*spin, *painter);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -109,6 +137,13 @@ QRect DeskStyle::subControlRect(ComplexControl control, const QStyleOptionComple
         return comboBoxEditRect(*box);
     if (control == CC_ComboBox && box && subControl == SC_ComboBoxArrow)
         return comboBoxArrowRect(*box);
+    const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    if (control == CC_SpinBox && spin && subControl == SC_SpinBoxEditField)
+        return spinBoxEditRect(*spin);
+    if (control == CC_SpinBox && spin && subControl == SC_SpinBoxUp)
+        return spinBoxUpRect(*spin);
+    if (control == CC_SpinBox && spin && subControl == SC_SpinBoxDown)
+        return spinBoxDownRect(*spin);
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }
 
@@ -148,6 +183,8 @@ QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                   const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ComboBox && option)
+        result.setHeight(comboBoxHeight(option->fontMetrics.height()));
+    if (type == CT_SpinBox && option)
         result.setHeight(comboBoxHeight(option->fontMetrics.height()));
     if (type == CT_CheckBox || type == CT_RadioButton) {
         result.rwidth() += kRingRoom;

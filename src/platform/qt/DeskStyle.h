@@ -4,8 +4,9 @@
 
 namespace velmora {
 
-// Fusion with the desk's own check boxes, radio buttons and combo boxes, and without icons on the
-// buttons of message boxes.
+// Fusion with the desk's own check boxes, radio buttons, combo boxes and spin boxes, with the
+// margins of our dialogs in those of the toolkit, and without a box of its own around what has the
+// focus.
 class DeskStyle final : public QProxyStyle {
     Q_OBJECT
 

@@ -16,7 +16,11 @@ namespace {
 
 constexpr int kWidest = 520;
 constexpr int kNumberHeight = 76;
+constexpr int kSmallNumberHeight = 64;
 constexpr int kActionsWidth = 140;
+constexpr int kSmallActionsWidth = 132;
+constexpr int kGap = 16;
+constexpr int kSmallGap = 12;
 
 QPushButton* makeAction(const char* name, const char* caption, const char* role, QWidget* parent) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
@@ -36,22 +40,23 @@ void setSymbol(QPushButton& button, const char* symbol, const QColor& colour,
 }  // namespace
 
 DialerPage::DialerPage(QWidget* parent)
-    : QWidget(parent), Label16(new ElidedLabel(Qt::ElideLeft, this)), Picture3(new Keypad(this)) {
+    : QWidget(parent),
+      numberCard_(new QFrame(this)),
+      Label16(new ElidedLabel(Qt::ElideLeft, this)),
+      Picture3(new Keypad(this)) {
     Label16->setObjectName(QStringLiteral("Label16"));
     Label16->setAccessibleName(tr("No number"));
     Label16->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setType(*Label16, 24);
     Picture3->setObjectName(QStringLiteral("Picture3"));
 
-    auto* numberCard = new QFrame(this);
-    numberCard->setProperty("role", "card");
-    numberCard->setFixedHeight(kNumberHeight);
-    auto* numberLayout = new QHBoxLayout(numberCard);
+    numberCard_->setProperty("role", "card");
+    auto* numberLayout = new QHBoxLayout(numberCard_);
     numberLayout->setContentsMargins(20, 0, 20, 0);
     numberLayout->addWidget(Label16);
 
     auto* keys = new QHBoxLayout;
-    keys->setSpacing(16);
+    keys_ = keys;
     keys->addWidget(Picture3, 1, Qt::AlignTop);
     keys->addWidget(makeActions());
 
@@ -59,19 +64,28 @@ DialerPage::DialerPage(QWidget* parent)
     block->setMaximumWidth(kWidest);
     auto* blockLayout = new QVBoxLayout(block);
     blockLayout->setContentsMargins(0, 0, 0, 0);
-    blockLayout->setSpacing(16);
-    blockLayout->addWidget(numberCard);
+    blockLayout->addWidget(numberCard_);
     blockLayout->addLayout(keys);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(block);
     layout->addStretch();
+    setSmall(false);
+}
+
+void DialerPage::setSmall(bool small) {
+    const int gap = small ? kSmallGap : kGap;
+    numberCard_->setFixedHeight(small ? kSmallNumberHeight : kNumberHeight);
+    numberCard_->parentWidget()->layout()->setSpacing(gap);
+    keys_->setSpacing(gap);
+    actions_->setFixedWidth(small ? kSmallActionsWidth : kActionsWidth);
+    Picture3->setSmall(small);
 }
 
 QWidget* DialerPage::makeActions() {
     auto* actions = new QWidget(this);
-    actions->setFixedWidth(kActionsWidth);
+    actions_ = actions;
     Command24 = makeAction("Command24", "&Send", "go", actions);
     Command22 = makeAction("Command22", "&Hang Up", "danger", actions);
     Command20 = makeAction("Command20", "&Back", "", actions);

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QLabel;
+class QLayout;
 class QPushButton;
 
 namespace velmora {
@@ -24,9 +25,15 @@ class DialerPage final : public QWidget {
     [[nodiscard]] QPushButton* clearButton() const { return Command21; }
     [[nodiscard]] QPushButton* externalButton() const { return Command2; }
 
+    // The size for a small window.
+    void setSmall(bool small);
+
   private:
     [[nodiscard]] QWidget* makeActions();
 
+    QWidget* numberCard_;
+    QWidget* actions_ = nullptr;
+    QLayout* keys_ = nullptr;
     QLabel* Label16;         // the last number dialed
     Keypad* Picture3;        // the keypad
     QPushButton* Command24;  // "&Send"

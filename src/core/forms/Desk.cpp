@@ -1,0 +1,127 @@
+#include "core/forms/Desk.h"
+
+#include <QHBoxLayout>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <algorithm>
+
+#include "core/forms/DocPadColumn.h"
+#include "core/forms/LeftColumn.h"
+#include "platform/controls/PadEdit.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kPaneStretch = 54;
+constexpr int kDocPadStretch = 46;
+
+struct Measures {
+    int margin;  // and gap
+    int narrowestPane;
+    QMargins text;
+    QMargins wideText;  // of DocPad when it fills the desk
+};
+
+constexpr Measures kNormal{12, 440, {16, 14, 16, 14}, {56, 28, 56, 28}};
+constexpr Measures kSmall{8, 412, {12, 10, 12, 10}, {24, 16, 24, 16}};
+constexpr int kSmallDocPad = 280;
+constexpr int kNarrowestDocPad = 200;
+
+}  // namespace
+
+Desk::Desk(const Parts& parts, QWidget* parent)
+    : QScrollArea(parent),
+      parts_(parts),
+      floor_(new QWidget(this)),
+      splitter_(new QSplitter(Qt::Horizontal, floor_)),
+      pages_(new QStackedWidget(splitter_)) {
+    for (QWidget* page : parts.pages)
+        pages_->addWidget(page);
+    splitter_->setObjectName(QStringLiteral("Desk"));
+    splitter_->setChildrenCollapsible(false);
+    splitter_->addWidget(pages_);
+    splitter_->addWidget(parts.docPad);
+    splitter_->setStretchFactor(0, kPaneStretch);
+    splitter_->setStretchFactor(1, kDocPadStretch);
+    splitter_->setSizes({kPaneStretch * 100, kDocPadStretch * 100});
+    connect(splitter_, &QSplitter::splitterMoved, this,
+            [this] { chosenDocPadWidth_ = parts_.docPad->width(); });
+
+    auto* layout = new QHBoxLayout(floor_);
+    layout->addWidget(parts.left);
+    layout->addWidget(splitter_, 1);
+
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(floor_);
+    viewport()->setAutoFillBackground(false);
+    floor_->setAutoFillBackground(false);
+    setMeasures(false, false);
+    showPage(Pane::Planner);
+}
+
+QPoint Desk::paneCorner() const {
+    return pages_->mapTo(floor_, QPoint(0, 0));
+}
+
+// A page that is not on show asks for no room.
+void Desk::showPage(Pane pane) {
+    pages_->setCurrentIndex(static_cast<int>(pane));
+    for (QWidget* page : parts_.pages)
+        page->setSizePolicy(QSizePolicy::Preferred, page == pages_->currentWidget()
+                                                        ? QSizePolicy::Preferred
+                                                        : QSizePolicy::Ignored);
+}
+
+void Desk::setDocPadFills(bool fills) {
+    docPadFills_ = fills;
+    parts_.left->setVisible(!fills);
+    pages_->setVisible(!fills);
+    parts_.docPad->setWide(fills);
+    fitTextMargins();
+    floor_->layout()->activate();
+}
+
+void Desk::fitTextMargins() {
+    const Measures& own = small_ ? kSmall : kNormal;
+    parts_.text->setTextMargins(docPadFills_ ? own.wideText : own.text);
+}
+
+void Desk::setMeasures(bool small, bool narrow) {
+    small_ = small;
+    const Measures& own = small ? kSmall : kNormal;
+    floor_->layout()->setContentsMargins(own.margin, own.margin, own.margin, own.margin);
+    floor_->layout()->setSpacing(own.margin);
+    splitter_->setHandleWidth(own.margin);
+    pages_->setMinimumWidth(own.narrowestPane);
+    parts_.left->setSmall(small);
+    parts_.docPad->setSmall(small, narrow ? kNarrowestDocPad : kSmallDocPad);
+    fitTextMargins();
+}
+
+void Desk::chooseDocPadWidth(int width) {
+    chosenDocPadWidth_ = width;
+    placed_ = false;
+    if (isVisible())
+        applyDocPadWidth();
+}
+
+void Desk::applyDocPadWidth() {
+    placed_ = true;
+    if (chosenDocPadWidth_ <= 0 || docPadFills_)
+        return;
+    const int rest = splitter_->width() - splitter_->handleWidth() - chosenDocPadWidth_;
+    splitter_->setSizes({std::max(rest, 0), chosenDocPadWidth_});
+}
+
+// Before the first showing the splitter has no width that could be divided.
+void Desk::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    if (placed_ || !isVisible())
+        return;
+    floor_->layout()->activate();
+    applyDocPadWidth();
+}
+
+}  // namespace velmora
