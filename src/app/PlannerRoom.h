@@ -11,7 +11,7 @@
 #include "core/PaneSwitch.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
-#include "phonebook/PhonebookStore.h"
+#include "phonebook/EntryWriter.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
@@ -62,8 +62,7 @@ class PlannerRoom {
   public:
     // All must outlive the room.
     PlannerRoom(World& world, const SharedState& state, Calendar& calendar, PaneSwitch& panes,
-                const PhonebookStore& phonebook,
-                std::function<void(const std::string& utf8Text)> endProgram);
+                EntryWriter& entries, std::function<void(const std::string& utf8Text)> endProgram);
 
     void bindCommands(CommandSet& commands);
 

@@ -18,7 +18,7 @@ Program::Program(const NativePath& nativeProgramFolder)
       dialer_(calendar_, *dialerPage_),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
-      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.store(),
+      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.writer(),
                [this](const std::string& text) { endAfter(text); }),
       alarms_(world_, calendar_),
       events_(world_, calendar_,

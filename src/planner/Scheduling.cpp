@@ -52,10 +52,9 @@ void Scheduling::run(const Waiting& waiting) {
     texts.ScheduleBegin = formatTimeText(texts.ScheduleBegin, "hh:mm AMPM", parts_.formats);
     texts.ScheduleEnd = formatTimeText(texts.ScheduleEnd, "hh:mm AMPM", parts_.formats);
 
-    const PhonebookRecord record =
-        writeDateReference(parts_.phonebook, parts_.shared.BookFile,
-                           BookedName::ofListLine(parts_.desk.SelectedLine()),
-                           parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+    const PhonebookRecord record = writeDateReference(
+        parts_.entries, parts_.shared.BookFile, BookedName::ofListLine(parts_.desk.SelectedLine()),
+        parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
     parts_.desk.SetCurrentEntry(record);
     addAppointment(beginningOf(waiting) + nameForAppointment(record) + " " +
                    std::string(record.text(Field::Phone)));

@@ -368,7 +368,7 @@ QLineEdit* AddForm::boxOf(Field field) const {
     return boxes[static_cast<std::size_t>(field)];
 }
 
-void AddForm::showValues(const EntryValues& values) {
+void AddForm::showValues(const Entry& values) {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const auto field = static_cast<Field>(i);
         const std::string& value = values[field];
@@ -385,8 +385,8 @@ void AddForm::showValues(const EntryValues& values) {
     Check1->setChecked(values.justCompany);
 }
 
-EntryValues AddForm::values() const {
-    EntryValues result;
+Entry AddForm::values() const {
+    Entry result;
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const auto field = static_cast<Field>(i);
         const QLineEdit* box = boxOf(field);

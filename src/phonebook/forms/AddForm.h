@@ -33,7 +33,7 @@ class AddForm final : public QDialog {
     void done(int result) override;
 
     // What stands in the form now.
-    [[nodiscard]] EntryValues values() const;
+    [[nodiscard]] Entry values() const;
 
   signals:
     // A value was changed since the form was filled.
@@ -57,7 +57,7 @@ class AddForm final : public QDialog {
     void watchEdits();
 
     [[nodiscard]] QLineEdit* boxOf(Field field) const;
-    void showValues(const EntryValues& values);
+    void showValues(const Entry& values);
     void showForCompany(bool justCompany);
     void chooseAttachment();
     void apply();
