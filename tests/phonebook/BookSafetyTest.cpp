@@ -49,7 +49,7 @@ class BookSafetyTest : public testing::Test {
 };
 
 TEST_F(BookSafetyTest, TwoCopiesOfTheProgramNeverTakeOneSlot) {
-    constexpr int kEach = 1000;
+    constexpr int kEach = 250;
     const auto adding = [&](const char* name) {
         return [this, name] {
             for (int i = 0; i < kEach; ++i)

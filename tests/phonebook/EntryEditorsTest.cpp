@@ -236,6 +236,7 @@ TEST_F(StaleFormTest, AsksAndANoKeepsTheFormOpenAndTheBookAsItIs) {
     messages.willAnswer(false);
     EXPECT_EQ(editor.apply(mine), Outcome::Refused);
     EXPECT_EQ(messages.takeShown(), Texts{question});
+    EXPECT_EQ(messages.takePreselected(), std::vector<Answer>{Answer::No});
     EXPECT_EQ(yellow(), theirs);
     EXPECT_EQ(pane.lines, Texts{});
 }

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "phonebook/EntryClasses.h"
+#include "phonebook/EntryFormTexts.h"
 #include "platform/Failure.h"
 #include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
@@ -30,19 +31,6 @@ constexpr int kFieldGap = 10;
 constexpr int kLabelGap = 4;
 constexpr int kMargin = 16;
 constexpr QSize kFormSize(860, 606);
-
-constexpr const char* kReplacedText =
-    "Characters that the phonebook can not store were replaced by \"?\".";
-
-std::string cutText(std::size_t width) {
-    return "This field holds " + std::to_string(width) + " characters; the rest was left out.";
-}
-
-std::string tooLongPathText() {
-    return "The path of this file is longer than the " +
-           std::to_string(placeOf(Field::FileAttachment).width) +
-           " characters that an entry has room for.";
-}
 
 // A text of the user's own, in which no "&" marks an access key.
 QString literally(QString text) {
