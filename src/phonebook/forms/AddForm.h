@@ -6,7 +6,7 @@
 #include "platform/CodePage.h"
 #include "platform/Messages.h"
 #include "platform/StatusLine.h"
-#include "platform/controls/PadBytes.h"
+#include "platform/controls/DocumentBytes.h"
 
 class QCheckBox;
 class QComboBox;
@@ -67,9 +67,9 @@ class AddForm final : public QDialog {
     Messages& messages_;
     StatusLine& statusLine_;
     const CodePage& codePage_;
-    PadBytes memoBytes_;   // the memo as a book holds it, each line end as it is
-    bool open_ = true;     // the editor has not been told yet that the form closed
-    bool placed_ = false;  // the form stands in the middle of the screen
+    DocumentBytes memoBytes_;  // the memo as a book holds it, each line end as it is
+    bool open_ = true;         // the editor has not been told yet that the form closed
+    bool placed_ = false;      // the form stands in the middle of the screen
 
     QCheckBox* Check1 = nullptr;       // "Just A Company; No Name Needed"
     QLineEdit* Text1 = nullptr;        // Title

@@ -117,7 +117,7 @@ bool CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) const {
     if (caret > changedAt_ && caret < end)
         end = caret;
     const auto isTooLong = [&] {
-        return bytes_.toBytes(document, lengthOf(document)) > static_cast<std::size_t>(mostBytes);
+        return bytes_.size(document) > static_cast<std::size_t>(mostBytes);
     };
     const int endBefore = end;
     while (end > changedAt_ && isTooLong()) {

@@ -3,7 +3,7 @@
 #include <QObject>
 
 #include "platform/CodePage.h"
-#include "platform/controls/PadBytes.h"
+#include "platform/controls/DocumentBytes.h"
 
 class QComboBox;
 class QLineEdit;
@@ -26,7 +26,7 @@ class CodePageGuard final : public QObject {
     // The box must be editable.
     CodePageGuard(QComboBox& box, const CodePage& codePage);
 
-    // As above; a line break counts the bytes that PadBytes gives it.
+    // As above; a line break counts the bytes that DocumentBytes gives it.
     CodePageGuard(QPlainTextEdit& edit, const CodePage& codePage, int mostBytes = 0);
 
   signals:
@@ -43,7 +43,7 @@ class CodePageGuard final : public QObject {
     bool replaceIn(QTextDocument& document);
     [[nodiscard]] bool cutBefore(QPlainTextEdit& edit, int mostBytes) const;
 
-    PadBytes bytes_;
+    DocumentBytes bytes_;
     int changedAt_ = 0;  // where the last change of the document put text, and how much
     int added_ = 0;
     bool busy_ = false;
