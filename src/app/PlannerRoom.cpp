@@ -44,7 +44,7 @@ std::string CalendarPlannerDesk::SelectedLine() const {
 }
 
 PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calendar,
-                         PaneSwitch& panes, const PhonebookStore& phonebook,
+                         PaneSwitch& panes, EntryWriter& entries,
                          std::function<void(const std::string& utf8Text)> endProgram)
     : world_(world),
       calendar_(calendar),
@@ -64,7 +64,7 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
-      scheduling_({state, phonebook, store_, planner_, day_, month_, desk_, scheduleTexts_,
+      scheduling_({state, entries, store_, planner_, day_, month_, desk_, scheduleTexts_,
                    world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
     makeSchedulingMenu();

@@ -12,7 +12,7 @@
 #include "core/PaneSwitch.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
-#include "phonebook/PhonebookStore.h"
+#include "phonebook/EntryWriter.h"
 #include "planner/AppointmentCount.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
@@ -65,8 +65,7 @@ class PlannerRoom {
   public:
     // All must outlive the room.
     PlannerRoom(World& world, const SharedState& state, Calendar& calendar, PaneSwitch& panes,
-                const PhonebookStore& phonebook,
-                std::function<void(const std::string& utf8Text)> endProgram);
+                EntryWriter& entries, std::function<void(const std::string& utf8Text)> endProgram);
     ~PlannerRoom();
     PlannerRoom(const PlannerRoom&) = delete;
     PlannerRoom& operator=(const PlannerRoom&) = delete;

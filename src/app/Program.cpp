@@ -21,7 +21,7 @@ Program::Program(const NativePath& nativeProgramFolder)
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
       letterRoom_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(), docPad_.text(),
                   [this](const std::string& text) { endAfter(text); }),
-      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.store(),
+      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.writer(),
                [this](const std::string& text) { endAfter(text); }),
       alarms_(world_, calendar_),
       events_(world_, calendar_,

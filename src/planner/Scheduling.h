@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "core/SharedState.h"
+#include "phonebook/EntryWriter.h"
 #include "phonebook/PhonebookRecord.h"
-#include "phonebook/PhonebookStore.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
@@ -45,7 +45,7 @@ class ScheduleDesk {
 // What scheduling works with; all outlive it.
 struct SchedulingParts {
     const SharedState& shared;
-    const PhonebookStore& phonebook;
+    EntryWriter& entries;  // of the phonebook
     AppointmentStore& appointments;
     Planner& planner;
     DayControl& day;

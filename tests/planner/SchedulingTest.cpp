@@ -47,8 +47,8 @@ class SchedulingTest : public testing::Test, protected test::PlannerFixture {
                  bytesOf(withPhone(companyRecord("Smith & Sons & Co"), "555-9")) +
                  bytesOf(companyRecord("Acme"));
         scheduling = std::make_unique<Scheduling>(
-            SchedulingParts{books.state, books.store, store, planner, SSDay1, SSMonth1,
-                            scheduleDesk, texts, messages, loop, clock, formats, status});
+            SchedulingParts{books.state, entries, store, planner, SSDay1, SSMonth1, scheduleDesk,
+                            texts, messages, loop, clock, formats, status});
     }
 
     static PhonebookRecord tombstone() {
@@ -82,6 +82,7 @@ class SchedulingTest : public testing::Test, protected test::PlannerFixture {
     FakeScheduleDesk scheduleDesk;
     ScheduleTexts texts;
     test::FakeMessages messages;
+    EntryWriter entries{books.store, messages};
     test::FakeEventLoop loop;
     std::unique_ptr<Scheduling> scheduling;
 };
