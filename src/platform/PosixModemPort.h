@@ -8,10 +8,10 @@
 
 namespace velmora {
 
-// A serial device of this machine at 9600 bits a second, 8 data bits, no parity, one stop bit and no
-// flow control; the bytes pass as they are. Port n is the n-th serial device, or the device that the
-// environment variable VELMORA_COM<n> names. The port is taken for this program alone. Closing it
-// takes DTR away, which ends a call. No operation blocks for longer than half a second.
+// A serial device of this machine at 9600 bits a second, 8 data bits, no parity, one stop bit and
+// no flow control; the bytes pass as they are. Port n is the n-th serial device, or the device that
+// the environment variable VELMORA_COM<n> names. The port is taken for this program alone. Closing
+// it takes DTR away, which ends a call. No operation blocks for longer than half a second.
 class PosixModemPort final : public ModemPort {
   public:
     PosixModemPort() = default;

@@ -10,7 +10,7 @@
 #include "platform/TelephonyLine.h"
 #include "telephony/CallerNumber.h"
 #include "telephony/CallerReport.h"
-#include "telephony/PhoneLog.h"
+#include "docpad/PhoneLog.h"
 
 namespace velmora {
 
@@ -33,8 +33,8 @@ class CallerId {
     void listenTo(TelephonyLine& line);
 
     // One incoming call. The setting may have changed since: then nothing happens. Events run while
-    // the books are searched; a call that comes in then is searched for first, in the same list, and
-    // the search under way goes on with its number.
+    // the books are searched; a call that comes in then is searched for first, in the same list,
+    // and the search under way goes on with its number.
     void onCall(const Caller& caller);
 
     // A call of this number, whatever the setting says.

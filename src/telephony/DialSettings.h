@@ -12,12 +12,12 @@ struct DialSettings {
     // Reads the settings anew.
     static DialSettings read(const SettingsStore& settings);
 
-    int port = 0;               // 1 to 9; 0 where the setting names none
-    std::string command;        // "ATDT", "ATDP", or nothing for a mode that is not known
-    std::string prefix;         // as it stands, blanks included
+    int port = 0;                // 1 to 9; 0 where the setting names none
+    std::string command;         // "ATDT", "ATDP", or nothing for a mode that is not known
+    std::string prefix;          // as it stands, blanks included
     std::string initialisation;  // trimmed
-    bool log = false;           // calls go into the phone log
-    std::string areaCode;       // trimmed
+    bool log = false;            // calls go into the phone log
+    std::string areaCode;        // trimmed
 };
 
 // Whether calls go into the phone log: the setting is exactly 1, as a number.

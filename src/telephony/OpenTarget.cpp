@@ -42,9 +42,8 @@ bool hasScheme(std::string_view text) {
     if (colon == std::string_view::npos || colon < kShortestScheme || !isLetter(text.front()))
         return false;
     const std::string_view scheme = text.substr(0, colon), rest = text.substr(colon + 1);
-    const bool isName = std::ranges::all_of(scheme, [](char c) {
-        return isLetter(c) || isDigit(c) || c == '+' || c == '-';
-    });
+    const bool isName = std::ranges::all_of(
+        scheme, [](char c) { return isLetter(c) || isDigit(c) || c == '+' || c == '-'; });
     return isName && (rest.empty() || !isDigit(rest.front()));
 }
 

@@ -139,8 +139,7 @@ class MemoryFiles final : public Files {
     }
 
     void failIfUnreachable(const std::string& path) const {
-        if (unreachable ||
-            (!unreachableFolder.empty() && path.starts_with(unreachableFolder)))
+        if (unreachable || (!unreachableFolder.empty() && path.starts_with(unreachableFolder)))
             throw Failure("The file " + path + " can not be opened: No such file or directory.");
     }
 

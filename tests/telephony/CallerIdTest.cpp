@@ -54,10 +54,10 @@ class CallerIdTest : public ::testing::Test, protected test::PhonebookFixture {
 TEST_F(CallerIdTest, AnyOfFourFieldsInAnyOfFiveFormsIsTheCaller) {
     int person = 0;
     for (const Field field : {Field::Phone, Field::WorkPhone, Field::Fax, Field::OtherPhone})
-        for (const char* form : {"5165551212", "555-1212", "(516) 555-1212", "516 555-1212",
-                                 "516-555-1212"})
-            add(yellow(), withNumber(test::personRecord("P" + std::to_string(++person), "X"), field,
-                                     form));
+        for (const char* form :
+             {"5165551212", "555-1212", "(516) 555-1212", "516 555-1212", "516-555-1212"})
+            add(yellow(),
+                withNumber(test::personRecord("P" + std::to_string(++person), "X"), field, form));
     EXPECT_EQ(callersOf(" 5165551212 ").size(), 20U);
     EXPECT_EQ(report.number, "5165551212");
     EXPECT_EQ(callerId.callerNumber(), "5165551212");
@@ -66,8 +66,8 @@ TEST_F(CallerIdTest, AnyOfFourFieldsInAnyOfFiveFormsIsTheCaller) {
 TEST_F(CallerIdTest, TheFormsAreComparedToTheLetterAndThePagerIsNoTelephone) {
     int person = 0;
     const auto addPerson = [&](Field field, const char* number) {
-        add(yellow(), withNumber(test::personRecord("P" + std::to_string(++person), "X"), field,
-                                 number));
+        add(yellow(),
+            withNumber(test::personRecord("P" + std::to_string(++person), "X"), field, number));
     };
     for (const char* other : {"516.555.1212", "1-516-555-1212", "(516)555-1212", "5551212",
                               "516-5551212", "555-1212 x3"})
@@ -85,8 +85,8 @@ TEST_F(CallerIdTest, TheYellowPagesComeFirstEachBookInItsOrder) {
     add(yellow(), numbered(test::personRecord("Smith", "John")));
     add(yellow(), test::personRecord("Brown", "Bob"));
     add(yellow(), numbered(test::personRecord("Adams", "Ann")));
-    EXPECT_THAT(callersOf("5165551212"), ElementsAre("Y: Smith, John", "Y: Adams, Ann",
-                                                     "W: Acme Tools", "W: Adams, Al"));
+    EXPECT_THAT(callersOf("5165551212"),
+                ElementsAre("Y: Smith, John", "Y: Adams, Ann", "W: Acme Tools", "W: Adams, Al"));
     EXPECT_TRUE(report.listEnabled);
     EXPECT_EQ(report.presented, 2);
     EXPECT_EQ(status.text, "Incoming Phone Call from: 5165551212.");
@@ -139,8 +139,7 @@ TEST_F(CallerIdTest, LogsWhatComesInOnlyWhenTheSettingIsOne) {
     EXPECT_EQ(files["/velmora\\phonelog.txt"], "");
     settings.Save("LogPhone", "1");
     callersOf("5165551212");
-    EXPECT_EQ(files["/velmora\\phonelog.txt"],
-              "15-Nov-01\t05:34 PM\tIncoming\t5165551212\r\n");
+    EXPECT_EQ(files["/velmora\\phonelog.txt"], "15-Nov-01\t05:34 PM\tIncoming\t5165551212\r\n");
 }
 
 TEST_F(CallerIdTest, TheSwitchCountsAtEachCallInAnyCase) {
@@ -155,8 +154,8 @@ TEST_F(CallerIdTest, TheSwitchCountsAtEachCallInAnyCase) {
 }
 
 TEST_F(CallerIdTest, TheLineIsActivatedOnlyByExactlyOn) {
-    for (const auto& [setting, active] : {std::pair{"on", false}, {" ON", false}, {"", false},
-                                          {"ON", true}}) {
+    for (const auto& [setting, active] :
+         {std::pair{"on", false}, {" ON", false}, {"", false}, {"ON", true}}) {
         settings.Save("CallerID", setting);
         FakeLine line;
         callerId.listenTo(line);
@@ -169,8 +168,8 @@ TEST_F(CallerIdTest, TheLineIsActivatedOnlyByExactlyOn) {
 }
 
 TEST_F(CallerIdTest, ASecondCallInTheMiddleTakesOverTheListAndTheNumber) {
-    for (const char* number : {"111-1111", "222-2222", "111-1111", "222-2222", "5", "5", "5", "5",
-                               "5", "222-2222"})
+    for (const char* number :
+         {"111-1111", "222-2222", "111-1111", "222-2222", "5", "5", "5", "5", "5", "222-2222"})
         add(yellow(), withNumber(test::personRecord("P" + std::to_string(yellow().size()), "X"),
                                  Field::Phone, number));
     loop.onYield = [this] {

@@ -73,8 +73,11 @@ TEST_F(DialerTest, ThePrefixStandsBeforeTheNumberAsItIs) {
 }
 
 TEST_F(DialerTest, TheModeCountsByItsExactLetters) {
-    for (const auto& [mode, sent] : {std::pair{"Tone", "ATDT1\r\n"}, {"Pulse", "ATDP1\r\n"},
-                                     {"", "ATDT1\r\n"}, {"TONE", "1\r\n"}, {" Tone", "1\r\n"}}) {
+    for (const auto& [mode, sent] : {std::pair{"Tone", "ATDT1\r\n"},
+                                     {"Pulse", "ATDP1\r\n"},
+                                     {"", "ATDT1\r\n"},
+                                     {"TONE", "1\r\n"},
+                                     {" Tone", "1\r\n"}}) {
         settings.Save("ComType", mode);
         dial("1");
         EXPECT_EQ(port.calls.back(), sent) << mode;
@@ -82,8 +85,11 @@ TEST_F(DialerTest, TheModeCountsByItsExactLetters) {
 }
 
 TEST_F(DialerTest, TheLastCharacterOfThePortsNameIsItsNumber) {
-    for (const auto& [name, call] : {std::pair{"COM3", "open 3"}, {" COM8  ", "open 8"},
-                                     {"COM10", "open 0"}, {"", "open 0"}, {"COMx", "open 0"}}) {
+    for (const auto& [name, call] : {std::pair{"COM3", "open 3"},
+                                     {" COM8  ", "open 8"},
+                                     {"COM10", "open 0"},
+                                     {"", "open 0"},
+                                     {"COMx", "open 0"}}) {
         settings.Save("ComPort", name);
         port.close();
         port.calls.clear();
@@ -158,11 +164,14 @@ TEST_F(DialerTest, ANumberOfBlanksIsDialedAndHidesTheHangUpOfTheCall) {
 }
 
 TEST_F(DialerTest, TheOwnAreaCodeComesOffWhereverItStandsInTheFirstFour) {
-    for (const auto& [code, number, dialed] :
-         {std::tuple{"212", "2125551212", "5551212"}, {"212", "1212555", "2555"},
-          {"516", "(516) 555-1212", "6) 555-1212"}, {" 212 ", "2125551212", "5551212"},
-          {"", "2125551212", "2125551212"}, {"212", "5552125", "5552125"},
-          {"ab", "xABc5", "Bc5"}, {"21255", "2125551212", "2125551212"}}) {
+    for (const auto& [code, number, dialed] : {std::tuple{"212", "2125551212", "5551212"},
+                                               {"212", "1212555", "2555"},
+                                               {"516", "(516) 555-1212", "6) 555-1212"},
+                                               {" 212 ", "2125551212", "5551212"},
+                                               {"", "2125551212", "2125551212"},
+                                               {"212", "5552125", "5552125"},
+                                               {"ab", "xABc5", "Bc5"},
+                                               {"21255", "2125551212", "2125551212"}}) {
         settings.Save("LocalAreaCode", code);
         EXPECT_EQ(dial(number), dialed) << code;
         EXPECT_EQ(port.calls.back(), std::string("ATDT") + dialed + "\r\n");
@@ -179,8 +188,8 @@ TEST_F(DialerTest, ANumberThatIsTheAreaCodeIsRefusedAsEmpty) {
 TEST_F(DialerTest, ASecondCallDropsTheLineFirst) {
     dial("1");
     dial("2");
-    EXPECT_THAT(port.calls, ElementsAre("open 3", "\r", "ATDT1\r\n", "close", "open 3", "\r",
-                                        "ATDT2\r\n"));
+    EXPECT_THAT(port.calls,
+                ElementsAre("open 3", "\r", "ATDT1\r\n", "close", "open 3", "\r", "ATDT2\r\n"));
 }
 
 TEST_F(DialerTest, ACallFromAPendingEventRunsWhollyFirst) {
@@ -189,8 +198,8 @@ TEST_F(DialerTest, ACallFromAPendingEventRunsWhollyFirst) {
         dial("1");
     };
     dial("2");
-    EXPECT_THAT(port.calls, ElementsAre("open 3", "\r", "ATDT1\r\n", "close", "open 3", "\r",
-                                        "ATDT2\r\n"));
+    EXPECT_THAT(port.calls,
+                ElementsAre("open 3", "\r", "ATDT1\r\n", "close", "open 3", "\r", "ATDT2\r\n"));
 }
 
 TEST_F(DialerTest, AProgramThatClosesDialsNoMore) {

@@ -32,8 +32,15 @@ class MailAndWebTest : public ::testing::Test, protected test::PhonebookFixture 
     test::FakeSystemOpener opener;
     test::FakeMessages messages;
     SelectedEntry entry{state, PhonebookFixture::store, list};
-    MailAndWeb commands{{settings, entry, files, starter, opener, messages, codePage,
-                         {"https://home.example/", "desk@home.example"}, "/velmora"}};
+    MailAndWeb commands{{settings,
+                         entry,
+                         files,
+                         starter,
+                         opener,
+                         messages,
+                         codePage,
+                         {"https://home.example/", "desk@home.example"},
+                         "/velmora"}};
 };
 
 TEST_F(MailAndWebTest, TheNamedMailProgramGetsItsSettingsAndNotTheAddress) {
@@ -106,9 +113,9 @@ TEST_F(MailAndWebTest, ThePageIsOneArgumentOfTheBrowserAndNeverAnOption) {
 
 TEST_F(MailAndWebTest, TheDesktopGetsThePageAsAnAddress) {
     settings.Save("IEEnhanced", "YES");
-    for (const char* page : {"www.home.example", "https://home.example/", "-x", "",
-                             "file:///etc/passwd", "FILE:x", "/etc/evil.desktop",
-                             "localhost:8080/x"}) {
+    for (const char* page :
+         {"www.home.example", "https://home.example/", "-x", "", "file:///etc/passwd", "FILE:x",
+          "/etc/evil.desktop", "localhost:8080/x"}) {
         store(Field::WebPage, page);
         commands.goToEntrysPage();
     }
@@ -125,9 +132,9 @@ TEST_F(MailAndWebTest, TheAttachedFileIsOpenedByItsWholePath) {
             store(Field::FileAttachment, file);
             commands.openEntrysFile();
         }
-        EXPECT_THAT(opened(), ElementsAre("/home/letter.txt", "/velmora/notes/a b.txt",
-                                          "/velmora/-rf", "https://x.example/",
-                                          "/velmora/C:\\docs\\a.txt"));
+        EXPECT_THAT(opened(),
+                    ElementsAre("/home/letter.txt", "/velmora/notes/a b.txt", "/velmora/-rf",
+                                "https://x.example/", "/velmora/C:\\docs\\a.txt"));
     }
 }
 

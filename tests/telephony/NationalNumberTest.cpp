@@ -25,11 +25,11 @@ TEST(NationalNumber, CountriesWithoutSuchADigitHaveTheBareNumber) {
 }
 
 TEST(NationalNumber, AnyOtherNumberComesBackAsItIs) {
-    for (const char* received : {"", "5551212", "030123456", "+33123456789", "0033123456789",
-                                 "+49", "+", "00", "+49x30", "anonymous", "*21#", "110"})
+    for (const char* received : {"", "5551212", "030123456", "+33123456789", "0033123456789", "+49",
+                                 "+", "00", "+49x30", "anonymous", "*21#", "110"})
         EXPECT_EQ(nationalNumber(received, "DE"), received);
-    for (const char* received : {"", "5551212", "+49301234567", "+1516555121", "2125551212",
-                                 "911", "25165551212"})
+    for (const char* received :
+         {"", "5551212", "+49301234567", "+1516555121", "2125551212", "911", "25165551212"})
         EXPECT_EQ(nationalNumber(received, "US"), received);
     EXPECT_EQ(nationalNumber("+15165551212", "??"), "+15165551212");
     EXPECT_EQ(nationalNumber("+15165551212", ""), "+15165551212");

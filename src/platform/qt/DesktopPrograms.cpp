@@ -15,8 +15,7 @@ constexpr const char* kOpener = "xdg-open";
 
 // A NUL would end an argument early, and a line end is no part of any name or address.
 bool isOneLine(const std::string& text) {
-    return std::ranges::none_of(text,
-                                [](char c) { return c == '\0' || c == '\r' || c == '\n'; });
+    return std::ranges::none_of(text, [](char c) { return c == '\0' || c == '\r' || c == '\n'; });
 }
 
 bool isProgram(const QString& path) {
