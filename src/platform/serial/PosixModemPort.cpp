@@ -1,4 +1,4 @@
-#include "platform/PosixModemPort.h"
+#include "platform/serial/PosixModemPort.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -24,25 +24,25 @@ constexpr std::chrono::milliseconds kLongestWrite{500};
 constexpr std::chrono::milliseconds kLongestClose{500};
 constexpr int kLookAgain = 10;  // milliseconds between two looks at what is still to be sent
 
-std::string devicePath(int number) {
+NativePath devicePath(int number) {
     if (number < kFirstPort || number > kLastPort)
         throw Failure("There is no serial port " + std::to_string(number) + ".");
     const std::string variable = "VELMORA_COM" + std::to_string(number);
     if (const char* named = std::getenv(variable.c_str()); named && *named != '\0')
-        return named;
-    return "/dev/ttyS" + std::to_string(number - kFirstPort);
+        return NativePath(named);
+    return NativePath("/dev/ttyS" + std::to_string(number - kFirstPort));
 }
 
-Failure deviceFailure(const std::string& what, const std::string& path) {
-    return systemFailure(what + " " + path, errno);
+Failure deviceFailure(const std::string& what, const NativePath& path) {
+    return systemFailure(what + " " + path.utf8(), errno);
 }
 
-void takeForThisProgram(const FileDescriptor& device, const std::string& path) {
+void takeForThisProgram(const FileDescriptor& device, const NativePath& path) {
     if (::ioctl(device.number(), TIOCEXCL) != 0 || ::flock(device.number(), LOCK_EX | LOCK_NB) != 0)
         throw deviceFailure("Another program has", path);
 }
 
-void setUpLine(const FileDescriptor& device, const std::string& path) {
+void setUpLine(const FileDescriptor& device, const NativePath& path) {
     termios line{};
     if (::tcgetattr(device.number(), &line) != 0)
         throw deviceFailure("No modem can be at", path);
@@ -71,7 +71,7 @@ PosixModemPort::~PosixModemPort() {
 }
 
 void PosixModemPort::open(int number) {
-    const std::string path = devicePath(number);
+    const NativePath path = devicePath(number);
     FileDescriptor device = openFile(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (!device.isOpen())
         throw deviceFailure("The modem can not be reached at", path);
@@ -103,7 +103,7 @@ void PosixModemPort::send(std::string_view bytes) {
             throw deviceFailure("The modem can not be written to at", path_);
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
         if (left.count() <= 0)
-            throw Failure("The modem at " + path_ + " takes nothing.");
+            throw Failure("The modem at " + path_.utf8() + " takes nothing.");
         pollfd ready{device_->number(), POLLOUT, 0};
         ::poll(&ready, 1, static_cast<int>(left.count()));
     }

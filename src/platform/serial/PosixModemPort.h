@@ -1,10 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
-#include "platform/FileDescriptor.h"
 #include "platform/ModemPort.h"
+#include "platform/NativePath.h"
+#include "platform/files/FileDescriptor.h"
 
 namespace velmora {
 
@@ -27,7 +27,7 @@ class PosixModemPort final : public ModemPort {
     void clearStatus() override {}
 
   private:
-    std::string path_;
+    NativePath path_;
     std::optional<FileDescriptor> device_;
 };
 
