@@ -15,7 +15,8 @@ Program::Program(const NativePath& nativeProgramFolder)
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage), partsOf(*dialerPage_)}),
       windowRoom_(world_, state_, calendar_, commands_),
       phonebook_(world_, state_, calendar_),
-      dialer_(calendar_, *dialerPage_),
+      dialer_(world_, state_, calendar_, *dialerPage_, phonebook_.store()),
+      outside_(world_, state_, calendar_, phonebook_.store()),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
       planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.store(),
@@ -28,7 +29,9 @@ Program::Program(const NativePath& nativeProgramFolder)
       tasks_(world_, calendar_, jobs_.printing()),
       fonts_(world_, calendar_),
       printing_(world_, calendar_, jobs_.printing()),
-      accessories_(world_, calendar_),
+      accessories_(world_, calendar_,
+                   {.goToHomePage = [this] { outside_.mailAndWeb().goToHomePage(); },
+                    .mailToProduct = [this] { outside_.mailAndWeb().mailToProduct(); }}),
       search_(
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
           [this] { calendar_.flipCheck1(); },
@@ -76,6 +79,8 @@ void Program::endWithoutAsking() {
 void Program::bindCommands() {
     windowRoom_.bindCommands(commands_);
     phonebook_.bindCommands(commands_);
+    dialer_.bindCommands(commands_);
+    outside_.bindCommands(commands_);
     docPad_.bindCommands(commands_);
     planner_.bindCommands(commands_);
     events_.bindCommands(commands_);

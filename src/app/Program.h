@@ -10,6 +10,7 @@
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
+#include "app/OutsideRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -70,6 +71,7 @@ class Program {
     WindowRoom windowRoom_;
     PhonebookRoom phonebook_;
     DialerRoom dialer_;
+    OutsideRoom outside_;
     JobRoom jobs_;
     DocPadRoom docPad_;
     PlannerRoom planner_;

@@ -10,7 +10,7 @@
 #include "platform/TelephonyLine.h"
 #include "telephony/CallerNumber.h"
 #include "telephony/CallerReport.h"
-#include "docpad/PhoneLog.h"
+#include "telephony/PhoneLog.h"
 
 namespace velmora {
 

@@ -10,7 +10,7 @@
 #include "platform/ModemPort.h"
 #include "platform/StatusLine.h"
 #include "telephony/DialerPane.h"
-#include "docpad/PhoneLog.h"
+#include "telephony/PhoneLog.h"
 
 namespace velmora {
 

@@ -45,6 +45,16 @@ void MailAndWeb::runBrowser() {
         runNamedProgram("Browser");
 }
 
+void MailAndWeb::mailToProduct() {
+    if (!parts_.addresses.mail.empty())
+        mailTo(parts_.addresses.mail);
+}
+
+void MailAndWeb::goToHomePage() {
+    if (!parts_.addresses.homePage.empty())
+        goTo(parts_.addresses.homePage);
+}
+
 bool MailAndWeb::usesDesktop() const {
     return parts_.settings.readSwitch("IEEnhanced") == "YES";
 }

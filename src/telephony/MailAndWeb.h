@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ProductAddresses.h"
 #include "core/SettingsStore.h"
 #include "phonebook/SelectedEntry.h"
 #include "platform/CodePage.h"
@@ -11,12 +12,6 @@
 #include "platform/ProgramStarter.h"
 
 namespace velmora {
-
-// The addresses of Velmora itself; either may be empty, and then nothing is opened for it.
-struct ProductAddresses {
-    std::string homePage;
-    std::string mail;
-};
 
 // Hands the mail address, the web page and the attached file of the selected entry to programs
 // outside: those that the settings name or, with `IEEnhanced`, those that the desktop has for it.
@@ -48,8 +43,8 @@ class MailAndWeb {
     void runBrowser();
 
     // The links of the about box.
-    void mailToProduct() { mailTo(parts_.addresses.mail); }
-    void goToHomePage() { goTo(parts_.addresses.homePage); }
+    void mailToProduct();
+    void goToHomePage();
 
   private:
     [[nodiscard]] bool usesDesktop() const;

@@ -131,12 +131,11 @@ TEST_F(ProgramTest, EndsWhileTheTrashMoves) {
 
 TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
-        Commands::mergeprntmnu, Commands::runmnu,  Commands::backupmnu,     Commands::exitwinmnu,
-        Commands::Setupmnu,     Commands::repprnt, Commands::importplanner, Commands::prntentry,
-        Commands::dialp,        Commands::dialwn,  Commands::DialoOtherMnu, Commands::faxmnu,
-        Commands::emailmnu,     Commands::webmnu,  Commands::Importmnu,     Commands::importoldmnu,
-        Commands::exportmnu,    Commands::envmnu,  Commands::Explorer,      Commands::Control,
-        Commands::EMail,        Commands::WebPage, Commands::Insert1,       Commands::Insert2,
+        Commands::mergeprntmnu, Commands::runmnu,    Commands::backupmnu,     Commands::exitwinmnu,
+        Commands::Setupmnu,     Commands::repprnt,   Commands::importplanner, Commands::prntentry,
+        Commands::faxmnu,       Commands::Importmnu, Commands::importoldmnu,  Commands::exportmnu,
+        Commands::envmnu,       Commands::Explorer,  Commands::Control,       Commands::Insert1,
+        Commands::Insert2,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;
