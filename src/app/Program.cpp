@@ -16,7 +16,8 @@ Program::Program(const NativePath& nativeProgramFolder)
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage), partsOf(*dialerPage_)}),
       windowRoom_(world_, state_, calendar_, commands_),
       phonebook_(world_, state_, calendar_),
-      dialer_(calendar_, *dialerPage_),
+      dialer_(world_, state_, calendar_, *dialerPage_, phonebook_.store()),
+      outside_(world_, state_, calendar_, phonebook_.store()),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
       letterRoom_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(), docPad_.text(),
@@ -33,7 +34,9 @@ Program::Program(const NativePath& nativeProgramFolder)
       printing_(world_, calendar_, jobs_.printing()),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),
-      accessories_(world_, calendar_),
+      accessories_(world_, calendar_,
+                   {.goToHomePage = [this] { outside_.mailAndWeb().goToHomePage(); },
+                    .mailToProduct = [this] { outside_.mailAndWeb().mailToProduct(); }}),
       search_(
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
           [this] { calendar_.flipCheck1(); },
@@ -91,6 +94,8 @@ void Program::endWithoutAsking() {
 void Program::bindCommands() {
     windowRoom_.bindCommands(commands_);
     phonebook_.bindCommands(commands_);
+    dialer_.bindCommands(commands_);
+    outside_.bindCommands(commands_);
     docPad_.bindCommands(commands_);
     letterRoom_.bindCommands(commands_);
     planner_.bindCommands(commands_);

@@ -11,6 +11,7 @@
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
 #include "app/LetterRoom.h"
+#include "app/OutsideRoom.h"
 #include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
@@ -74,6 +75,7 @@ class Program {
     WindowRoom windowRoom_;
     PhonebookRoom phonebook_;
     DialerRoom dialer_;
+    OutsideRoom outside_;
     JobRoom jobs_;
     DocPadRoom docPad_;
     LetterRoom letterRoom_;

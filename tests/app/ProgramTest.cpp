@@ -169,11 +169,9 @@ TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
         Commands::mergeprntmnu,  Commands::runmnu,    Commands::backupmnu,
         Commands::exitwinmnu,    Commands::Setupmnu,  Commands::repprnt,
-        Commands::importplanner, Commands::dialp,     Commands::dialwn,
-        Commands::DialoOtherMnu, Commands::faxmnu,    Commands::emailmnu,
-        Commands::webmnu,        Commands::Importmnu, Commands::importoldmnu,
-        Commands::exportmnu,     Commands::Explorer,  Commands::Control,
-        Commands::EMail,         Commands::WebPage,
+        Commands::importplanner, Commands::faxmnu,    Commands::Importmnu,
+        Commands::importoldmnu,  Commands::exportmnu, Commands::Explorer,
+        Commands::Control,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;

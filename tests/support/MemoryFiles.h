@@ -58,6 +58,9 @@ class MemoryFiles final : public Files {
     // Every attempt to open or read a file throws while this is set.
     bool unreachable = false;
 
+    // The same for files whose path begins with this; nothing for none.
+    std::string unreachableFolder;
+
     [[nodiscard]] int openFiles() const { return *open_; }
     std::vector<std::string> takeLog() { return std::exchange(*log_, {}); }
 
@@ -163,7 +166,7 @@ class MemoryFiles final : public Files {
     }
 
     void failIfUnreachable(const std::string& path) const {
-        if (unreachable)
+        if (unreachable || (!unreachableFolder.empty() && path.starts_with(unreachableFolder)))
             throw Failure("The file " + path + " can not be opened: No such file or directory.");
     }
 

@@ -19,6 +19,7 @@ FORM_PARTS = ["platform", "platform/qt", "platform/controls", "core", QT]
 MAY_INCLUDE = {
     "platform": [],
     "platform/files": ["platform"],
+    "platform/serial": ["platform", "platform/files"],
     "platform/sqlite": ["platform", "platform/files"],
     "platform/access": ["platform"],
     "platform/qt": ["platform", QT],
