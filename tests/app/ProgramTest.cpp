@@ -151,6 +151,7 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     pad.setBytes("");
     QMimeData entry;
     entry.setData(QLatin1String(kEntryFormat), "Adair, Ann");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), entry));
     EXPECT_TRUE(test::dropOn(*pad.viewport(), entry));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
     EXPECT_EQ(pad.bytes(), "Ann Adair\r\n1 Lake Road\r\n\r\n");
@@ -160,6 +161,7 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     pad.setBytes("");
     QMimeData task;
     task.setData(QLatin1String(kTaskFormat), "Buy milk");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), task));
     EXPECT_TRUE(test::dropOn(*pad.viewport(), task));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
     EXPECT_EQ(pad.bytes(), "Buy milk\r\n");
