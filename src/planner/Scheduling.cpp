@@ -86,10 +86,10 @@ void Scheduling::run(Waiting& waiting) {
     texts.ScheduleEnd = formatTimeText(texts.ScheduleEnd, "hh:mm AMPM", parts_.formats);
 
     if (!waiting.booked)
-        waiting.booked = writeDateReference(
-            parts_.entries, parts_.shared.BookFile,
-            BookedName::ofListLine(parts_.desk.SelectedLine()),
-            parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+        waiting.booked =
+            writeDateReference(parts_.entries, parts_.shared.BookFile,
+                               BookedName::ofListLine(parts_.desk.SelectedLine()),
+                               parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
     const PhonebookRecord& record = *waiting.booked;
     parts_.desk.SetCurrentEntry(record);
     addAppointment(beginningOf(waiting) + nameForAppointment(record) + " " +
