@@ -252,11 +252,16 @@ void Envelope::showContent() {
 void Envelope::showFont(std::size_t line) {
     const EnvelopeLine& shown = parts_.editor.content().lines[line];
     QLineEdit* box = rows_[line].text;
-    QFont font(toQt(shown.fontName, parts_.codePage));
-    font.setPointSizeF(shown.fontSize);
-    box->setFont(font);
-    const QColor ink(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255);
-    box->setStyleSheet(shown.colour == 0 ? QString() : QStringLiteral("color: %1").arg(ink.name()));
+    QString family = toQt(shown.fontName, parts_.codePage);
+    family.remove(QLatin1Char('"')).remove(QLatin1Char('\\'));
+    QString look =
+        QStringLiteral("font-family: \"%1\"; font-size: %2pt;").arg(family).arg(shown.fontSize);
+    if (shown.colour != 0)
+        look +=
+            QStringLiteral(" color: %1;")
+                .arg(QColor(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255)
+                         .name());
+    box->setStyleSheet(look);
 }
 
 void Envelope::showPicture() {
