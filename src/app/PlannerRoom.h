@@ -21,6 +21,7 @@
 #include "planner/Scheduling.h"
 #include "planner/forms/Schedule.h"
 #include "planner/forms/YearPane.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
 
 class QMenu;
@@ -101,6 +102,7 @@ class PlannerRoom {
 
     access::ChildAccessReader accessReader_;
     PlannerOpener opener_;
+    SqliteAppointmentSource source_;
     AppointmentStore store_;
     Planner planner_;
     PlannerFolder folder_;

@@ -24,6 +24,7 @@ MAY_INCLUDE = {
     "platform/qt": ["platform", QT],
     "platform/controls": ["platform", "platform/qt", "platform/controls/models", QT],
     "platform/controls/models": ["platform"],
+    "planner/sqlite": ["platform", "platform/files", "platform/sqlite", "planner"],
     "core": ["platform"],
     "core/forms": FORM_PARTS,
 }
