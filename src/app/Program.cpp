@@ -65,6 +65,11 @@ Program::Program(const NativePath& nativeProgramFolder)
                   .mayClose = [this] { return docPad_.mayClose(); },
                   .keepText = [this] { docPad_.keepForNextStart(); },
                   .keepForms = [this] { phonebook_.keepForNextStart(); },
+                  .sealKept =
+                      [this] {
+                          docPad_.sealKept();
+                          phonebook_.sealKept();
+                      },
                   .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.shape()); },
                   .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
@@ -89,6 +94,19 @@ void Program::close() {
 void Program::endWithoutAsking() {
     closeDown_.runWithoutAsking();
     QCoreApplication::exit(0);
+}
+
+bool Program::hasToAsk() const {
+    return !ended() && docPad_.docPad().changed();
+}
+
+bool Program::askBeforeSessionEnd() {
+    return docPad_.docPad().mayEnd();
+}
+
+void Program::endWithSession() {
+    docPad_.docPad().dropGivenUp();
+    endWithoutAsking();
 }
 
 void Program::bindCommands() {
