@@ -48,7 +48,8 @@ Program::Program(const NativePath& nativeProgramFolder)
                              if (commands_.isBound(name))
                                  commands_.run(name);
                          },
-                     .scheduling = planner_.schedulingCommands()}),
+                     .scheduling = planner_.schedulingCommands(),
+                     .schedulingShown = [this] { planner_.warnOfEmptyPlanner(); }}),
       startUp_(state_, calendar_, world_.settings, windowRoom_.clockLine(), windowRoom_.tray(),
                world_.clock, world_.locale,
                {.watchMenus = [this] { windowRoom_.watchMenus(); },

@@ -98,19 +98,23 @@ class SessionManager:
         self.events.clear()
         style = ANY_INTERACTION if ask else NO_INTERACTION
         self._ending = shutdown
-        self._post(lambda: save_yourself(self._client, SAVE_BOTH, shutdown, style, False))
+        self._post_for_client(save_yourself, SAVE_BOTH, shutdown, style, False)
 
     def call_off(self):
-        self._post(lambda: shutdown_cancelled(self._client))
+        self._post_for_client(shutdown_cancelled)
 
     def end_program(self):
-        self._post(lambda: die(self._client))
+        self._post_for_client(die)
 
     def close(self):
         self._post(lambda: setattr(self, "_ends", True))
         self._thread.join()
         os.close(self._wake)
         os.close(self._waker)
+
+    def _post_for_client(self, function, *arguments):
+        # The program may have ended by itself meanwhile.
+        self._post(lambda: self._client and function(self._client, *arguments))
 
     def _post(self, work):
         self._work.put(work)
