@@ -20,6 +20,14 @@
 #include "platform/controls/SSYear.h"
 
 namespace velmora {
+namespace {
+
+constexpr const char* kPlannerIsEmpty =
+    "The planner is empty: type its first appointment into the day view before you schedule with "
+    "an entry.";
+
+}  // namespace
+
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
                                          Schedule& schedule, WeekWindow& week,
                                          std::function<void(const std::string&)> endProgram)
@@ -101,6 +109,8 @@ void PlannerRoom::connectControls() {
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
         QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped,
                          &connections_, [this] { popUpSchedulingMenu(); });
+    QObject::connect(column.list(), &EntryList::dragBegins, &connections_,
+                     [this] { warnOfEmptyPlanner(); });
     QObject::connect(&scheduleForm_, &Schedule::applied, &connections_, [this] {
         commitEditors();  // the new appointment loads the day anew
         scheduling_.OnApplied();
@@ -123,6 +133,11 @@ void PlannerRoom::makeSchedulingMenu() {
 
 QList<QAction*> PlannerRoom::schedulingCommands() const {
     return Chmenu->actions();
+}
+
+void PlannerRoom::warnOfEmptyPlanner() {
+    if (count_.isEmpty())
+        calendar_.status().show(kPlannerIsEmpty);
 }
 
 void PlannerRoom::popUpSchedulingMenu() {

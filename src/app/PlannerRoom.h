@@ -76,6 +76,10 @@ class PlannerRoom {
     // The nine commands of the scheduling menu.
     [[nodiscard]] QList<QAction*> schedulingCommands() const;
 
+    // The user is about to schedule something, which does not work in an empty planner: the status
+    // line says so.
+    void warnOfEmptyPlanner();
+
     // Steps of the start-up list.
     void openDatabase();
     void setDayLimits() { planner_.SetTimeLimits(); }

@@ -12,6 +12,20 @@ namespace velmora {
 namespace {
 
 constexpr int kMostTries = 10;  // five seconds
+constexpr const char* kNoAppointmentYet =
+    "There is no current appointment. Type the first appointment of a new planner into the day "
+    "view.";
+
+// The very first row comes from the day view.
+void goToFirst(AppointmentStore& store) {
+    try {
+        store.MoveFirst();
+    } catch (const Failure& failure) {
+        if (obstacleOf(failure) == Obstacle::NoSuchRow)
+            throw Failure(kNoAppointmentYet);
+        throw;
+    }
+}
 
 }  // namespace
 
@@ -25,6 +39,8 @@ void Scheduling::Start(ScheduleCommand command) {
             parts_.messages
                 .askText("Schedule Other...", "What would you like to schedule?", "Other Event")
                 .value_or("");
+    if (parts_.loop.closing())
+        return;  // the end of the program has closed the question
     waiting_.push_back({.command = command, .answer = std::move(answer)});
     parts_.desk.OpenSchedule();
 }
@@ -111,7 +127,7 @@ void Scheduling::addAppointment(const std::string& description) {
     AppointmentStore& store = parts_.appointments;
     store.SelectAll();
     store.Refresh();
-    store.MoveFirst();  // fails on an empty table: the very first row comes from the day view
+    goToFirst(store);
     const Moment now = parts_.clock.now();
     store.Add({.tag = now,
                .day = readDate(parts_.month.Date(), dateOf(now).year()),

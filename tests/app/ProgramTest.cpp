@@ -14,6 +14,7 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
 #include "forms/Widgets.h"
 #include "phonebook/PhonebookRecord.h"
 #include "phonebook/forms/Form4.h"
@@ -130,6 +131,24 @@ TEST_F(ProgramTest, EndsWhileTheTrashMoves) {
                   }
                   return false;
               });
+}
+
+TEST_F(ProgramTest, AnEmptyPlannerIsToldAsSoonAsAnEntryIsDragged) {
+    start();
+    EntryList& list = inWindow<EntryList>("List1");
+    StatusBar& status = program->window().status();
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(),
+              "The planner is empty: type its first appointment into the day view before you "
+              "schedule with an entry.");
+    SSDay& day = program->window().day();
+    day.setFocus();
+    QTest::keyClicks(&day, "Tea");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    ASSERT_FALSE(day.isEditing());
+    status.show("");
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(), "");
 }
 
 TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {

@@ -26,6 +26,12 @@ TEST_F(AppointmentCountTest, CountsTheRowsOfADay) {
     EXPECT_EQ(count.of(year(1926) / 3 / 12), 0);
 }
 
+TEST_F(AppointmentCountTest, TellsAnEmptyPlannerFromOneThatOthersHaveFilled) {
+    EXPECT_TRUE(count.isEmpty());
+    add(test::rowOn("2026-03-12", 1, "first"));
+    EXPECT_FALSE(count.isEmpty());
+}
+
 TEST_F(AppointmentCountTest, LeavesTheCursorOfTheOtherStoreAlone) {
     add(test::rowOn("2026-03-12", 1, "first"));
     store.SelectByDate("03/12/2026");
