@@ -91,7 +91,7 @@ class BenchPlanner {
     test::FakeStatusLine status_;
     test::FakePlannerDesk desk_;
     test::FakeDayControl day_;
-    AppointmentStore store_{codePage_, clock_, test::samePaths()};
+    AppointmentStore store_{codePage_, clock_, test::appointmentSource()};
 
   public:
     Planner planner{store_, {day_, month, year, desk_}, status_, settings_, clock_, formats_};
@@ -188,7 +188,7 @@ int measure(const std::string& folder) {
     measureDays(path, report);
     measureColouring(path, report);
     const SystemClock clock;
-    AppointmentStore store(CodePage::western(), clock, test::samePaths());
+    AppointmentStore store(CodePage::western(), clock, test::appointmentSource());
     store.OpenDatabase(path);
     const std::vector<DayStyle> styles = store.DayStyles();
     measureStyling(styles, report);

@@ -23,6 +23,7 @@
 #include "planner/Scheduling.h"
 #include "planner/forms/Schedule.h"
 #include "planner/forms/YearPane.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
 
 class QAction;
@@ -109,6 +110,7 @@ class PlannerRoom {
 
     access::ChildAccessReader accessReader_;
     PlannerOpener opener_;
+    SqliteAppointmentSource source_;
     AppointmentStore store_;
     AppointmentStore countingStore_;
     AppointmentCount count_;

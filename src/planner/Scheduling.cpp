@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "planner/EventBooking.h"
-#include "planner/StoredText.h"
+#include "platform/DateText.h"
 #include "platform/StorageFailure.h"
 #include "platform/Text.h"
 
@@ -112,14 +112,12 @@ void Scheduling::addAppointment(const std::string& description) {
     store.SelectAll();
     store.Refresh();
     store.MoveFirst();  // fails on an empty table: the very first row comes from the day view
-    store.AddNew();
-    store.Put(Column::TagVariant, storedMoment(parts_.clock.now()));
-    store.Put(Column::Date, parts_.month.Date());
-    store.Put(Column::BeginTime, parts_.texts.ScheduleBegin);
-    store.Put(Column::EndTime, parts_.texts.ScheduleEnd);
-    store.Put(Column::Desc, description);
-    store.Put(Column::StyleSet, kStyleOfAppointments);
-    store.Update();
+    const Moment now = parts_.clock.now();
+    store.Add({.tag = now,
+               .day = readDate(parts_.month.Date(), dateOf(now).year()),
+               .begin = parts_.texts.ScheduleBegin,
+               .end = parts_.texts.ScheduleEnd,
+               .text = description});
     store.Refresh();
 }
 
