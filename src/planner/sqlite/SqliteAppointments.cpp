@@ -1,5 +1,7 @@
 #include "planner/sqlite/SqliteAppointments.h"
 
+#include <algorithm>
+
 #include "planner/PlannerDatabase.h"
 #include "platform/StorageFailure.h"
 
@@ -44,6 +46,51 @@ void bind(sqlite::Statement& statement, int parameter, const AppointmentValue& v
     else
         statement.bindNull(parameter);
 }
+
+// Rows of one style of a day that are read one by one; a leap costs about as much.
+constexpr int kRowsBeforeLeap = 12;
+
+// The styles of the day that is being read, in the order of their names.
+struct StylesOfDay {
+    struct Style {
+        std::string name;
+        std::int64_t lastRow;
+    };
+    std::string date;
+    std::vector<Style> styles;
+    int rowsOfStyle = 0;
+    bool leapt = false;
+    bool mustBeRead = false;  // which of several styles is the last one is not known
+
+    void begin(std::string_view newDate) {
+        date = newDate;
+        styles.clear();
+        leapt = mustBeRead = false;
+    }
+
+    // True when the rest of the style is to be leapt over.
+    bool add(std::string_view name, std::int64_t row) {
+        if (styles.empty() || styles.back().name != name) {
+            styles.push_back({std::string(name), row});
+            mustBeRead = leapt;
+            rowsOfStyle = 0;
+        }
+        styles.back().lastRow = row;
+        if (++rowsOfStyle != kRowsBeforeLeap)
+            return false;
+        leapt = true;
+        mustBeRead = styles.size() > 1;
+        return true;
+    }
+
+    void show(const AppointmentConnection::VisitStyle& visit) {
+        if (styles.size() > 1)
+            std::sort(styles.begin(), styles.end(),
+                      [](const Style& a, const Style& b) { return a.lastRow < b.lastRow; });
+        for (const Style& style : styles)
+            visit(date, style.name);
+    }
+};
 
 }  // namespace
 
@@ -135,26 +182,36 @@ void SqliteAppointments::visitStyles(const VisitStyle& visit) {
             visit(*date, statement.text(1));
 }
 
-// Leaps from day to day, so that the days count and not the rows. A day on which all styles are
-// the same is done then; of the others the rows decide.
+// Reads the index in its order, day by day and style by style, and leaps over the rest of a style
+// that many rows of a day have: so neither many days nor many rows a day cost much.
 void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
-    auto days = database_.prepare(R"(
-        WITH RECURSIVE day(d) AS (
-            SELECT min("Date") FROM appoint INDEXED BY appoint_day WHERE "Date" > ''
-            UNION ALL
-            SELECT (SELECT min("Date") FROM appoint INDEXED BY appoint_day WHERE "Date" > day.d)
-            FROM day WHERE day.d IS NOT NULL)
-        SELECT d,
-            (SELECT min("StyleSet") FROM appoint INDEXED BY appoint_day WHERE "Date" = d),
-            (SELECT max("StyleSet") FROM appoint INDEXED BY appoint_day WHERE "Date" = d)
-        FROM day WHERE d IS NOT NULL)");
-    while (days.step()) {
-        const auto first = days.textOrNull(1);
-        if (first && first == days.textOrNull(2))
-            visit(days.text(0), *first);
+    // Standing on a row it keeps the table as it is, so that a leap need not lock it anew.
+    auto standing = database_.prepare("SELECT 1 FROM sqlite_master");
+    (void)standing.step();
+    auto rows = database_.prepare(
+        R"(SELECT "Date", "StyleSet", rowid FROM appoint INDEXED BY appoint_day
+           WHERE ("Date", "StyleSet") >= (?1, ?2) ORDER BY "Date", "StyleSet", rowid)");
+    rows.bindText(1, "").bindText(2, "");
+    StylesOfDay day;
+    const auto finish = [&] {
+        if (day.mustBeRead)
+            visitStylesOf(day.date, visit);
         else
-            visitStylesOf(days.text(0), visit);
+            day.show(visit);
+    };
+    while (rows.step()) {
+        const std::string_view date = rows.text(0);
+        if (date != day.date) {
+            finish();
+            day.begin(date);
+        }
+        if (!day.add(rows.text(1), rows.integer(2)) || rows.isNull(1))
+            continue;
+        rows.reset();
+        // The next name that there can be: the engine finds it without a look at the rows between.
+        rows.bindText(1, day.date).bindText(2, day.styles.back().name + '\0');
     }
+    finish();
 }
 
 void SqliteAppointments::visitStylesOf(std::string_view date, const VisitStyle& visit) {
