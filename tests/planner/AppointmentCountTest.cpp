@@ -9,7 +9,7 @@ namespace {
 
 class AppointmentCountTest : public testing::Test, protected test::PlannerFixture {
   protected:
-    AppointmentStore own{CodePage::western(), clock, test::samePaths(),
+    AppointmentStore own{CodePage::western(), clock, test::appointmentSource(),
                          std::chrono::milliseconds(0)};
     AppointmentCount count{store, own};
 };
