@@ -155,7 +155,7 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
 }
 
 TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
-    AppointmentStore other{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
+    AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     PlannerFolder unknown{locations, opener, other, planner, desk, messages};
     medium.unreadable = true;
     unknown.OpenAtStart();
