@@ -19,7 +19,7 @@ DialogBody::DialogBody(QLayout* layout, QWidget* parent)
     viewport()->setAutoFillBackground(false);
     content_->setAutoFillBackground(false);
     content_->installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, this,
+    connect(qApp, &QApplication::focusChanged, &connections_,
             [this](QWidget*, QWidget* now) { bringIntoView(now); });
 }
 

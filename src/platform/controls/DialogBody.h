@@ -35,6 +35,7 @@ class DialogBody final : public QScrollArea {
 
     QWidget* content_;
     QSize room_;
+    QObject connections_;  // ends them before the focus leaves what is being taken down
 };
 
 }  // namespace velmora
