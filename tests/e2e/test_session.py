@@ -104,18 +104,6 @@ class Session(DeskTest):
         self.assertEqual(0, program.wait_end())
         self.assertEqual([], self.recovery_files())
 
-    def test_a_text_that_can_not_be_saved_calls_the_end_off(self):
-        program = self.start_in_session()
-        self.type_letter()
-        self.session.save(shutdown=True, ask=True)
-        program.answer("Save", "Yes")
-        program.dialog("Save As")
-        type_text(str(self.desk.folder / ("x" * 300)))
-        key("Return")
-        program.answer("Velmora", "OK")
-        self.wait_event("cancel")
-        self.wait_letter()
-
 
 if __name__ == "__main__":
     unittest.main()
