@@ -55,6 +55,7 @@ class Scheduling(PlannerTest):
         program.letter("B")
         program.select_line("Barlow, Edith")
         x, y = middle(program.list_item("Barlow, Edith"))
+        x -= 40  # away from where the line was clicked: the press is no second click
         xdo("mousemove", x, y, "mousedown", 1)
         for step in range(1, 6):
             xdo("mousemove", x + 6 * step, y, "sleep", 0.03)
