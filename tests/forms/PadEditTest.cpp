@@ -419,7 +419,8 @@ TEST_F(PadEditTest, TheMouseSelectsWhileItIsHeldDown) {
 }
 
 TEST_F(PadEditTest, ALineInHebrewRunsFromTheRight) {
-    PadEdit hebrew(CodePage::numbered(1255));
+    const CodePage page = CodePage::numbered(1255);
+    PadEdit hebrew(page);
     hebrew.resize(400, 300);
     hebrew.show();
     hebrew.setBytes("\xE0\xE1\xE2\r\nabc");
