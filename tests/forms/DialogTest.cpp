@@ -196,6 +196,15 @@ TEST(Dialog, ItsPlaceIsTheMiddleAtEachOpeningAndItsSizeTheOneItHad) {
     EXPECT_GT(question.x(), room().left() + 100);
 }
 
+TEST(Dialog, CanBeTakenDownWithTheFocusInIt) {
+    for (int time = 0; time < 3; ++time) {
+        Question question;
+        open(question);
+        QTest::keyClick(question.first, Qt::Key_Tab);
+        EXPECT_NE(QApplication::focusWidget(), nullptr);
+    }
+}
+
 TEST(Dialog, TellsOfReplacedCharactersAndOfTheWishForHelp) {
     Question question;
     QSignalSpy replaced(&question, &Dialog::characterReplaced);
