@@ -14,9 +14,11 @@
 #include "core/DataLocations.h"
 #include "core/SettingsStore.h"
 #include "core/SharedState.h"
+#include "phonebook/FileBooks.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
 #include "platform/CodePage.h"
+#include "platform/files/FileStampOf.h"
 #include "platform/files/NativePaths.h"
 #include "platform/files/PosixFiles.h"
 #include "support/MemorySettings.h"
@@ -68,7 +70,10 @@ class Phonebook {
     SettingsStore settings_{medium_};
     PosixFiles files_{NativePaths(codePage_)};
     DataLocations locations_;
-    PhonebookStore store_{files_, locations_, codePage_};
+    FileBooks books_{files_, locations_, [this](const std::string& path) {
+                         return fileStampOf(files_.nativePath(path));
+                     }};
+    PhonebookStore store_{books_, codePage_};
     SharedState state_;
     CountingPane pane_;
     LetterView view_{state_, store_, pane_};

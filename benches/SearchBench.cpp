@@ -16,6 +16,8 @@
 #include "benches/Report.h"
 #include "benches/Samples.h"
 #include "phonebook/DatabaseSearch.h"
+#include "phonebook/FileBooks.h"
+#include "platform/files/FileStampOf.h"
 #include "platform/files/NativePaths.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/qt/QtEventLoop.h"
@@ -84,7 +86,10 @@ class Search {
     SettingsStore settings_{medium_};
     PosixFiles files_{NativePaths(codePage_)};
     DataLocations locations_;
-    PhonebookStore store_{files_, locations_, codePage_};
+    FileBooks books_{files_, locations_, [this](const std::string& path) {
+                         return fileStampOf(files_.nativePath(path));
+                     }};
+    PhonebookStore store_{books_, codePage_};
     SharedState state_;
     test::FakePhonebookPane pane_;
     LetterView letters_{state_, store_, pane_};

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
+#include <utility>
 
 #include "core/HelpTopics.h"
 
@@ -23,8 +24,8 @@ bool isHelpKey(const QEvent& event) {
 
 }  // namespace
 
-AccessoriesRoom::AccessoriesRoom(World& world, Calendar& calendar)
-    : world_(world), calendar_(calendar) {
+AccessoriesRoom::AccessoriesRoom(World& world, Calendar& calendar, Links links)
+    : world_(world), calendar_(calendar), links_(std::move(links)) {
     qApp->installEventFilter(this);
 }
 
@@ -44,8 +45,8 @@ Calculator& AccessoriesRoom::calculator() {
 frmAbout& AccessoriesRoom::about() {
     if (!about_) {
         about_ = std::make_unique<frmAbout>(&calendar_);
-        // Outside programs can not be started yet.
-        about_->setLinksEnabled(false);
+        QObject::connect(about_.get(), &frmAbout::webChosen, this, links_.goToHomePage);
+        QObject::connect(about_.get(), &frmAbout::mailChosen, this, links_.mailToProduct);
     }
     return *about_;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -18,8 +19,14 @@ namespace velmora {
 // the main window. F1 in another window opens the help at the page about it.
 class AccessoriesRoom final : public QObject {
   public:
+    // What the links of the about box do.
+    struct Links {
+        std::function<void()> goToHomePage;
+        std::function<void()> mailToProduct;
+    };
+
     // All must outlive the room.
-    AccessoriesRoom(World& world, Calendar& calendar);
+    AccessoriesRoom(World& world, Calendar& calendar, Links links);
 
     void bindCommands(CommandSet& commands);
 
@@ -38,6 +45,7 @@ class AccessoriesRoom final : public QObject {
 
     World& world_;
     Calendar& calendar_;
+    Links links_;
     std::unique_ptr<Calculator> calculator_;
     std::unique_ptr<frmAbout> about_;
     std::unique_ptr<HelpIndex> helpIndex_;

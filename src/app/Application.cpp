@@ -1,12 +1,13 @@
 #include "app/Application.h"
 
+#include <QEvent>
 #include <QMessageBox>
 #include <QWidget>
 #include <clocale>
 #include <cstdlib>
 #include <exception>
 
-#include "platform/Failure.h"
+#include "platform/FatalFailure.h"
 #include "platform/Messages.h"
 #include "platform/qt/BoxOwner.h"
 #include "platform/qt/Icons.h"
@@ -25,6 +26,11 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
+    } catch (const FatalFailure& failure) {
+        closePopups();
+        showError(QString::fromUtf8(failure.what()));
+        if (orderlyEnd_)
+            orderlyEnd_();
     } catch (const Failure& failure) {
         closePopups();
         showError(QString::fromUtf8(failure.what()));
@@ -34,6 +40,13 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         endInOrder("unknown");
     }
     return false;
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() != QEvent::Quit || !endOfSession_)
+        return QApplication::event(event);
+    endOfSession_();
+    return true;
 }
 
 void Application::closePopups() {

@@ -39,6 +39,8 @@ void CalendarPhonebookPane::showBookLabels(bool yellow, bool white) {
 
 void CalendarPhonebookPane::showLetter(int index) {
     calendar_.phonebookPage().letterTabs()->setCurrent(index);
+    calendar_.leftColumn().list()->setEmptyText(
+        QStringLiteral("No entries under %1.").arg(LetterTabs::letterAt(index)));
 }
 
 void CalendarPhonebookPane::showBook(std::int16_t kind) {

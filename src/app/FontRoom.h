@@ -2,8 +2,8 @@
 
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/ControlFont.h"
 #include "core/forms/Calendar.h"
-#include "docpad/ControlFont.h"
 #include "docpad/FontCommand.h"
 #include "docpad/forms/FontDialog.h"
 

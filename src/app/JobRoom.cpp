@@ -1,5 +1,8 @@
 #include "app/JobRoom.h"
 
+#include <QDesktopServices>
+#include <QUrl>
+
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
 
@@ -15,6 +18,9 @@ JobRoom::JobRoom(World& world, Calendar& calendar)
       printing_({world.printer, jobs_, world.messages, world.codePage}) {
     QObject::connect(&calendar.rail(), &Rail::cancelChosen, &connections_,
                      [this] { jobs_.cancel(); });
+    QObject::connect(
+        &calendar.status(), &StatusBar::fileChosen, &connections_,
+        [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
 }
 
 }  // namespace velmora

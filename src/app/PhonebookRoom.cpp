@@ -7,13 +7,17 @@
 #include "core/forms/StatusBar.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/LetterTabs.h"
+#include "platform/files/FileStampOf.h"
 #include "platform/files/ProgramFolder.h"
 
 namespace velmora {
 
 PhonebookRoom::PhonebookRoom(World& world, SharedState& state, Calendar& calendar)
     : calendar_(calendar),
-      store_(world.files, world.locations, world.codePage),
+      books_(
+          world.files, world.locations,
+          [&world](const std::string& path) { return fileStampOf(world.files.nativePath(path)); }),
+      store_(books_, world.codePage),
       writer_(store_, world.messages),
       pane_(calendar),
       letters_(state, store_, pane_),

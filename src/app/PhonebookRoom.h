@@ -13,6 +13,7 @@
 #include "phonebook/EntryRecovery.h"
 #include "phonebook/EntryResume.h"
 #include "phonebook/EntryWriter.h"
+#include "phonebook/FileBooks.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
 
@@ -27,6 +28,7 @@ class PhonebookRoom {
     void bindCommands(CommandSet& commands);
 
     [[nodiscard]] const PhonebookStore& store() const { return store_; }
+    [[nodiscard]] EntryWriter& writer() { return writer_; }
     [[nodiscard]] LetterView& letters() { return letters_; }
     [[nodiscard]] EntryCommands& entries() { return entries_; }
 
@@ -39,10 +41,14 @@ class PhonebookRoom {
     // Keeps the entry in an open form for the next start.
     void keepForNextStart() { entryForms_.keepForNextStart(); }
 
+    // What is kept stays as it is from here on.
+    void sealKept() { entryRecovery_.seal(); }
+
   private:
     void connect();
 
     Calendar& calendar_;
+    FileBooks books_;
     PhonebookStore store_;
     EntryWriter writer_;
     CalendarPhonebookPane pane_;

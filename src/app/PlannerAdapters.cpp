@@ -33,8 +33,26 @@ void DayAdapter::SetTaskTag(int index, const std::string& tag) {
     day_.Tasks().setTagVariant(index, tag);
 }
 
+void DayAdapter::SetTask(int index, const DayTask& task) {
+    day_.Tasks().setBeginTime(index, task.BeginTime);
+    day_.Tasks().setEndTime(index, task.EndTime);
+    day_.Tasks().setText(index, task.text);
+}
+
+int DayAdapter::TaskCount() const {
+    return day_.Tasks().Count();
+}
+
+void DayAdapter::SetNotice(const std::string& text) {
+    day_.setNotice(text);
+}
+
 int DayAdapter::SelectedTask() const {
     return day_.SelectedIndex();
+}
+
+void DayAdapter::SelectTask(int index) {
+    day_.setSelectedIndex(index);
 }
 
 void DayAdapter::SetFirstTime(const std::string& time) {

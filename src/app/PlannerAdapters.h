@@ -20,7 +20,11 @@ class DayAdapter final : public DayControl {
     void RemoveAllTasks() override;
     [[nodiscard]] DayTask Task(int index) const override;
     void SetTaskTag(int index, const std::string& tag) override;
+    void SetTask(int index, const DayTask& task) override;
+    [[nodiscard]] int TaskCount() const override;
+    void SetNotice(const std::string& text) override;
     [[nodiscard]] int SelectedTask() const override;
+    void SelectTask(int index) override;
     void SetFirstTime(const std::string& time) override;
     void SetLastTime(const std::string& time) override;
     void Refresh() override;

@@ -20,6 +20,14 @@
 #include "platform/controls/SSYear.h"
 
 namespace velmora {
+namespace {
+
+constexpr const char* kPlannerIsEmpty =
+    "The planner is empty: type its first appointment into the day view before you schedule with "
+    "an entry.";
+
+}  // namespace
+
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
                                          Schedule& schedule, WeekWindow& week,
                                          std::function<void(const std::string&)> endProgram)
@@ -44,7 +52,7 @@ std::string CalendarPlannerDesk::SelectedLine() const {
 }
 
 PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calendar,
-                         PaneSwitch& panes, const PhonebookStore& phonebook,
+                         PaneSwitch& panes, EntryWriter& entries,
                          std::function<void(const std::string& utf8Text)> endProgram)
     : world_(world),
       calendar_(calendar),
@@ -58,12 +66,15 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       week_(world, month_, calendar),
       desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
       opener_(accessReader_, world.messages, world.codePage, world.files),
-      store_(world.codePage, world.clock, world.files),
+      source_(world.files),
+      store_(world.codePage, world.clock, source_),
+      countingStore_(world.codePage, world.clock, source_, std::chrono::milliseconds(0)),
+      count_(store_, countingStore_),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
       folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
-      scheduling_({state, phonebook, store_, planner_, day_, month_, desk_, scheduleTexts_,
-                   world.messages, world.loop, world.clock, world.locale}) {
+      scheduling_({state, entries, store_, planner_, day_, month_, desk_, scheduleTexts_,
+                   world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
     makeSchedulingMenu();
     QObject::connect(&calendar, &Calendar::smallChanged, &connections_, [this](bool small) {
@@ -72,6 +83,11 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
     });
     QObject::connect(&calendar.day(), &SSDay::characterReplaced, &connections_,
                      [this] { calendar_.status().show(kCharacterReplaced); });
+}
+
+// The month outlives the room.
+PlannerRoom::~PlannerRoom() {
+    calendar_.leftColumn().month()->setCounter({});
 }
 
 void PlannerRoom::connectControls() {
@@ -83,12 +99,18 @@ void PlannerRoom::connectControls() {
                     .selectedLine = [this] { return desk_.SelectedLine(); },
                     .popUpSchedulingMenu = [this] { popUpSchedulingMenu(); }},
                    planner_, connections_);
+    calendar_.day().setEmptyText(QStringLiteral("No appointments on this day."));
+    const auto appointmentsOn = [this](std::chrono::year_month_day day) { return count_.of(day); };
+    column.month()->setCounter(appointmentsOn);
+    SSYear1->setCounter(appointmentsOn);
     QObject::connect(&calendar_, &Calendar::clockTicked, &connections_, [this] { tick(); });
     QObject::connect(column.month(), &SSMonth::selectionChanged, &connections_,
                      [this] { showNow(); });
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
         QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped,
                          &connections_, [this] { popUpSchedulingMenu(); });
+    QObject::connect(column.list(), &EntryList::dragBegins, &connections_,
+                     [this] { warnOfEmptyPlanner(); });
     QObject::connect(&scheduleForm_, &Schedule::applied, &connections_, [this] {
         commitEditors();  // the new appointment loads the day anew
         scheduling_.OnApplied();
@@ -107,6 +129,15 @@ void PlannerRoom::makeSchedulingMenu() {
         QObject::connect(item, &QAction::triggered, &connections_,
                          [this, &info] { scheduling_.Start(info.command); });
     }
+}
+
+QList<QAction*> PlannerRoom::schedulingCommands() const {
+    return Chmenu->actions();
+}
+
+void PlannerRoom::warnOfEmptyPlanner() {
+    if (count_.isEmpty())
+        calendar_.status().show(kPlannerIsEmpty);
 }
 
 void PlannerRoom::popUpSchedulingMenu() {
@@ -130,6 +161,7 @@ void PlannerRoom::openDatabase() {
         ignoringErrors([&] { layDownDatabase(blank); });
     }
     folder_.OpenAtStart();
+    planner_.TakeOver();
 }
 
 void PlannerRoom::colourCalendars() {
@@ -139,6 +171,7 @@ void PlannerRoom::colourCalendars() {
 
 void PlannerRoom::commitEditors() {
     calendar_.day().commitEditor();
+    planner_.KeepUnstored();
 }
 
 void PlannerRoom::tick() {
@@ -149,6 +182,8 @@ void PlannerRoom::tick() {
         SSYear1->setToday(today);
     }
     showNow();
+    planner_.TryAgain();
+    scheduling_.TryAgain();
 }
 
 void PlannerRoom::showNow() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <functional>
 #include <string>
@@ -11,7 +12,8 @@
 #include "core/PaneSwitch.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
-#include "phonebook/PhonebookStore.h"
+#include "phonebook/EntryWriter.h"
+#include "planner/AppointmentCount.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
@@ -21,8 +23,10 @@
 #include "planner/Scheduling.h"
 #include "planner/forms/Schedule.h"
 #include "planner/forms/YearPane.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
 
+class QAction;
 class QMenu;
 
 namespace velmora {
@@ -62,10 +66,19 @@ class PlannerRoom {
   public:
     // All must outlive the room.
     PlannerRoom(World& world, const SharedState& state, Calendar& calendar, PaneSwitch& panes,
-                const PhonebookStore& phonebook,
-                std::function<void(const std::string& utf8Text)> endProgram);
+                EntryWriter& entries, std::function<void(const std::string& utf8Text)> endProgram);
+    ~PlannerRoom();
+    PlannerRoom(const PlannerRoom&) = delete;
+    PlannerRoom& operator=(const PlannerRoom&) = delete;
 
     void bindCommands(CommandSet& commands);
+
+    // The nine commands of the scheduling menu.
+    [[nodiscard]] QList<QAction*> schedulingCommands() const;
+
+    // The user is about to schedule something, which does not work in an empty planner: the status
+    // line says so.
+    void warnOfEmptyPlanner();
 
     // Steps of the start-up list.
     void openDatabase();
@@ -80,7 +93,8 @@ class PlannerRoom {
     void connectControls();
     void makeSchedulingMenu();
     void popUpSchedulingMenu();
-    // Twice a second: moves the line of the present time, and today's mark at midnight.
+    // Twice a second: moves the line of the present time, and today's mark at midnight, and does
+    // what a lock or a full disk has held up.
     void tick();
     void showNow();
 
@@ -100,7 +114,10 @@ class PlannerRoom {
 
     access::ChildAccessReader accessReader_;
     PlannerOpener opener_;
+    SqliteAppointmentSource source_;
     AppointmentStore store_;
+    AppointmentStore countingStore_;
+    AppointmentCount count_;
     Planner planner_;
     PlannerFolder folder_;
     Scheduling scheduling_;

@@ -21,6 +21,7 @@ void connectDay(SSDay& day, Planner& planner, const QObject* context) {
                          planner.OnTaskEditEnd(index, keepRefresh, save);
                      });
     QObject::connect(&day, &SSDay::OnTaskRemove, context, [&planner] { planner.OnTaskRemove(); });
+    QObject::connect(&day, &SSDay::undoWanted, context, [&planner] { planner.OnUndoRemoval(); });
     QObject::connect(&day, &SSDay::pointerMoved, context,
                      [&planner] { planner.OnDayPointerMoved(); });
 }

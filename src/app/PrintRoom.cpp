@@ -15,13 +15,10 @@ PrintRoom::PrintRoom(World& world, Calendar& calendar, PrintJobs& printing)
       calendar_(calendar),
       printing_(printing),
       question_(world.codePage),
-      setup_(world.printer, question_, world.messages) {}
+      setup_(printing, question_, world.messages) {}
 
 void PrintRoom::bindCommands(CommandSet& commands) {
-    commands.bind(Commands::prints, [this] {
-        if (!printing_.refuses())
-            setup_.change();
-    });
+    commands.bind(Commands::prints, [this] { setup_.change(); });
     commands.bind(Commands::prntcal, [this] { printDay(); });
     commands.bind(Commands::plprint, [this] { printWhatIsOnShow(); });
     commands.bind(Commands::PrintP, [this] { printWhatIsOnShow(); });

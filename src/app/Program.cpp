@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "core/forms/StatusBar.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
 #include "telephony/forms/DialerPage.h"
@@ -15,10 +16,13 @@ Program::Program(const NativePath& nativeProgramFolder)
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage), partsOf(*dialerPage_)}),
       windowRoom_(world_, state_, calendar_, commands_),
       phonebook_(world_, state_, calendar_),
-      dialer_(calendar_, *dialerPage_),
+      dialer_(world_, state_, calendar_, *dialerPage_, phonebook_.store()),
+      outside_(world_, state_, calendar_, phonebook_.store()),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
-      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.store(),
+      letterRoom_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(), docPad_.text(),
+                  [this](const std::string& text) { endAfter(text); }),
+      planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.writer(),
                [this](const std::string& text) { endAfter(text); }),
       alarms_(world_, calendar_),
       events_(world_, calendar_,
@@ -28,11 +32,24 @@ Program::Program(const NativePath& nativeProgramFolder)
       tasks_(world_, calendar_, jobs_.printing()),
       fonts_(world_, calendar_),
       printing_(world_, calendar_, jobs_.printing()),
-      accessories_(world_, calendar_),
+      paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
+             [this] { openPreferences(); }),
+      accessories_(world_, calendar_,
+                   {.goToHomePage = [this] { outside_.mailAndWeb().goToHomePage(); },
+                    .mailToProduct = [this] { outside_.mailAndWeb().mailToProduct(); }}),
       search_(
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
           [this] { calendar_.flipCheck1(); },
           [this](const std::string& topic) { accessories_.helpAt(topic); }),
+      contextMenus_(calendar_,
+                    {.isBound = [this](std::string_view name) { return commands_.isBound(name); },
+                     .run =
+                         [this](std::string_view name) {
+                             if (commands_.isBound(name))
+                                 commands_.run(name);
+                         },
+                     .scheduling = planner_.schedulingCommands(),
+                     .schedulingShown = [this] { planner_.warnOfEmptyPlanner(); }}),
       startUp_(state_, calendar_, world_.settings, windowRoom_.clockLine(), windowRoom_.tray(),
                world_.clock, world_.locale,
                {.watchMenus = [this] { windowRoom_.watchMenus(); },
@@ -49,6 +66,11 @@ Program::Program(const NativePath& nativeProgramFolder)
                   .mayClose = [this] { return docPad_.mayClose(); },
                   .keepText = [this] { docPad_.keepForNextStart(); },
                   .keepForms = [this] { phonebook_.keepForNextStart(); },
+                  .sealKept =
+                      [this] {
+                          docPad_.sealKept();
+                          phonebook_.sealKept();
+                      },
                   .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.shape()); },
                   .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
@@ -59,7 +81,7 @@ void Program::start() {
     // Posted twice, and so behind the events of today, above which the questions have to open.
     QObject::connect(&calendar_, &Calendar::firstPainted, &connections_, [this] {
         world_.loop.post(questions_, [this] {
-            world_.loop.post(questions_, [this] { tellOfDamagedSettings(); });
+            world_.loop.post(questions_, [this] { tellOfSettings(); });
             world_.loop.post(questions_, [this] { offerWhatWasCutOff(); });
         });
     });
@@ -75,10 +97,26 @@ void Program::endWithoutAsking() {
     QCoreApplication::exit(0);
 }
 
+bool Program::hasToAsk() const {
+    return !ended() && docPad_.docPad().changed();
+}
+
+bool Program::askBeforeSessionEnd() {
+    return docPad_.docPad().mayEnd();
+}
+
+void Program::endWithSession() {
+    docPad_.docPad().dropGivenUp();
+    endWithoutAsking();
+}
+
 void Program::bindCommands() {
     windowRoom_.bindCommands(commands_);
     phonebook_.bindCommands(commands_);
+    dialer_.bindCommands(commands_);
+    outside_.bindCommands(commands_);
     docPad_.bindCommands(commands_);
+    letterRoom_.bindCommands(commands_);
     planner_.bindCommands(commands_);
     events_.bindCommands(commands_);
     alarms_.bindCommands(commands_);
@@ -87,6 +125,7 @@ void Program::bindCommands() {
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
     printing_.bindCommands(commands_);
+    paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }
 
@@ -96,17 +135,38 @@ void Program::connectEnd() {
                      [] { QCoreApplication::exit(0); });
 }
 
+void Program::openPreferences() {
+    if (commands_.isBound(Commands::Setupmnu))
+        run(Commands::Setupmnu);
+    else
+        calendar_.status().show(kNotYet);
+}
+
 void Program::run(CommandName command) {
     if (commands_.isBound(command))
         commands_.run(command);
 }
 
-void Program::tellOfDamagedSettings() {
-    if (const auto& file = world_.settingsMedium.putAside())
+void Program::tellOfSettings() {
+    const SqliteSettings& medium = world_.settingsMedium;
+    const auto toText = [this](const std::string& utf8) { return world_.codePage.fromUtf8(utf8); };
+    if (const auto& file = medium.putAside())
         world_.messages.tell(kApplicationTitle,
                              "The settings were damaged and begin anew. The damaged file was kept "
                              "as " +
-                                 world_.codePage.fromUtf8(file->utf8()) + ".");
+                                 toText(file->utf8()) + ".");
+    if (const auto& why = medium.whyReadOnly())
+        world_.messages.warn(kApplicationTitle,
+                             "The settings can not be written. Velmora goes on with what it could "
+                             "read of them, and keeps no changes of settings, alarms and tasks "
+                             "until they can be written again. " +
+                                 toText(*why));
+    if (const auto why = world_.locations.whyUnknown())
+        world_.messages.warn(kApplicationTitle,
+                             "The settings that tell where the phonebooks and the planner lie can "
+                             "not be read. What is concerned is not opened, and nothing is written "
+                             "elsewhere. " +
+                                 toText(*why));
 }
 
 void Program::offerWhatWasCutOff() {

@@ -10,6 +10,9 @@
 #include "app/EventsRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
+#include "app/LetterRoom.h"
+#include "app/OutsideRoom.h"
+#include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
@@ -22,6 +25,7 @@
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "core/forms/Calendar.h"
+#include "core/forms/ContextMenus.h"
 #include "platform/files/ProgramFolder.h"
 
 namespace velmora {
@@ -47,8 +51,16 @@ class Program {
     // Ends the event loop without a question: what is unsaved is kept for the next start.
     void endWithoutAsking();
 
-    // Keeps what is unsaved for the next start, when nothing can be shown any more.
+    // Keeps what is unsaved for the next start. The program may go on.
     void keepAll() { closeDown_.keepAll(); }
+
+    // The end of the desktop session, in two steps, since it may still be called off between them.
+    // The question about unsaved text comes first, where there is one and it can be asked; false
+    // when the session is to go on.
+    [[nodiscard]] bool hasToAsk() const;
+    [[nodiscard]] bool askBeforeSessionEnd();
+    // The session has ended: as endWithoutAsking(), but for a text that the user did not want.
+    void endWithSession();
 
     // True once the program has begun to end.
     [[nodiscard]] bool ended() const { return closeDown_.done(); }
@@ -57,7 +69,8 @@ class Program {
     void bindCommands();
     void connectEnd();
     void run(CommandName command);
-    void tellOfDamagedSettings();
+    void openPreferences();
+    void tellOfSettings();
     void offerWhatWasCutOff();
     void endAfter(const std::string& utf8Text);
 
@@ -70,16 +83,20 @@ class Program {
     WindowRoom windowRoom_;
     PhonebookRoom phonebook_;
     DialerRoom dialer_;
+    OutsideRoom outside_;
     JobRoom jobs_;
     DocPadRoom docPad_;
+    LetterRoom letterRoom_;
     PlannerRoom planner_;
     AlarmRoom alarms_;
     EventsRoom events_;
     TaskRoom tasks_;
     FontRoom fonts_;
     PrintRoom printing_;
+    PaperRoom paper_;
     AccessoriesRoom accessories_;
     SearchRoom search_;
+    ContextMenus contextMenus_;
 
     StartUp startUp_;
     CloseDown closeDown_;

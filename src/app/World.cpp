@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "platform/files/ProgramFolder.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/qt/QtLocaleFormats.h"
 
 namespace velmora {
@@ -24,6 +25,9 @@ World::World(const NativePath& programFolder)
           NativePaths(codePage, codePage.fromUtf8(nativeProgramFolder.utf8()), nativeProgramFolder),
           &books),
       settingsMedium(configurationFolder() / "settings.db"),
-      locations(codePage.fromUtf8(nativeProgramFolder.utf8()), settings, files, codePage) {}
+      locations(codePage.fromUtf8(nativeProgramFolder.utf8()), settings, files, codePage) {
+    for (const NativePath& folder : {nativeProgramFolder, configurationFolder()})
+        clearAbandonedBeside(folder / "");
+}
 
 }  // namespace velmora

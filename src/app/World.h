@@ -11,6 +11,7 @@
 #include "platform/files/CaseTwins.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/files/PosixRunningPrograms.h"
+#include "platform/qt/PrintService.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPrintMetrics.h"
@@ -22,8 +23,7 @@ namespace velmora {
 // What surrounds the program: the user's locale, the clock, files, settings, boxes, the loop
 // and the printers.
 struct World {
-    // `programFolder` is the folder of the data beside the program. Throws Failure when
-    // there is no folder for settings.
+    // `programFolder` is the folder of the data beside the program.
     explicit World(const NativePath& programFolder);
 
     CodePage codePage;
@@ -38,8 +38,9 @@ struct World {
     DataLocations locations;
     QtEventLoop loop;
     QtMessages messages{codePage};
-    QtPrintMetrics printMetrics{codePage};
-    QtPrinters printers{messages, files, codePage};
+    PrintService printService;
+    QtPrintMetrics printMetrics{codePage, printService};
+    QtPrinters printers{messages, files, codePage, printService};
     PrintRecorder printer{printMetrics, printers};  // jobs on it run through JobRoom
 };
 

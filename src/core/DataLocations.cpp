@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/Failure.h"
 #include "platform/Text.h"
 
 namespace velmora {
@@ -18,7 +19,7 @@ std::string DataLocations::BookFolder(const std::string& fileName) const {
     std::string folder;
     const auto choose = [&](const char* part, const char* key) {
         if (name.find(part) != std::string::npos)
-            folder = trimBlanks(settings_.Read(key));
+            folder = folderOf(key);
     };
     choose("DATAY", "Yellow");
     choose("DATAW", "White");
@@ -30,10 +31,24 @@ std::string DataLocations::BookPath(const std::string& fileName) const {
 }
 
 std::string DataLocations::PlannerDatabasePath() const {
-    const std::string folder(trimBlanks(settings_.Read("Calendar")));
+    const std::string folder = folderOf("Calendar");
     if (!folder.empty() && files_.exists(folder + kPlannerDatabaseFile))
         return folder + kPlannerDatabaseFile;
     return programFolder_ + kPlannerDatabaseFile;
+}
+
+std::optional<std::string> DataLocations::whyUnknown() const {
+    try {
+        for (const char* key : {"Yellow", "White", "Calendar"})
+            (void)folderOf(key);
+    } catch (const Failure& failure) {
+        return failure.what();
+    }
+    return std::nullopt;
+}
+
+std::string DataLocations::folderOf(std::string_view key) const {
+    return std::string(trimBlanks(settings_.readOrFail(key)));
 }
 
 std::string DataLocations::HelpFilePath() const {

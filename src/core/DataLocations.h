@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/SettingsStore.h"
 #include "platform/CodePage.h"
@@ -16,7 +18,9 @@ inline constexpr const char* kBlankDatabaseFile = "\\blank.mdb";
 inline constexpr const char* kHelpFile = "\\vlm.chm";
 
 // Turns the settings "White", "Yellow" and "Calendar" into paths, anew at each use; the program's
-// own folder is the fallback. Whether a folder exists is not tested here.
+// own folder is the fallback. Whether a folder exists is not tested here. Where a setting can not
+// be read, the folder is unknown and a Failure is thrown, so that other data than the user's is
+// never opened in its stead.
 class DataLocations {
   public:
     // `programFolder` has no separator at its end.
@@ -35,9 +39,14 @@ class DataLocations {
 
     [[nodiscard]] std::string HelpFilePath() const;
 
+    // Why one of the folders is unknown, in UTF-8; nothing when all are known.
+    [[nodiscard]] std::optional<std::string> whyUnknown() const;
+
     [[nodiscard]] const std::string& programFolder() const { return programFolder_; }
 
   private:
+    [[nodiscard]] std::string folderOf(std::string_view key) const;
+
     std::string programFolder_;
     const SettingsStore& settings_;
     const Files& files_;

@@ -21,12 +21,14 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Form10", "tasks"},
     {"Monthly", "tasks"},
     {"TextSearch", "docpad-search"},
+    {"Form9", "docpad"},
     {"FontDialog", "fonts"},
     {"PrinterDialog", "printing"},
     {"Calculator", "calculator"},
     {"WeekataGlance", "week"},
     {"Form7", "datewarden"},
     {"Form8", "events"},
+    {"Envelope", "envelope"},
     {"HelpWindow", "help"},
 });
 

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "platform/Failure.h"
+#include "platform/PrintWatch.h"
 
 namespace velmora {
 namespace {
 
+constexpr std::chrono::milliseconds kSilentWait{300};
 constexpr std::size_t kMostOfTitle = 100;  // bytes
 
 // What queue and file show: one line, whatever an entry's name holds.
@@ -59,6 +62,32 @@ class Sheets {
 
 }  // namespace
 
+// Tells how far the sending is, and lets it be called off.
+class PrintJobs::Watch final : public PrintWatch {
+  public:
+    Watch(LongJob& job, bool& told) : job_(job), told_(told) {}
+
+    bool playing(int page, int pages) override {
+        if (pages > 1)
+            tell("Sending Page " + std::to_string(page) + " of " + std::to_string(pages));
+        return job_.goOn();
+    }
+    bool sending() override { return job_.goOn(); }
+    bool waitingForTheQueue() override {
+        tell("Too many jobs are waiting for the printer. Trying again...");
+        return job_.goOn();
+    }
+
+  private:
+    void tell(const std::string& text) {
+        told_ = true;
+        job_.tell(text);
+    }
+
+    LongJob& job_;
+    bool& told_;
+};
+
 PrintRun::PrintRun(PrintJobs& jobs, LongJob& job)
     : printer(jobs.parts_.printer), state(jobs.state_), jobs_(jobs), job_(job) {}
 
@@ -76,16 +105,66 @@ void PrintSeries::waitFor(std::chrono::milliseconds duration) {
 
 PrintEnd PrintJobs::run(const PrintTask& task, const PrintWork& work) {
     PrintEnd end = PrintEnd::Refused;
-    runSeries([&](PrintSeries& series) { end = series.run(task, work); });
+    parts_.jobs.run([&](LongJob& job) {
+        begun_ = false;
+        calledOff_ = false;
+        end = runOne(task, work, job);
+        if (!endRun())
+            end = PrintEnd::Failed;
+    });
     return end;
 }
 
 bool PrintJobs::runSeries(const std::function<void(PrintSeries&)>& work) {
     return parts_.jobs.run([&](LongJob& job) {
+        begun_ = false;
         calledOff_ = false;
         PrintSeries series(*this, job);
         work(series);
+        endRun();
     });
+}
+
+bool PrintJobs::askPrintSystem() {
+    bool wanted = false;
+    told_ = false;
+    parts_.jobs.run([&](LongJob& job) {
+        try {
+            wanted = prepare(job);
+            if (std::exchange(told_, false))
+                job.tell(kApplicationTitle);
+        } catch (const Failure& failure) {
+            wanted = true;
+            job.tell(parts_.codePage.fromUtf8(failure.what()));
+        }
+    });
+    return wanted;
+}
+
+// Puts the answers of the print system there before a job begins. False when it was called off.
+bool PrintJobs::prepare(LongJob& job) {
+    const auto began = std::chrono::steady_clock::now();
+    return parts_.printer.AskPrintSystem([&] {
+        if (!told_ && std::chrono::steady_clock::now() - began > kSilentWait) {
+            told_ = true;
+            job.tell("Waiting for the print system...");
+        }
+        return job.goOn();
+    });
+}
+
+// Writes the file of the run, if it has one. False when that failed, and was told.
+bool PrintJobs::endRun() {
+    if (!begun_)
+        return true;
+    try {
+        if (const auto file = parts_.printer.EndRun())
+            parts_.jobs.status().showFile(lastTask_.lastText, *file);
+        return true;
+    } catch (const Failure& failure) {
+        tellFailure(lastTask_, failure.what());
+        return false;
+    }
 }
 
 PrintEnd PrintJobs::runOne(const PrintTask& task, const PrintWork& work, LongJob& job) {
@@ -97,17 +176,19 @@ PrintEnd PrintJobs::runOne(const PrintTask& task, const PrintWork& work, LongJob
     const KillAtEnd kill(parts_.printer);
     std::optional<std::string> failed;
     try {
-        PrintRun run(*this, job);
-        work(run);
-        (void)send(task.title, job);
+        if (!parts_.printer.NeedsPrintSystem() || prepare(job)) {
+            PrintRun run(*this, job);
+            work(run);
+            (void)send(task.title, job);
+        }
     } catch (const Failure& failure) {
         failed = failure.what();
     }
     const bool cancelled = job.cancelled();
     if (cancelled && task.cancelLeavesOrientation)
         sheets.leave();
-    if (!task.lastText.empty())
-        job.tell(task.lastText);
+    if (!task.lastText.empty() || told_)
+        job.tell(task.lastText.empty() ? kApplicationTitle : task.lastText);
     state_.beginJob();
     if (cancelled)
         return PrintEnd::Cancelled;
@@ -120,6 +201,10 @@ PrintEnd PrintJobs::runOne(const PrintTask& task, const PrintWork& work, LongJob
 // Jobs start alike, whatever the last one did.
 void PrintJobs::begin(const PrintTask& task) {
     PrintSurface& printer = parts_.printer;
+    if (!std::exchange(begun_, true))
+        printer.BeginRun(documentTitle(task.title));
+    lastTask_ = task;
+    told_ = false;
     state_.beginJob();
     parts_.jobs.onCancel([this] {
         state_.ReportCancel = true;
@@ -138,7 +223,8 @@ bool PrintJobs::send(const std::string& title, LongJob& job) {
     if (job.cancelled())
         return false;
     parts_.printer.SetTitle(documentTitle(title));
-    if (!parts_.printer.EndDoc()) {
+    Watch watch(job, told_);
+    if (!parts_.printer.EndDoc(&watch) && !job.cancelled()) {
         calledOff_ = true;
         parts_.jobs.cancel();
     }

@@ -126,13 +126,19 @@ class PrintJobs {
     PrintJobs(const PrintJobs&) = delete;
     PrintJobs& operator=(const PrintJobs&) = delete;
 
-    // Runs a job to its end: calls `work`, then sends what it printed. Throws nothing for what a
-    // printer does. What `work` throws: a Failure is told as the task says, anything else passes
-    // through; nothing is sent then.
+    // Runs a job to its end: asks the print system, calls `work`, then sends what it printed.
+    // Throws nothing for what a printer does. What `work` throws: a Failure is told as the task
+    // says, anything else passes through; nothing is sent then.
     PrintEnd run(const PrintTask& task, const PrintWork& work);
 
-    // False when another job runs, as the status line says; `work` was not called then.
+    // Several jobs as one run. False when another job runs, as the status line says; `work` was not
+    // called then. The title of the first job is that of the file.
     bool runSeries(const std::function<void(PrintSeries&)>& work);
+
+    // Asks the print system anew, as a job: for what is shown of printers. False when another job
+    // runs or the user called it off. Where no answer came, the status line says so and there is
+    // "Print to PDF" only.
+    bool askPrintSystem();
 
     // True while a job runs, as the status line then says: for commands that only open a form.
     [[nodiscard]] bool refuses() const { return parts_.jobs.refuses(); }
@@ -146,14 +152,20 @@ class PrintJobs {
   private:
     friend class PrintSeries;
     friend class PrintRun;
+    class Watch;
 
     PrintEnd runOne(const PrintTask& task, const PrintWork& work, LongJob& job);
     void begin(const PrintTask& task);
+    bool prepare(LongJob& job);
+    bool endRun();
     bool send(const std::string& title, LongJob& job);
     void tellFailure(const PrintTask& task, const std::string& utf8Text);
 
     Parts parts_;
     ReportState state_;
+    PrintTask lastTask_;      // of the run
+    bool begun_ = false;      // the run has a job
+    bool told_ = false;       // on the status line, how the job goes
     bool calledOff_ = false;  // the user named no file
 };
 

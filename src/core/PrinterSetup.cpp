@@ -3,18 +3,21 @@
 namespace velmora {
 
 void PrinterSetup::change() {
-    const PrinterChoice now{.printer = printer_.CurrentPrinter(),
-                            .orientation = printer_.Orientation()};
-    const std::optional<PrinterChoice> chosen = question_.choose(printer_.PrinterNames(), now);
-    if (!chosen)
+    if (!printing_.askPrintSystem())
         return;
-    if (!printer_.SetCurrentPrinter(chosen->printer)) {
+    PrintSurface& printer = printing_.printer();
+    const PrinterChoice now{.printer = printer.CurrentPrinter(),
+                            .orientation = printer.Orientation()};
+    const std::optional<PrinterChoice> chosen = question_.choose(printer.PrinterNames(), now);
+    if (!chosen || !printing_.askPrintSystem())
+        return;
+    if (!printer.SetCurrentPrinter(chosen->printer)) {
         messages_.warn(kApplicationTitle, "The printer \"" + chosen->printer +
                                               "\" is not there any more. Please choose another "
                                               "one.");
         return;
     }
-    printer_.SetOrientation(chosen->orientation);
+    printer.SetOrientation(chosen->orientation);
 }
 
 }  // namespace velmora

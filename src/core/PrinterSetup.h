@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/PrintJobs.h"
 #include "platform/Messages.h"
 #include "platform/PrintSurface.h"
 
@@ -32,14 +33,15 @@ class PrinterQuestion {
 class PrinterSetup {
   public:
     // All must outlive the command.
-    PrinterSetup(PrintSurface& printer, PrinterQuestion& question, Messages& messages)
-        : printer_(printer), question_(question), messages_(messages) {}
+    PrinterSetup(PrintJobs& printing, PrinterQuestion& question, Messages& messages)
+        : printing_(printing), question_(question), messages_(messages) {}
 
-    // A printer that went while the dialog was open is told, and nothing changes.
+    // Events run while the print system is asked. A printer that went while the dialog was open is
+    // told, and nothing changes. While a job runs it only says so on the status line.
     void change();
 
   private:
-    PrintSurface& printer_;
+    PrintJobs& printing_;
     PrinterQuestion& question_;
     Messages& messages_;
 };

@@ -19,6 +19,11 @@ class SettingsStore {
     // The stored value, or the empty text. Never fails.
     [[nodiscard]] std::string Read(std::string_view key) const { return medium_.read(key); }
 
+    // As Read(), but throws Failure when the value can not be read.
+    [[nodiscard]] std::string readOrFail(std::string_view key) const {
+        return medium_.readOrFail(key);
+    }
+
     // All settings whose key begins with `prefix`, in any case, ordered by key. Throws Failure.
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const {
         return medium_.readAll(prefix);

@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <string>
 
+#include "core/ControlFont.h"
 #include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
-#include "docpad/ControlFont.h"
 #include "docpad/DialogState.h"
 #include "docpad/PadPrinter.h"
 #include "docpad/PadText.h"

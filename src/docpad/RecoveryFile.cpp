@@ -59,11 +59,11 @@ void RecoveryFile::keep(const std::string& text, const std::string& documentName
         return;
     ignoringErrors([&] { settle(); });
     const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
-    files_.writeWhole(path, contents(text, documentName));
+    files_.writePrivately(path, contents(text, documentName));
     ownPath_ = path;
 }
 
-void RecoveryFile::keepInBackground(std::string text, const std::string& documentName) {
+void RecoveryFile::keepInBackground(const std::string& text, const std::string& documentName) {
     settle();
     if (sealed_)
         return;
@@ -71,7 +71,7 @@ void RecoveryFile::keepInBackground(std::string text, const std::string& documen
         ownPath_ = freeSlot();
     writing_ = std::async(std::launch::async,
                           [&files = files_, path = ownPath_, bytes = contents(text, documentName)] {
-                              files.writeWhole(path, bytes);
+                              files.writePrivately(path, bytes);
                           });
 }
 
@@ -115,7 +115,7 @@ void RecoveryFile::take(const Kept& kept) {
         return;
     }
     const std::string before = ownPath_;
-    files_.writeWhole(kept.path, contents(kept.text, kept.documentName));
+    files_.writePrivately(kept.path, contents(kept.text, kept.documentName));
     ownPath_ = kept.path;
     if (!before.empty() && before != kept.path)
         ignoringErrors([&] { files_.remove(before); });

@@ -38,7 +38,7 @@ class RecoveryFile {
 
     // The same on a thread of its own, as a disk may take its time; not while busy(). Whether it
     // worked, settle() tells.
-    void keepInBackground(std::string text, const std::string& documentName);
+    void keepInBackground(const std::string& text, const std::string& documentName);
     [[nodiscard]] bool busy() const;
 
     // Waits for what keepInBackground() began. Throws its Failure, once.

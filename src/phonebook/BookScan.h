@@ -1,22 +1,18 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 
+#include "phonebook/BookRecords.h"
 #include "phonebook/RecordView.h"
-#include "platform/Files.h"
 
 namespace velmora {
-
-// Records count from 1.
-using RecordNumber = std::int64_t;
 
 // Goes once over the records of a book from the first to the last, reading large blocks. A short
 // last record is one too; what it lacks reads as NUL.
 class BookScan {
   public:
     // `book` must outlive the scan. Nothing is read yet.
-    explicit BookScan(const RandomFile& book, RecordNumber from = 1);
+    explicit BookScan(const BookRecords& book, RecordNumber from = 1);
 
     // Steps to the next record; false at the end. Throws Failure.
     [[nodiscard]] bool next() {
@@ -38,7 +34,7 @@ class BookScan {
   private:
     [[nodiscard]] bool fill();
 
-    const RandomFile& book_;
+    const BookRecords& book_;
     std::unique_ptr<char[]> block_;
     std::size_t blockSize_ = 0;
     const char* at_ = nullptr;

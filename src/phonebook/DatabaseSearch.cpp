@@ -137,6 +137,7 @@ void DatabaseSearch::goTo(const std::string& hitLine) {
             bucketOfText(middle(hitLine, kNameAt, 1), parts_.store.codePage()));
         parts_.letters.reload();
         parts_.flipCheck1();
+        parts_.letters.selectLine(entryLineOf(hitLine));
     } catch (const Failure& failure) {
         parts_.state.PendingBook = 0;
         parts_.state.PendingLetter = 0;

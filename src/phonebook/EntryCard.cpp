@@ -41,15 +41,16 @@ void addName(Card& card, const CardStyle& style) {
     if (style.spouse)
         card.add("    Spouse: ").add(Field::Spouse);
     card.endLine();
-    card.add(Field::Position).add(" ").add(Field::Company).endLine();
+    card.add(Field::Position).add(style.beforeCompany).add(Field::Company).endLine();
 }
 
 void addAddress(Card& card, const CardStyle& style) {
     if (card.hasAny({Field::Address1, Field::Address2}))
         card.add(Field::Address1).add(" , ").add(Field::Address2).endLine();
-    if (card.hasAny({Field::Address3, Field::Address4, Field::PostalCode})) {
+    if (card.hasAny({Field::Address3, Field::Address4}) ||
+        (style.postalAlone && card.hasAny({Field::PostalCode}))) {
         card.add(Field::Address3).add(style.withinAddress).add(Field::Address4);
-        card.add(style.withinAddress).add(Field::PostalCode).endLine();
+        card.add(style.beforePostal).add(Field::PostalCode).endLine();
     }
     card.add(Field::Country).endLine();
 }

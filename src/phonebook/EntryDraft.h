@@ -11,7 +11,7 @@ namespace velmora {
 // What stands in an entry form before it is written, and where it belongs.
 struct EntryDraft {
     EntryOrigin origin;
-    EntryValues values;
+    Entry values;
 };
 
 // The draft as bytes that any values survive in, and back. Nothing comes back from bytes that are

@@ -1,26 +1,11 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 
-#include "phonebook/PhonebookRecord.h"
+#include "phonebook/Entry.h"
 
 namespace velmora {
-
-// What the entry form shows and gives back: code-page text, untrimmed, lines of the memo ended by
-// CR LF.
-struct EntryValues {
-    std::array<std::string, kFieldCount> fields;
-    bool justCompany = false;
-
-    [[nodiscard]] const std::string& operator[](Field field) const {
-        return fields[static_cast<std::size_t>(field)];
-    }
-    [[nodiscard]] std::string& operator[](Field field) {
-        return fields[static_cast<std::size_t>(field)];
-    }
-};
 
 // Where the values of a form belong.
 struct EntryOrigin {
@@ -43,7 +28,7 @@ class EntryEditor {
     [[nodiscard]] virtual std::string custom2Caption() const = 0;
 
     // The values to begin with: empty, or those of the entry to be changed. Throws Failure.
-    [[nodiscard]] virtual EntryValues load() = 0;
+    [[nodiscard]] virtual Entry load() = 0;
 
     enum class Outcome {
         Written,  // the form closes
@@ -53,7 +38,7 @@ class EntryEditor {
 
     // Checks, scans and writes. Throws Failure when the book can not be read or written; nothing
     // typed is lost then, as the form stays open.
-    virtual Outcome apply(const EntryValues& values) = 0;
+    virtual Outcome apply(const Entry& values) = 0;
 
     // The form has closed, whether it wrote or not.
     virtual void closed() = 0;

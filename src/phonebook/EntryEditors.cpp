@@ -18,15 +18,10 @@ std::string customCaption(const SettingsStore& settings, const char* key, const 
     return chosen.empty() ? fallback : std::string(chosen) + ":";
 }
 
-PhonebookRecord recordOf(const EntryValues& values) {
-    PhonebookRecord record;
-    for (std::size_t i = 0; i < kFieldCount; ++i)
-        record.assign(static_cast<Field>(i), values.fields[i]);
-    if (values.justCompany)
-        for (const Field field : {Field::Title, Field::First, Field::Last})
-            record.assign(field, "");
-    return record;
-}
+constexpr const char* kChangedTitle = "Changed Meanwhile";
+constexpr const char* kChangedQuestion =
+    "This entry has been changed by another copy of Velmora since you opened it. Do you want to "
+    "overwrite those changes with yours?";
 
 }  // namespace
 
@@ -41,7 +36,7 @@ std::string CheckedEntryEditor::custom2Caption() const {
     return customCaption(parts_.settings, "Custom2", "Custom2");
 }
 
-EntryEditor::Outcome CheckedEntryEditor::apply(const EntryValues& values) {
+EntryEditor::Outcome CheckedEntryEditor::apply(const Entry& values) {
     if (refused(values))
         return Outcome::Refused;
     const PhonebookRecord record = recordOf(values);
@@ -56,7 +51,7 @@ void CheckedEntryEditor::closed() {
 }
 
 // The texts count as they were typed: a blank is one.
-bool CheckedEntryEditor::refused(const EntryValues& values) const {
+bool CheckedEntryEditor::refused(const Entry& values) const {
     const auto refuse = [&](const char* title, const char* text) {
         parts_.messages.warn(title, text);
         return true;
@@ -99,7 +94,7 @@ std::string NewEntryEditor::applyCaption() const {
     return "&Add Entry";
 }
 
-EntryValues NewEntryEditor::load() {
+Entry NewEntryEditor::load() {
     return {};
 }
 
@@ -118,23 +113,33 @@ std::string ChangeEntryEditor::applyCaption() const {
     return "&Keep Changes";
 }
 
-EntryValues ChangeEntryEditor::load() {
-    EntryValues values;
+Entry ChangeEntryEditor::load() {
     const OpenBook book = parts_.store.Open(bookFile_);
     PhonebookRecord record;
-    if (const auto number = book.FindByListLine(line_))
+    loaded_.reset();
+    if (const auto number = book.FindByListLine(line_)) {
         (void)book.ReadAt(*number, record);
-    for (std::size_t i = 0; i < kFieldCount; ++i)
-        values.fields[i] = record.text(static_cast<Field>(i));
-    values.justCompany = values[Field::First].empty() && values[Field::Last].empty();
-    return values;
+        loaded_ = record;
+    }
+    isLoaded_ = true;
+    return entryOf(record);
 }
 
+// A No keeps what the form was loaded with, so that the next try asks again.
 bool ChangeEntryEditor::write(const PhonebookRecord& record) {
-    if (parts_.writer.change(bookFile_, line_, record) == EntryWriter::ChangeResult::Written)
-        return true;
-    parts_.messages.warn("Already Exists", "This entry already exists.");
-    return false;
+    std::optional<PhonebookRecord> seen = loaded_;
+    for (;;) {
+        switch (parts_.writer.change(bookFile_, line_, record, isLoaded_ ? &seen : nullptr)) {
+            case EntryWriter::ChangeResult::Written:
+                return true;
+            case EntryWriter::ChangeResult::NameTaken:
+                parts_.messages.warn("Already Exists", "This entry already exists.");
+                return false;
+            case EntryWriter::ChangeResult::ChangedMeanwhile:
+                if (!parts_.messages.ask(kChangedTitle, kChangedQuestion, Answer::No))
+                    return false;
+        }
+    }
 }
 
 }  // namespace velmora

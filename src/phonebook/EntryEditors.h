@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/SettingsStore.h"
@@ -36,7 +37,7 @@ class CheckedEntryEditor : public EntryEditor {
 
     [[nodiscard]] std::string custom1Caption() const override;
     [[nodiscard]] std::string custom2Caption() const override;
-    Outcome apply(const EntryValues& values) final;
+    Outcome apply(const Entry& values) final;
     void closed() override;
 
   protected:
@@ -47,7 +48,7 @@ class CheckedEntryEditor : public EntryEditor {
     std::string bookFile_;
 
   private:
-    [[nodiscard]] bool refused(const EntryValues& values) const;
+    [[nodiscard]] bool refused(const Entry& values) const;
     void showEntry(const PhonebookRecord& record);
 };
 
@@ -58,7 +59,7 @@ class NewEntryEditor final : public CheckedEntryEditor {
     [[nodiscard]] EntryOrigin origin() const override { return {bookFile_, std::nullopt}; }
     [[nodiscard]] std::string caption() const override;
     [[nodiscard]] std::string applyCaption() const override;
-    [[nodiscard]] EntryValues load() override;
+    [[nodiscard]] Entry load() override;
 
   private:
     [[nodiscard]] bool write(const PhonebookRecord& record) override;
@@ -74,12 +75,14 @@ class ChangeEntryEditor final : public CheckedEntryEditor {
     [[nodiscard]] std::string applyCaption() const override;
 
     // An entry that is gone leaves the form empty.
-    [[nodiscard]] EntryValues load() override;
+    [[nodiscard]] Entry load() override;
 
   private:
     [[nodiscard]] bool write(const PhonebookRecord& record) override;
 
     std::string line_;
+    bool isLoaded_ = false;
+    std::optional<PhonebookRecord> loaded_;  // nothing where the entry was gone
 };
 
 }  // namespace velmora

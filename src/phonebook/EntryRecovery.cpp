@@ -15,7 +15,7 @@ void EntryRecovery::keep(const EntryDraft& draft) {
     if (sealed_)
         return;
     const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
-    files_.writeWhole(path, std::string(kHead) + programs_.ownMark() + "\n" + bytesOf(draft));
+    files_.writePrivately(path, std::string(kHead) + programs_.ownMark() + "\n" + bytesOf(draft));
     ownPath_ = path;
 }
 

@@ -7,7 +7,7 @@ namespace velmora {
 namespace {
 
 // Whom the entry is about, as far as it was typed: " (Lucian Adair)".
-std::string nameOf(const EntryValues& values) {
+std::string nameOf(const Entry& values) {
     const std::string name = values.justCompany ? values[Field::Company]
                                                 : values[Field::First] + " " + values[Field::Last];
     const std::string_view shown = trimBlanks(name);

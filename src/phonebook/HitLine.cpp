@@ -10,6 +10,9 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kBeforeEntry = 3;  // the book's letter and ": "
+constexpr std::string_view kMatch = "\tMatch: ";
+
 constexpr std::array<std::string_view, 10> kNamelessLines{
     "W:", "Y:", "W: ", "Y: ", "W:  ", "Y:  ", "W:\t", "Y:\t", "W: \t", "Y: \t"};
 
@@ -30,9 +33,16 @@ std::string_view withoutNuls(std::string_view raw) {
 
 }  // namespace
 
+std::string entryLineOf(std::string_view lineWithBook) {
+    if (lineWithBook.size() < kBeforeEntry)
+        return {};
+    const std::string_view rest = lineWithBook.substr(kBeforeEntry);
+    return std::string(rest.substr(0, rest.find(kMatch)));
+}
+
 std::string lineWithBook(char bookLetter, std::string_view entryLine) {
     std::string line;
-    line.reserve(3 + entryLine.size());
+    line.reserve(kBeforeEntry + entryLine.size());
     line += bookLetter;
     line += ": ";
     line += entryLine;
@@ -49,7 +59,7 @@ void HitWriter::addLines(char bookLetter, RecordView record, FieldSet found,
         return;
     const bool company = record.isEmpty(Field::Last);
     std::string beginning = lineWithBook(bookLetter, *entry);
-    beginning += "\tMatch: ";
+    beginning += kMatch;
     for (const SearchField& field : kSearchFields) {
         if (!found.has(field.field))
             continue;

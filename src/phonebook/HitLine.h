@@ -17,6 +17,9 @@ inline constexpr char kWhiteLetter = 'W';
 // A line of a list that holds entries of both books: the book's letter, ": ", the entry's line.
 [[nodiscard]] std::string lineWithBook(char bookLetter, std::string_view entryLine);
 
+// The entry's line in a line that begins so; empty where none does.
+[[nodiscard]] std::string entryLineOf(std::string_view lineWithBook);
+
 // What the two custom fields are called.
 struct CustomCaptions {
     std::string custom1;

@@ -25,6 +25,9 @@ class LetterView {
     // Shows the selected entry; no details when it is gone.
     void ListClick();
 
+    // Selects the first line of exactly this text, as far as it is on show. The details stay empty.
+    void selectLine(const std::string& line) { (void)pane_.selectLine(line); }
+
     // Goes to kYellowPages or kWhitePages and keeps the letter.
     void SelectBook(std::int16_t kind);
 

@@ -4,26 +4,15 @@
 
 #include "phonebook/Buckets.h"
 #include "phonebook/RecordState.h"
-#include "phonebook/SafeOverwrite.h"
-#include "platform/Failure.h"
 
 namespace velmora {
-namespace {
 
-std::uint64_t offsetOf(RecordNumber number) {
-    if (number < 1)
-        throw Failure("The phonebook has no such record.");
-    return static_cast<std::uint64_t>(number - 1) * kRecordSize;
-}
-
-}  // namespace
-
-OpenBook::OpenBook(std::unique_ptr<RandomFile> file, const CodePage& codePage)
-    : file_(std::move(file)), codePage_(codePage) {}
+OpenBook::OpenBook(std::unique_ptr<BookRecords> records, const CodePage& codePage)
+    : records_(std::move(records)), codePage_(codePage) {}
 
 bool OpenBook::ReadNext(PhonebookRecord& record) {
     if (!reading_)
-        reading_.emplace(*file_, lastRead_ + 1);
+        reading_.emplace(*records_, lastRead_ + 1);
     if (!reading_->next()) {
         record = PhonebookRecord();
         atEnd_ = true;
@@ -37,18 +26,14 @@ bool OpenBook::ReadNext(PhonebookRecord& record) {
 
 bool OpenBook::ReadAt(RecordNumber number, PhonebookRecord& record) const {
     std::array<char, kRecordSize> bytes;
-    const std::size_t count = file_->readAt(offsetOf(number), bytes);
+    const std::size_t count = records_->read(number, bytes);
     record = PhonebookRecord(std::span<const char>(bytes).first(count));
     return count > 0;
 }
 
 void OpenBook::WriteAt(RecordNumber number, const PhonebookRecord& record) {
     reading_.reset();  // its block may hold what is replaced here
-    const std::uint64_t offset = offsetOf(number);
-    if (isLocked_)
-        overwriteSafely(*file_, offset, record.bytes());
-    else
-        file_->writeAt(offset, record.bytes());
+    records_->write(number, record);
 }
 
 std::optional<RecordNumber> OpenBook::FindByListLine(std::string_view line,
@@ -83,11 +68,11 @@ Slot OpenBook::FindSlot(const PhonebookRecord& record, SlotMode mode,
 }
 
 RecordNumber OpenBook::recordCount() const {
-    return static_cast<RecordNumber>((file_->size() + kRecordSize - 1) / kRecordSize);
+    return records_->count();
 }
 
 OpenBook PhonebookStore::Open(const std::string& bookFile) const {
-    return OpenBook(files_.openOrCreate(locations_.BookPath(bookFile)), codePage_);
+    return OpenBook(books_.open(bookFile), codePage_);
 }
 
 int PhonebookStore::BucketOf(const PhonebookRecord& record) const {

@@ -6,11 +6,11 @@
 #include <string_view>
 
 #include "core/DataLocations.h"
+#include "phonebook/BookRecords.h"
 #include "phonebook/BookScan.h"
 #include "phonebook/EntryKey.h"
 #include "phonebook/PhonebookRecord.h"
 #include "platform/CodePage.h"
-#include "platform/Files.h"
 
 namespace velmora {
 
@@ -29,7 +29,7 @@ struct Slot {
 // user is asked anything. All operations throw Failure when the file can not be read or written.
 class OpenBook {
   public:
-    OpenBook(std::unique_ptr<RandomFile> file, const CodePage& codePage);
+    OpenBook(std::unique_ptr<BookRecords> records, const CodePage& codePage);
 
     // The next record. Past the end the record is empty, and false is returned.
     bool ReadNext(PhonebookRecord& record);
@@ -40,8 +40,8 @@ class OpenBook {
     // Record `number`, from 1; false, and an empty record, where the file has none.
     bool ReadAt(RecordNumber number, PhonebookRecord& record) const;
 
-    // Writes the record in one write. The file grows when it lies behind the end. Under a Lock an
-    // entry that is overwritten is never lost, even if the program is killed in the middle.
+    // Writes one record. The book grows when it lies behind the end. Under a Lock an entry that is
+    // overwritten is old or new afterwards, even if the program is killed in the middle.
     void WriteAt(RecordNumber number, const PhonebookRecord& record);
 
     // The first entry that a list line names; an empty line names none.
@@ -63,45 +63,48 @@ class OpenBook {
 
     // A scan of its own, in which records are looked at where they lie. This object must outlive
     // it, and nothing may be written meanwhile.
-    [[nodiscard]] BookScan scan() const { return BookScan(*file_); }
+    [[nodiscard]] BookScan scan() const { return BookScan(*records_); }
+
+    // Tells one book from another, and whether anybody may have written since.
+    [[nodiscard]] BookState state() const { return records_->state(); }
 
     // Keeps other copies of the program from writing between a scan and the write that follows.
     // Held until the guard goes; without effect where the file system has no locks.
     class Lock {
       public:
-        explicit Lock(OpenBook& book) : book_(book) { book_.isLocked_ = book_.file_->lock(); }
+        explicit Lock(OpenBook& book) : book_(book), held_(book.records_->lock()) {}
         Lock(const Lock&) = delete;
         Lock& operator=(const Lock&) = delete;
         ~Lock() {
-            if (book_.isLocked_)
-                book_.file_->unlock();
-            book_.isLocked_ = false;
+            if (held_)
+                book_.records_->unlock();
         }
 
       private:
         OpenBook& book_;
+        bool held_;
     };
 
   private:
-    std::unique_ptr<RandomFile> file_;
+    std::unique_ptr<BookRecords> records_;
     const CodePage& codePage_;
     std::optional<BookScan> reading_;  // of ReadNext()
     RecordNumber lastRead_ = 0;
     bool atEnd_ = false;
-    bool isLocked_ = false;
 };
 
-// The two books: flat files of records, read from the first to the last at each operation.
+// The two books, read from the first to the last at each operation.
 // Nothing is kept between operations.
 class PhonebookStore {
   public:
-    // All must outlive the store.
-    PhonebookStore(Files& files, const DataLocations& locations, const CodePage& codePage)
-        : files_(files), locations_(locations), codePage_(codePage) {}
+    // Both must outlive the store.
+    PhonebookStore(Books& books, const CodePage& codePage) : books_(books), codePage_(codePage) {}
 
-    // Opens a book by its file name, kYellowPagesFile or kWhitePagesFile, in the folder that the
-    // settings name, and creates it empty when it is missing. Whoever runs a long scan passes the
-    // name it began with, as the user may switch books meanwhile. Throws Failure.
+    // True when there is a book of this file name, kYellowPagesFile or kWhitePagesFile.
+    [[nodiscard]] bool exists(const std::string& bookFile) const { return books_.exists(bookFile); }
+
+    // Opens a book by its file name, and creates it empty when it is missing. Whoever runs a long
+    // scan passes the name it began with, as the user may switch books meanwhile. Throws Failure.
     [[nodiscard]] OpenBook Open(const std::string& bookFile) const;
 
     // The tab of an entry, 0 to 26.
@@ -110,8 +113,7 @@ class PhonebookStore {
     [[nodiscard]] const CodePage& codePage() const { return codePage_; }
 
   private:
-    Files& files_;
-    const DataLocations& locations_;
+    Books& books_;
     const CodePage& codePage_;
 };
 

@@ -13,6 +13,7 @@
 #include "platform/Failure.h"
 #include "platform/files/FileLock.h"
 #include "platform/files/FileSteps.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -105,14 +106,18 @@ std::string AccessConversion::convert(const NativePath& path) {
     const FileLock lock(path, kPatience);
     if (!lock.isOn(path) || kindOfDatabase(path) != DatabaseKind::Access)
         return {};
-    const NativePath beside = path.withEnding(".converting");
+    const NativePath beside = temporaryBeside(path);
     const auto clear = [&] {
         removeIfThere(beside.withEnding("-journal"));
         removeIfThere(beside);
     };
     try {
-        clear();  // what a conversion that was broken off may have left
+        clearAbandonedBeside(path);  // what a conversion that was broken off may have left
         copyRows(path, beside);
+        if (kindOfDatabase(path) != DatabaseKind::Access) {
+            clear();  // another copy was faster, where there are no locks
+            return {};
+        }
         const NativePath original = nameForOriginal(path);
         keepUnderSecondName(path, original);
         renameOver(beside, path);

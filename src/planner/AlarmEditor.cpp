@@ -1,5 +1,6 @@
 #include "planner/AlarmEditor.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "planner/ListShapes.h"
@@ -47,8 +48,15 @@ void AlarmEditor::Remove(const std::string& line) {
     if (trimBlanks(line).empty())
         return;
     message_.clear();
-    list().remove(at(line));
+    const auto known = std::find_if(shown_.begin(), shown_.end(), at(line));
+    const bool removed = known != shown_.end() && list().remove([&](const NumberedEntry& entry) {
+        return entry.time == known->time && entry.message == known->message;
+    });
     fill();
+    if (removed)
+        return;
+    if (const auto changed = list().find(at(line)))
+        message_ = changed->message;
 }
 
 NumberedList AlarmEditor::list() const {
@@ -57,7 +65,8 @@ NumberedList AlarmEditor::list() const {
 
 void AlarmEditor::fill() {
     times_.clear();
-    for (const NumberedEntry& entry : list().entries())
+    shown_ = list().entries();
+    for (const NumberedEntry& entry : shown_)
         if (std::string time = shownTime(entry.time); !time.empty())
             times_.push_back(std::move(time));
 }

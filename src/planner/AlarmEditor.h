@@ -43,6 +43,7 @@ class AlarmEditor {
     void Pick(const std::string& line);
 
     // Removes the first alarm of the picked time and empties the message; nothing for a blank line.
+    // An alarm that has another message than when times() was read stays, and its message shows.
     void Remove(const std::string& line);
 
   private:
@@ -55,6 +56,7 @@ class AlarmEditor {
     ClockTime time_;
     std::string message_;
     std::vector<std::string> times_;
+    std::vector<NumberedEntry> shown_;  // as times() was read
 };
 
 }  // namespace velmora

@@ -33,9 +33,10 @@ void AlarmTick::ringDated() {
 void AlarmTick::ring(NumberedList& list, const NumberedEntry& alarm) {
     ignoringErrors([this] { sound_.ring(); });
     ignoringErrors([&] { alerts_.add(alarm.message); });
-    ignoringErrors([&] {
-        list.remove([&](const NumberedEntry& entry) { return entry.number == alarm.number; });
-    });
+    // Another copy of the program may have closed the list up since; then another alarm has the
+    // number.
+    ignoringErrors(
+        [&] { list.remove([&](const NumberedEntry& entry) { return entry == alarm; }); });
 }
 
 void AlarmTick::ringWeekly() {

@@ -5,16 +5,19 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "planner/Appointment.h"
 #include "planner/AppointmentConnection.h"
 #include "planner/AppointmentRow.h"
 #include "planner/DayStyle.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
-#include "platform/SystemPaths.h"
+#include "platform/Patience.h"
+#include "platform/StorageFailure.h"
 
 namespace velmora {
 
@@ -27,9 +30,9 @@ namespace velmora {
 // database. No lock is held between two calls. All text is code-page text.
 class AppointmentStore {
   public:
-    // `patience`: how long another program's lock is waited for.
-    AppointmentStore(const CodePage& codePage, const Clock& clock, const SystemPaths& paths,
-                     std::chrono::milliseconds patience = std::chrono::seconds(5));
+    // `patience`: how long another program's lock is waited for, however many steps meet it.
+    AppointmentStore(const CodePage& codePage, const Clock& clock, const AppointmentSource& source,
+                     std::chrono::milliseconds patience = std::chrono::milliseconds(200));
 
     // Makes `path` the database, whether a file is there or not. The rows on hand are gone.
     void OpenDatabase(const std::string& path);
@@ -48,6 +51,13 @@ class AppointmentStore {
     void Refresh();
 
     [[nodiscard]] bool Eof();
+
+    // Why not all rows of the last source that ran, or of DayStyles(), could be read. Nothing when
+    // they could, and when there is no database at all.
+    [[nodiscard]] std::optional<Obstacle> obstacle() const;
+
+    // What waits for locks.
+    [[nodiscard]] Patience& patience() { return patience_; }
 
     // Drop a row being added or changed. Throw Failure when there is no row to go from.
     void MoveFirst();
@@ -79,6 +89,9 @@ class AppointmentStore {
     // Throws Failure, with nothing written, and the row is then still being added or changed.
     void Update();
 
+    // A new row in one step. Throws Failure, with nothing written.
+    void Add(const Appointment& appointment);
+
     // Removes the current row and stands on the next. Throws Failure without one.
     void Delete();
 
@@ -88,12 +101,20 @@ class AppointmentStore {
     // fails, nothing is thrown and there are the days read so far.
     [[nodiscard]] std::vector<DayStyle> DayStyles();
 
+    // The same without the days that can not have changed since the last call of either. What
+    // others have written to the database since counts, too.
+    [[nodiscard]] std::vector<DayStyle> NewDayStyles();
+
+    // NewDayStyles() shall have this day, whether it has changed or not.
+    void expectDay(std::string_view dateText);
+
   private:
     // A record source: its rows have `value` in the column of its condition.
     struct Source {
         AppointmentConnection::Condition condition = AppointmentConnection::Condition::All;
         std::string value;
-        std::string trouble;  // why it can not be run; empty when it can
+        std::string trouble;                 // why it can not be run; empty when it can
+        std::optional<Obstacle> obstacle{};  // that running it met
     };
 
     enum class Editing { Nothing, Addition, Change };
@@ -104,7 +125,10 @@ class AppointmentStore {
     [[nodiscard]] std::chrono::year presentYear() const;
     void run();
     void fetchBehind(std::int64_t number, std::size_t limit);
+    [[nodiscard]] std::vector<DayStyle> readStyles(bool all);
+    void touch(const AppointmentValue& storedDay);
     void dropRows();
+    void takeNote(const Failure& failure);
     [[nodiscard]] AppointmentRow& current();
     void toCodePage(AppointmentRow& row) const;
     [[nodiscard]] AppointmentValue storedForm(Column column, std::string_view text) const;
@@ -112,19 +136,22 @@ class AppointmentStore {
 
     const CodePage& codePage_;
     const Clock& clock_;
-    const SystemPaths& paths_;
-    std::chrono::milliseconds patience_;
+    const AppointmentSource& source_;
+    Patience patience_;
     std::string path_;
     std::unique_ptr<AppointmentConnection> connection_;
 
     std::string recordSource_;
-    Source selected_{{}, {}, "No record source is set."};  // what the next Refresh() runs
-    Source running_ = selected_;                           // what gave the rows on hand
+    Source selected_{{}, {}, "No record source is set.", {}};  // what the next Refresh() runs
+    Source running_ = selected_;                               // what gave the rows on hand
     bool mustRun_ = false;
     bool fromFirst_ = false;            // the rows on hand begin with the source's first
     bool moreBehind_ = false;           // there may be rows behind those on hand
     std::vector<AppointmentRow> rows_;  // in code-page text
     std::size_t position_ = 0;
+
+    std::set<std::string> touched_;             // days whose styles may be others now, as stored
+    std::optional<std::int64_t> knownVersion_;  // of the table whose styles are known otherwise
 
     Editing editing_ = Editing::Nothing;
     AppointmentConnection::Values put_;  // in code-page text

@@ -1,7 +1,6 @@
 #include "planner/EventBooking.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "platform/Text.h"
 
@@ -25,20 +24,11 @@ bool BookedName::fits(RecordView record, const CodePage& codePage) const {
            codePage.equalIgnoringCase(record.text(Field::Company), wanted);
 }
 
-PhonebookRecord writeDateReference(const PhonebookStore& store, const std::string& bookFile,
+PhonebookRecord writeDateReference(EntryWriter& entries, const std::string& bookFile,
                                    const BookedName& name, std::string_view reference) {
-    OpenBook book = store.Open(bookFile);
-    const OpenBook::Lock lock(book);
-    PhonebookRecord record;
-    std::optional<RecordNumber> number;
-    for (BookScan scan = book.scan(); !number && scan.next();)
-        if (name.fits(scan.record(), store.codePage())) {
-            record = PhonebookRecord(scan.record().bytes());
-            number = scan.number();
-        }
-    record.assign(Field::DateReference, reference);
-    book.WriteAt(number.value_or(book.recordCount() + 1), record);
-    return record;
+    return entries.changeFirst(
+        bookFile, [&](RecordView record) { return name.fits(record, entries.codePage()); },
+        [&](PhonebookRecord& record) { record.assign(Field::DateReference, reference); });
 }
 
 std::string nameForAppointment(const PhonebookRecord& record) {

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "phonebook/EntryWriter.h"
 #include "phonebook/PhonebookRecord.h"
-#include "phonebook/PhonebookStore.h"
 
 namespace velmora {
 
@@ -24,7 +24,7 @@ struct BookedName {
 // Writes `reference` into the field DateReference of the first record that fits and leaves every
 // other byte of the book as it is. Where none fits, an empty record with that reference goes behind
 // the last. Returns the record as it was written. Throws Failure.
-PhonebookRecord writeDateReference(const PhonebookStore& store, const std::string& bookFile,
+PhonebookRecord writeDateReference(EntryWriter& entries, const std::string& bookFile,
                                    const BookedName& name, std::string_view reference);
 
 // The name in the text of an appointment: the company where there is no last name, else first and

@@ -4,7 +4,7 @@
 
 #include "core/PrintJobs.h"
 #include "platform/CodePage.h"
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 namespace velmora {
 

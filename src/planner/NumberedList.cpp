@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/CodePage.h"
-#include "platform/Failure.h"
+#include "platform/FatalFailure.h"
 #include "platform/Text.h"
 
 namespace velmora {
@@ -153,8 +153,8 @@ std::vector<NumberedList::Row> NumberedList::rowsWithout(std::int64_t removed,
         if (std::exchange(rowEnded, false))
             rows.emplace_back();
         if (std::ssize(rows) > shape_.mostEntries)
-            throw Failure("More than " + std::to_string(shape_.mostEntries) +
-                          " entries can not be moved up. Nothing was removed.");
+            throw FatalFailure("More than " + std::to_string(shape_.mostEntries) +
+                               " entries can not be moved up. Nothing was removed.");
         return rows.back();
     };
     for (const auto& [number, entry] : stored.entries) {

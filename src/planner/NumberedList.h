@@ -27,6 +27,8 @@ struct NumberedEntry {
     std::int64_t number = 0;
     std::string time;
     std::string message;
+
+    friend bool operator==(const NumberedEntry&, const NumberedEntry&) = default;
 };
 
 // One numbered list of the settings, read anew at each call. Its count is a key of its own and not
@@ -60,7 +62,9 @@ class NumberedList {
     // up in order, trimmed, each with its time; an entry without a message loses its place to the
     // next one, which keeps the earlier time if it has none itself. Places left over at the end
     // stay as empty entries, since the count goes down by just 1. False, and nothing changed, where
-    // none matches. Throws Failure also when more than `mostEntries` are to move.
+    // none matches. Reading and writing are one transaction, so what matches is what goes, whatever
+    // another program does to the list. Throws FatalFailure when more than `mostEntries` are to
+    // move.
     bool remove(const Matches& matches);
 
   private:

@@ -1,5 +1,8 @@
 #include "planner/Planner.h"
 
+#include <utility>
+
+#include "planner/PlannerTrouble.h"
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
 #include "platform/Failure.h"
@@ -11,7 +14,6 @@ namespace {
 
 using std::chrono::year_month_day;
 
-constexpr const char* kStyle = "Event";
 constexpr const char* kNoStyle = "None";
 
 struct NamedLook {
@@ -36,7 +38,7 @@ constexpr NamedLook kLooks[] = {
 }  // namespace
 
 Planner::Planner(AppointmentStore& store, const PlannerControls& controls, StatusLine& status,
-                 const SettingsStore& settings, const Clock& clock, const LocaleFormats& formats)
+                 SettingsStore& settings, const Clock& clock, const LocaleFormats& formats)
     : store_(store),
       day_(controls.day),
       month_(controls.month),
@@ -65,9 +67,10 @@ void Planner::SetTimeLimits() {
 }
 
 void Planner::UpdateDays() {
-    const std::vector<DayStyle> days = store_.DayStyles();
+    const std::vector<DayStyle> days = store_.NewDayStyles();
     ignoringErrors([&] { year_.SetDayStyles(days); });
     ignoringErrors([&] { month_.SetDayStyles(days); });
+    coloursAreUnread_ = store_.obstacle().has_value();
 }
 
 std::chrono::year Planner::pivotYear() const {
@@ -76,6 +79,7 @@ std::chrono::year Planner::pivotYear() const {
 }
 
 void Planner::LoadDayTasks() {
+    putAside();
     ignoringErrors([&] { store_.Refresh(); });
     const auto pivot = pivotYear();
     dayOnShow_ = readDate(selectedDate_, pivot);
@@ -85,8 +89,13 @@ void Planner::LoadDayTasks() {
         dayOnShow_ = readDate(selectedDate_, pivot);
     }
     ignoringErrors([&] { store_.SelectByDate(selectedDate_, pivot); });
+    fillDay();
+}
+
+void Planner::fillDay() {
     ignoringErrors([&] { store_.Refresh(); });
     ignoringErrors([&] { day_.RemoveAllTasks(); });
+    editIsOpen_ = false;
     for (int index = 0; !store_.Eof(); ++index) {
         ignoringErrors([&] {
             const AppointmentRow& row = store_.CurrentRow();
@@ -96,6 +105,12 @@ void Planner::LoadDayTasks() {
         });
         ignoringErrors([&] { store_.MoveNext(); });
     }
+    const auto obstacle = store_.obstacle();
+    dayIsUnread_ = obstacle.has_value();
+    if (obstacle)  // a part of the day would pass for the whole of it
+        ignoringErrors([&] { day_.RemoveAllTasks(); });
+    ignoringErrors([&] { day_.SetNotice(obstacle ? dayCanNotBeRead(*obstacle) : std::string()); });
+    showUnstored();
 }
 
 void Planner::AlignMonthWithDayOnShow() {
@@ -106,11 +121,15 @@ void Planner::AlignMonthWithDayOnShow() {
         ignoringErrors([&] { month_.SetDate(onShow); });
 }
 
-void Planner::OnTaskEditBegin(int /*index*/, bool exists) {
+void Planner::OnTaskEditBegin(int index, bool exists) {
     taskIsNew_ = !exists;
+    editIsOpen_ = true;
+    beforeEdit_.reset();
+    ignoringErrors([&] { beforeEdit_ = day_.Task(index); });
 }
 
 void Planner::OnTaskEditEnd(int index, bool keepRefresh, bool save) {
+    editIsOpen_ = false;
     if (index != -1) {
         ignoringErrors([&] { store_.SelectAll(); });
         ignoringErrors([&] { store_.Refresh(); });
@@ -125,6 +144,26 @@ void Planner::OnTaskEditEnd(int index, bool keepRefresh, bool save) {
 }
 
 void Planner::storeTask(int index) {
+    try {
+        writeTask(index);
+    } catch (const Failure& failure) {
+        const std::string why = becauseOf(obstacleOf(failure));
+        if (taskIsNew_) {
+            // Without its row the block must not pass for one that has: its next edit would land
+            // on the row of another.
+            ignoringErrors([&] { day_.SetTaskTag(index, ""); });
+            blocksAreUnstored_ = true;
+            tell("The appointment is not stored yet" + why);
+        } else {
+            if (beforeEdit_)
+                ignoringErrors([&] { day_.SetTask(index, *beforeEdit_); });
+            tell("The change could not be stored" + why);
+        }
+    }
+    ignoringErrors([&] { store_.Refresh(); });
+}
+
+void Planner::writeTask(int index) {
     if (taskIsNew_)
         beginAddition(index);
     else
@@ -132,16 +171,8 @@ void Planner::storeTask(int index) {
     ignoringErrors([&] { store_.Put(Column::BeginTime, day_.Task(index).BeginTime); });
     ignoringErrors([&] { store_.Put(Column::EndTime, day_.Task(index).EndTime); });
     ignoringErrors([&] { store_.Put(Column::Desc, day_.Task(index).text); });
-    ignoringErrors([&] { store_.Put(Column::StyleSet, kStyle); });
-    try {
-        store_.Update();
-    } catch (const Failure&) {
-        // Without its row the block must not pass for one that has: its next edit would land on
-        // the row of another.
-        if (taskIsNew_)
-            ignoringErrors([&] { day_.SetTaskTag(index, ""); });
-    }
-    ignoringErrors([&] { store_.Refresh(); });
+    ignoringErrors([&] { store_.Put(Column::StyleSet, kStyleOfAppointments); });
+    store_.Update();
 }
 
 void Planner::beginAddition(int index) {
@@ -152,29 +183,86 @@ void Planner::beginAddition(int index) {
     ignoringErrors([&] { store_.Put(Column::Date, month_.Date()); });
 }
 
+// Where no row has the tag, the change lands on the first row of the day. Where that can not be
+// known, it lands on none.
 void Planner::beginChange(int index) {
-    ignoringErrors([&] { store_.SelectByDate(month_.Date()); });
-    ignoringErrors([&] { store_.Refresh(); });
-    std::string tag;
-    ignoringErrors([&] { tag = day_.Task(index).TagVariant; });
-    // Where no row has the tag, the change lands on the first row of the day.
-    ignoringErrors([&] { store_.FindFirst("[TagVariant] = #" + tag + "#"); });
-    ignoringErrors([&] { store_.Edit(); });
+    store_.SelectByDate(month_.Date());
+    store_.Refresh();
+    (void)store_.FindFirst("[TagVariant] = #" + day_.Task(index).TagVariant + "#");
+    store_.Edit();
 }
 
 void Planner::OnTaskRemove() {
-    std::string tag;
-    ignoringErrors([&] { tag = day_.Task(day_.SelectedTask()).TagVariant; });
-    ignoringErrors([&] { store_.SelectByTag(tag); });
-    ignoringErrors([&] { store_.Refresh(); });
-    ignoringErrors([&] { store_.Delete(); });
-    ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
-    ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
+    DayTask task;
+    ignoringErrors([&] { task = day_.Task(day_.SelectedTask()); });
+    try {
+        removeRow(task.TagVariant);
+        store_.expectDay(month_.Date());  // other rows of it colour it again
+        ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
+        ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
+    } catch (const Failure& failure) {
+        // The view takes the block away; another comes in its place, since the row is still there.
+        ignoringErrors([&] { day_.AddTask(task.BeginTime, task.EndTime, task.text); });
+        ignoringErrors([&] { day_.SetTaskTag(day_.TaskCount() - 1, task.TagVariant); });
+        tell("The appointment could not be removed" + becauseOf(obstacleOf(failure)));
+    }
     UpdateDays();
 }
 
+// A row that is gone already needs no removal.
+void Planner::removeRow(const std::string& tag) {
+    store_.SelectByTag(tag);
+    store_.Refresh();
+    if (!store_.Eof()) {
+        AppointmentRow row = store_.CurrentRow();
+        store_.Delete();
+        removed_.push_back(std::move(row));
+    } else if (const auto obstacle = store_.obstacle()) {
+        throw StorageFailure("The appointment can not be read.", *obstacle);
+    }
+}
+
+void Planner::OnUndoRemoval() {
+    if (removed_.empty())
+        return status_.show("There is no removed appointment to bring back.");
+    if (!bringBack(removed_.back()))
+        return status_.show("The appointment could not be brought back.");
+    const AppointmentRow row = std::move(removed_.back());
+    removed_.pop_back();
+    UpdateDays();
+    showTask(row);
+    status_.show("The appointment was brought back.");
+}
+
+bool Planner::bringBack(const AppointmentRow& row) {
+    try {
+        store_.SelectAll();
+        store_.AddNew();
+        for (std::size_t i = 0; i < kColumnCount; ++i)
+            store_.Put(static_cast<Column>(i), row.text(static_cast<Column>(i)));
+        store_.Update();
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+// A row without a date shows on no day. Of several blocks with one tag it is the last; the day view
+// refuses the index behind its last block.
+void Planner::showTask(const AppointmentRow& row) {
+    const auto day = readStoredDay(row.text(Column::Date));
+    if (!day)
+        return;
+    ignoringErrors([&] {
+        month_.SetDate(writeDate(*day));
+        for (int index = 0;; ++index)
+            if (day_.Task(index).TagVariant == row.text(Column::TagVariant))
+                day_.SelectTask(index);
+    });
+}
+
 void Planner::OnDayPointerMoved() {
-    status_.show("Drag horizontal divider bars to adjust times.");
+    help("Drag horizontal divider bars to adjust times.");
 }
 
 void Planner::OnMonthSelection(const std::string& date) {
@@ -186,16 +274,17 @@ void Planner::OnMonthSelection(const std::string& date) {
     selectedDate_ = date;
     if (selectedDate_.empty())
         return;
+    putAside();
     ignoringErrors([&] { day_.RemoveAllTasks(); });
     LoadDayTasks();
 }
 
 void Planner::OnMonthGotFocus() {
-    status_.show("Press CTRL+T to go to today.");
+    help("Press CTRL+T to go to today.");
 }
 
 void Planner::OnMonthLostFocus() {
-    status_.show("");
+    help("");
 }
 
 bool Planner::OnMonthDrop(int x, int y, bool selectedEntryDropped) {
@@ -229,6 +318,7 @@ void Planner::OnYearSelection(const std::string& date) {
 
 void Planner::OnYearDoubleClick() {
     if (!selectedDate_.empty()) {
+        putAside();
         ignoringErrors([&] { day_.RemoveAllTasks(); });
         LoadDayTasks();
     }

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "planner/DayStyle.h"
-#include "platform/controls/models/CalendarModel.h"
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTask.h"
+#include "platform/calendar/StyleSet.h"
 
 // What the planner asks of the three controls and of the main form around them. Texts are
 // code-page text, dates "MM/dd/yyyy". Where an operation is said to refuse, it throws Failure and
@@ -29,8 +29,17 @@ class DayControl {
     [[nodiscard]] virtual DayTask Task(int index) const = 0;
     virtual void SetTaskTag(int index, const std::string& tag) = 0;
 
+    // Gives a block the times and the text of another; its tag stays.
+    virtual void SetTask(int index, const DayTask& task) = 0;
+
+    [[nodiscard]] virtual int TaskCount() const = 0;
+
+    // What the view says beside its blocks, when something is to be said of the day as a whole.
+    virtual void SetNotice(const std::string& text) = 0;
+
     // The index of the selected block, -1 without one.
     [[nodiscard]] virtual int SelectedTask() const = 0;
+    virtual void SelectTask(int index) = 0;
 
     // First and last time of the column, as "7:00 AM". Refuses what is no time of day.
     virtual void SetFirstTime(const std::string& time) = 0;

@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/files/FileIdentity.h"
 #include "platform/files/FileSteps.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -28,6 +29,7 @@ CREATE TABLE appoint (
     "StyleSet" TEXT
 );
 CREATE INDEX appoint_date ON appoint ("Date");
+CREATE INDEX appoint_day ON appoint ("Date", "StyleSet");
 CREATE INDEX appoint_tag ON appoint ("TagVariant");
 )";
 
@@ -57,7 +59,7 @@ void createAppointmentTable(sqlite::Database& database) {
 void layDownDatabase(const NativePath& path) {
     if (identityOf(path))
         return;
-    const NativePath beside = path.withEnding(".laying-" + processNumber());
+    const NativePath beside = temporaryBeside(path);
     try {
         removeIfThere(beside);
         {

@@ -6,6 +6,7 @@
 #include "platform/Failure.h"
 #include "platform/files/FileIdentity.h"
 #include "platform/files/FileSteps.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora {
@@ -35,10 +36,15 @@ constexpr const char* kToReplace = "BEGIN IMMEDIATE";
 
 void keepGeneration(const NativePath& path) {
     const NativePath kept = path.sibling(path.stem() + ".previous" + path.extension());
-    const NativePath beside = kept.withEnding(".keeping-" + processNumber());
+    const NativePath beside = temporaryBeside(kept);
     removeIfThere(beside);
     keepUnderSecondName(path, beside);
-    renameOver(beside, kept);
+    try {
+        renameOver(beside, kept);
+    } catch (const Failure&) {
+        ignoringErrors([&] { removeIfThere(beside); });
+        throw;
+    }
 }
 
 }  // namespace
@@ -48,7 +54,8 @@ void copyPlannerDatabase(const NativePath& from, const NativePath& to) {
         throw Failure("\"" + from.utf8() + "\" is no planner database.");
     if (identityOf(from) == identityOf(to))
         return;
-    const NativePath beside = to.withEnding(".copying-" + processNumber());
+    clearAbandonedBeside(to);
+    const NativePath beside = temporaryBeside(to);
     try {
         {
             const StandStill source(from, kToRead);

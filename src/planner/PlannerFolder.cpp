@@ -18,7 +18,9 @@ PlannerFolder::PlannerFolder(const DataLocations& locations, PlannerOpener& open
       messages_(messages) {}
 
 void PlannerFolder::OpenAtStart() {
-    opener_.Open(store_, locations_.PlannerDatabasePath());
+    // Where it is not known which database is the user's, none is opened in its stead; why, is told
+    // with the state of the settings.
+    ignoringErrors([&] { opener_.Open(store_, locations_.PlannerDatabasePath()); });
 }
 
 void PlannerFolder::Move(const std::string& folder) {

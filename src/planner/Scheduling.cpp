@@ -3,11 +3,31 @@
 #include <utility>
 
 #include "planner/EventBooking.h"
-#include "planner/StoredText.h"
-#include "platform/Failure.h"
+#include "platform/DateText.h"
+#include "platform/StorageFailure.h"
 #include "platform/Text.h"
 
 namespace velmora {
+
+namespace {
+
+constexpr int kMostTries = 10;  // five seconds
+constexpr const char* kNoAppointmentYet =
+    "There is no current appointment. Type the first appointment of a new planner into the day "
+    "view.";
+
+// The very first row comes from the day view.
+void goToFirst(AppointmentStore& store) {
+    try {
+        store.MoveFirst();
+    } catch (const Failure& failure) {
+        if (obstacleOf(failure) == Obstacle::NoSuchRow)
+            throw Failure(kNoAppointmentYet);
+        throw;
+    }
+}
+
+}  // namespace
 
 Scheduling::Scheduling(const SchedulingParts& parts) : parts_(parts) {}
 
@@ -19,7 +39,9 @@ void Scheduling::Start(ScheduleCommand command) {
             parts_.messages
                 .askText("Schedule Other...", "What would you like to schedule?", "Other Event")
                 .value_or("");
-    waiting_.push_back({command, std::move(answer)});
+    if (parts_.loop.closing())
+        return;  // the end of the program has closed the question
+    waiting_.push_back({.command = command, .answer = std::move(answer)});
     parts_.desk.OpenSchedule();
 }
 
@@ -33,13 +55,23 @@ bool Scheduling::textsAreFilled() const {
 }
 
 void Scheduling::wake() {
+    heldUp_ = false;
     if (parts_.loop.closing())
         return waiting_.clear();
     try {
         while (!waiting_.empty() && textsAreFilled()) {
-            const Waiting latest = std::move(waiting_.back());
+            Waiting latest = std::move(waiting_.back());
             waiting_.pop_back();
-            run(latest);
+            try {
+                run(latest);
+            } catch (const StorageFailure& failure) {
+                if (failure.obstacle() != Obstacle::InUse || ++latest.tries > kMostTries)
+                    throw;
+                waiting_.push_back(std::move(latest));
+                heldUp_ = true;
+                parts_.status.show("Waiting for the planner, which another program is using...");
+                return;
+            }
         }
     } catch (const Failure& failure) {
         waiting_.clear();
@@ -47,15 +79,34 @@ void Scheduling::wake() {
     }
 }
 
-void Scheduling::run(const Waiting& waiting) {
+void Scheduling::TryAgain() {
+    if (heldUp_)
+        wake();
+}
+
+// Before anything is written: what can not be read now is not to be written half.
+void Scheduling::expectRows() {
+    AppointmentStore& store = parts_.appointments;
+    store.SelectAll();
+    store.Refresh();
+    if (!store.Eof())
+        return;
+    if (store.obstacle() == Obstacle::InUse)
+        throw StorageFailure("The planner is in use by another program.", Obstacle::InUse);
+}
+
+void Scheduling::run(Waiting& waiting) {
+    expectRows();
     ScheduleTexts& texts = parts_.texts;
     texts.ScheduleBegin = formatTimeText(texts.ScheduleBegin, "hh:mm AMPM", parts_.formats);
     texts.ScheduleEnd = formatTimeText(texts.ScheduleEnd, "hh:mm AMPM", parts_.formats);
 
-    const PhonebookRecord record =
-        writeDateReference(parts_.phonebook, parts_.shared.BookFile,
-                           BookedName::ofListLine(parts_.desk.SelectedLine()),
-                           parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+    if (!waiting.booked)
+        waiting.booked =
+            writeDateReference(parts_.entries, parts_.shared.BookFile,
+                               BookedName::ofListLine(parts_.desk.SelectedLine()),
+                               parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+    const PhonebookRecord& record = *waiting.booked;
     parts_.desk.SetCurrentEntry(record);
     addAppointment(beginningOf(waiting) + nameForAppointment(record) + " " +
                    std::string(record.text(Field::Phone)));
@@ -76,15 +127,13 @@ void Scheduling::addAppointment(const std::string& description) {
     AppointmentStore& store = parts_.appointments;
     store.SelectAll();
     store.Refresh();
-    store.MoveFirst();  // fails on an empty table: the very first row comes from the day view
-    store.AddNew();
-    store.Put(Column::TagVariant, storedMoment(parts_.clock.now()));
-    store.Put(Column::Date, parts_.month.Date());
-    store.Put(Column::BeginTime, parts_.texts.ScheduleBegin);
-    store.Put(Column::EndTime, parts_.texts.ScheduleEnd);
-    store.Put(Column::Desc, description);
-    store.Put(Column::StyleSet, "Event");
-    store.Update();
+    goToFirst(store);
+    const Moment now = parts_.clock.now();
+    store.Add({.tag = now,
+               .day = readDate(parts_.month.Date(), dateOf(now).year()),
+               .begin = parts_.texts.ScheduleBegin,
+               .end = parts_.texts.ScheduleEnd,
+               .text = description});
     store.Refresh();
 }
 

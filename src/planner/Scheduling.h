@@ -1,11 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/SharedState.h"
+#include "phonebook/EntryWriter.h"
 #include "phonebook/PhonebookRecord.h"
-#include "phonebook/PhonebookStore.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
@@ -15,6 +16,7 @@
 #include "platform/EventLoop.h"
 #include "platform/Format.h"
 #include "platform/Messages.h"
+#include "platform/StatusLine.h"
 
 namespace velmora {
 
@@ -43,7 +45,7 @@ class ScheduleDesk {
 // What scheduling works with; all outlive it.
 struct SchedulingParts {
     const SharedState& shared;
-    const PhonebookStore& phonebook;
+    EntryWriter& entries;  // of the phonebook
     AppointmentStore& appointments;
     Planner& planner;
     DayControl& day;
@@ -54,6 +56,7 @@ struct SchedulingParts {
     EventLoop& loop;
     const Clock& clock;
     const LocaleFormats& formats;
+    StatusLine& status;
 };
 
 // The scheduling commands. A command opens the form `Schedule` and waits; the latest that waits
@@ -68,23 +71,31 @@ class Scheduling {
     // The form `Schedule` has filled the texts and closed.
     void OnApplied();
 
+    // Called twice a second: where another program locked the planner, the command is tried again,
+    // for five seconds.
+    void TryAgain();
+
     // How many commands wait for their times.
     [[nodiscard]] std::size_t waiting() const { return waiting_.size(); }
 
   private:
     struct Waiting {
         ScheduleCommand command;
-        std::string answer;  // what the user wants to schedule; of the command Other only
+        std::string answer{};  // what the user wants to schedule; of the command Other only
+        std::optional<PhonebookRecord> booked{};  // once its entry has been written
+        int tries = 0;
     };
 
     [[nodiscard]] bool textsAreFilled() const;
     void wake();
-    void run(const Waiting& waiting);
+    void run(Waiting& waiting);
+    void expectRows();
     [[nodiscard]] std::string beginningOf(const Waiting& waiting) const;
     void addAppointment(const std::string& description);
 
     SchedulingParts parts_;
     std::vector<Waiting> waiting_;
+    bool heldUp_ = false;  // the latest command met a lock
     WorkOwner wakes_;
 };
 

@@ -25,6 +25,10 @@ DayAndTime partsOf(const std::string& line) {
     return {std::string(day), std::string(splitTaskLine(rest).first)};
 }
 
+std::string lineOf(std::string_view day, const NumberedEntry& entry) {
+    return std::string(day) + " - " + shownTime(entry.time) + " - " + entry.message;
+}
+
 }  // namespace
 
 WeeklyTasks::WeeklyTasks(SettingsStore& settings, const Clock& clock)
@@ -66,8 +70,10 @@ void WeeklyTasks::Pick(const std::string& line) {
 void WeeklyTasks::Remove(const std::string& line) {
     if (line.empty())
         return;
-    const auto [day, time] = partsOf(line);
-    listOf(day).remove(at(time));
+    // A task that another copy of the program has given another text since is not the one meant.
+    listOf(partsOf(line).day).remove([&, day = partsOf(line).day](const NumberedEntry& entry) {
+        return lineOf(day, entry) == line;
+    });
     fill();
 }
 
@@ -79,8 +85,8 @@ void WeeklyTasks::fill() {
     lines_.clear();
     for (const std::string_view day : kWeekdayNames)
         for (const NumberedEntry& entry : listOf(day).entries())
-            if (const std::string time = shownTime(entry.time); !time.empty())
-                lines_.push_back(std::string(day) + " - " + time + " - " + entry.message);
+            if (!shownTime(entry.time).empty())
+                lines_.push_back(lineOf(day, entry));
 }
 
 }  // namespace velmora

@@ -56,9 +56,12 @@ class Files {
     [[nodiscard]] virtual std::optional<std::string> readWhole(const std::string& path,
                                                                std::uint64_t limit) const = 0;
 
-    // Replaces the whole file: written beside it, handed to the disk, renamed. Throws Failure,
-    // and the old file is then as it was.
+    // Replaces the whole file, or makes it; the bytes are on the disk then. Permissions, owner and
+    // links stay. Throws Failure, and the old file is then as it was.
     virtual void writeWhole(const std::string& path, std::string_view bytes) = 0;
+
+    // As writeWhole(), but a file that is made anew can be read by its owner only.
+    virtual void writePrivately(const std::string& path, std::string_view bytes);
 
     // Puts `bytes` behind the end in one write, so that lines of two copies of the program never
     // mix. A missing file is created; its folder never is. Throws Failure.

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/Failure.h"
 #include "platform/PrintJob.h"
 
 // What a recorded job stands on: something that measures, and something that prints.
@@ -34,10 +36,21 @@ class PrintMetrics {
                                                       PageOrientation orientation) const = 0;
 };
 
+// The printer takes no more jobs now, but may later. The job that was refused is gone.
+class QueueIsFull : public Failure {
+  public:
+    using Failure::Failure;
+};
+
 // The printers of this machine.
 class PrintOutput {
   public:
     virtual ~PrintOutput() = default;
+
+    // Asks the print system what there is, and what sheets `printer` has by default, the default
+    // one when that is empty. Events run. False when `goOn` said no. Throws Failure when the print
+    // system does not answer. The questions below are answered as of then.
+    virtual bool ask(const std::string& printer, const GoOn& goOn) = 0;
 
     // By name, as the system lists them, and `kPrintToPdf` behind them.
     [[nodiscard]] virtual std::vector<std::string> printerNames() const = 0;
@@ -45,9 +58,13 @@ class PrintOutput {
     // The one that the system prints on by default; `kPrintToPdf` where it names none.
     [[nodiscard]] virtual std::string defaultPrinter() const = 0;
 
-    // Sends a job. False when the user called it off. Throws Failure when its printer is not there
-    // any more or does not take it; nothing is printed elsewhere instead.
-    virtual bool print(const PrintJob& job) = 0;
+    // Sends a job; see PrintSurface::EndDoc(). Throws Failure when its printer is not there any
+    // more or does not take it; nothing is printed elsewhere instead.
+    virtual bool print(PrintJob job, PrintWatch* watch) = 0;
+
+    // See PrintSurface.
+    virtual void beginRun(const std::string& title) = 0;
+    virtual std::optional<std::string> endRun() = 0;
 };
 
 }  // namespace velmora

@@ -164,7 +164,7 @@ void PrintRecorder::endJob() {
     y_ = 0;
 }
 
-bool PrintRecorder::EndDoc() {
+bool PrintRecorder::EndDoc(PrintWatch* watch) {
     std::optional<PrintJob> done = std::move(job_);
     endJob();
     if (!done)
@@ -172,11 +172,15 @@ bool PrintRecorder::EndDoc() {
     while (!done->pages.empty() && done->pages.back().empty())
         done->pages.pop_back();
     done->title = title_;
-    return done->pages.empty() || output_.print(*done);
+    return done->pages.empty() || output_.print(std::move(*done), watch);
 }
 
 void PrintRecorder::KillDoc() {
     endJob();
+}
+
+bool PrintRecorder::AskPrintSystem(const GoOn& goOn) {
+    return output_.ask(chosenPrinter(), goOn);
 }
 
 std::vector<std::string> PrintRecorder::PrinterNames() const {

@@ -50,8 +50,17 @@ class PrintRecorder : public PrintSurface {
     void NewPage() override;
     [[nodiscard]] int Page() const override;
     void SetTitle(const std::string& title) override { title_ = title; }
-    bool EndDoc() override;
+    using PrintSurface::EndDoc;
+    bool EndDoc(PrintWatch* watch) override;
     void KillDoc() override;
+
+    bool AskPrintSystem(const GoOn& goOn) override;
+    [[nodiscard]] bool NeedsPrintSystem() const override { return chosenPrinter_ != kPrintToPdf; }
+
+    // What SetCurrentPrinter() was told last; empty as long as the system's default is current.
+    [[nodiscard]] std::string chosenPrinter() const { return chosenPrinter_.value_or(""); }
+    void BeginRun(const std::string& title) override { output_.beginRun(title); }
+    std::optional<std::string> EndRun() override { return output_.endRun(); }
 
     [[nodiscard]] std::vector<std::string> PrinterNames() const override;
     [[nodiscard]] std::string CurrentPrinter() const override;

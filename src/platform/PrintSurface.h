@@ -1,11 +1,18 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Text.h"
 
 namespace velmora {
+
+class PrintWatch;
+
+// Lets events run, then tells whether what waits is still wanted. An empty one: it is.
+using GoOn = std::function<bool()>;
 
 enum class PageOrientation { Portrait = 1, Landscape = 2 };
 
@@ -72,11 +79,27 @@ class PrintSurface {
     virtual void SetTitle(const std::string& title) = 0;
 
     // Sends the job; prints nothing when there was no output. Empty pages at the end are left out.
-    // False when the user called the job off, as "Print to PDF" lets them. Throws Failure when the
-    // job can not be printed. It is gone in any case.
-    virtual bool EndDoc() = 0;
+    // Events run between pages when there is a watch. False when the user called the job off, as
+    // "Print to PDF" lets them, or when the watch said no. Throws Failure when the job can not be
+    // printed. It is gone in any case.
+    virtual bool EndDoc(PrintWatch* watch) = 0;
+    bool EndDoc() { return EndDoc(nullptr); }
     // Throws the job away: nothing of it reaches the printer.
     virtual void KillDoc() = 0;
+
+    // What follows up to the end of the class may ask the print system, which may take seconds; so
+    // PrintJobs asks first. What this answers holds until it is asked anew. Events run. False when
+    // `goOn` said no. Throws Failure when the print system does not answer.
+    virtual bool AskPrintSystem(const GoOn& goOn) = 0;
+    // False when the next job can do without: the user has chosen "Print to PDF" for it.
+    [[nodiscard]] virtual bool NeedsPrintSystem() const = 0;
+
+    // The jobs from here on are one run to the user: "Print to PDF" puts them into one file of this
+    // title. What is left of a run before is dropped.
+    virtual void BeginRun(const std::string& title) = 0;
+    // The file that the run has been written to; nothing when it went to a printer, or nowhere.
+    // Throws Failure when the file can not be written.
+    virtual std::optional<std::string> EndRun() = 0;
 
     // The printers by name, as the system lists them. "Print to PDF" is always among them.
     [[nodiscard]] virtual std::vector<std::string> PrinterNames() const = 0;

@@ -23,6 +23,10 @@ class SettingsMedium {
     // The stored value, or nothing at all where it is missing or can not be read.
     [[nodiscard]] virtual std::string read(std::string_view key) const = 0;
 
+    // As read(), but throws Failure when the value can not be read: for values without which
+    // something wrong would be opened.
+    [[nodiscard]] virtual std::string readOrFail(std::string_view key) const = 0;
+
     // All settings whose key begins with `prefix`, in any case, by key; made for numbered lists of
     // thousands. Throws Failure when they can not be read, so that whoever rewrites a list never
     // takes an unreadable one for an empty one.

@@ -16,6 +16,9 @@ class StatusLine {
   public:
     virtual ~StatusLine() = default;
     virtual void show(const std::string& text) = 0;
+
+    // The text, and behind it the path of a file that a click opens. `text` may be empty.
+    virtual void showFile(const std::string& text, const std::string& path) = 0;
 };
 
 }  // namespace velmora

@@ -6,6 +6,8 @@
 #include <QTimer>
 
 #include "platform/Failure.h"
+#include "platform/FatalFailure.h"
+#include "platform/qt/PrintServiceMain.h"
 
 namespace velmora {
 namespace {
@@ -40,6 +42,23 @@ TEST(Application, AFailureThatNobodyCaughtIsShownAndTheProgramGoesOn) {
     EXPECT_EQ(errorBoxAfter([] { throw Failure("Once more."); }), "Once more.");
 }
 
+TEST(Application, AFatalFailureIsShownInItsOwnWordsAndTheProgramEndsInOrder) {
+    int ends = 0;
+    application().setOrderlyEnd([&] { ++ends; });
+    EXPECT_EQ(errorBoxAfter([] { throw FatalFailure("Too many of them."); }), "Too many of them.");
+    EXPECT_EQ(ends, 1);
+    application().setOrderlyEnd(nullptr);
+}
+
+TEST(Application, TheEndOfTheSessionIsLeftToTheProgram) {
+    int ends = 0;
+    application().setEndOfSession([&] { ++ends; });
+    QEvent quit(QEvent::Quit);
+    EXPECT_TRUE(QCoreApplication::sendEvent(qApp, &quit));
+    EXPECT_EQ(ends, 1);
+    application().setEndOfSession({});
+}
+
 TEST(Application, AnyOtherErrorIsShownAndTheProgramEndsInOrder) {
     int ends = 0;
     application().setOrderlyEnd([&] { ++ends; });
@@ -53,6 +72,8 @@ TEST(Application, AnyOtherErrorIsShownAndTheProgramEndsInOrder) {
 }  // namespace velmora
 
 int main(int argc, char** argv) {
+    if (velmora::isPrintServiceCall(argc, argv))
+        return velmora::printServiceMain(argc, argv);
     velmora::Application application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

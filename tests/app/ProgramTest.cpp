@@ -14,8 +14,12 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
+#include "forms/Widgets.h"
 #include "phonebook/PhonebookRecord.h"
 #include "phonebook/forms/Form4.h"
+#include "platform/controls/DragFormats.h"
+#include "platform/controls/EntryList.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
 #include "platform/controls/TrashCan.h"
@@ -129,14 +133,66 @@ TEST_F(ProgramTest, EndsWhileTheTrashMoves) {
               });
 }
 
+TEST_F(ProgramTest, AnEmptyPlannerIsToldAsSoonAsAnEntryIsDragged) {
+    start();
+    EntryList& list = inWindow<EntryList>("List1");
+    StatusBar& status = program->window().status();
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(),
+              "The planner is empty: type its first appointment into the day view before you "
+              "schedule with an entry.");
+    SSDay& day = program->window().day();
+    day.setFocus();
+    QTest::keyClicks(&day, "Tea");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    ASSERT_FALSE(day.isEditing());
+    status.show("");
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(), "");
+}
+
+TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
+    PhonebookRecord record;
+    record.assign(Field::First, "Ann");
+    record.assign(Field::Last, "Adair");
+    record.assign(Field::Address1, "1 Lake Road");
+    folder.write("DATAY.QEL", std::string(record.bytes().data(), record.bytes().size()));
+    start();
+    PadEdit& pad = program->window().text();
+    program->commands().run(Commands::Insert2);
+    EXPECT_EQ(pad.bytes(), "") << "no entry is selected";
+    ASSERT_TRUE(inWindow<EntryList>("List1").selectLine("Adair, Ann"));
+    program->commands().run(Commands::Insert2);
+    EXPECT_EQ(pad.bytes(), "Ann Adair\r\n1 Lake Road\r\n\r\n");
+    program->commands().run(Commands::Insert1);
+    EXPECT_EQ(pad.bytes(), "Ann Adair\r\n1 Lake Road\r\n\r\nAnn Adair\r\n1 Lake Road\r\n");
+
+    pad.setBytes("");
+    QMimeData entry;
+    entry.setData(QLatin1String(kEntryFormat), "Adair, Ann");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), entry));
+    EXPECT_TRUE(test::dropOn(*pad.viewport(), entry));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
+    EXPECT_EQ(pad.bytes(), "Ann Adair\r\n1 Lake Road\r\n\r\n");
+    EXPECT_TRUE(pad.hasFocus());
+    EXPECT_EQ(pad.selectionStart(), pad.bytes().size());
+
+    pad.setBytes("");
+    QMimeData task;
+    task.setData(QLatin1String(kTaskFormat), "Buy milk");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), task));
+    EXPECT_TRUE(test::dropOn(*pad.viewport(), task));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
+    EXPECT_EQ(pad.bytes(), "Buy milk\r\n");
+}
+
 TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
-        Commands::mergeprntmnu, Commands::runmnu,  Commands::backupmnu,     Commands::exitwinmnu,
-        Commands::Setupmnu,     Commands::repprnt, Commands::importplanner, Commands::prntentry,
-        Commands::dialp,        Commands::dialwn,  Commands::DialoOtherMnu, Commands::faxmnu,
-        Commands::emailmnu,     Commands::webmnu,  Commands::Importmnu,     Commands::importoldmnu,
-        Commands::exportmnu,    Commands::envmnu,  Commands::Explorer,      Commands::Control,
-        Commands::EMail,        Commands::WebPage, Commands::Insert1,       Commands::Insert2,
+        Commands::mergeprntmnu,  Commands::runmnu,    Commands::backupmnu,
+        Commands::exitwinmnu,    Commands::Setupmnu,  Commands::repprnt,
+        Commands::importplanner, Commands::faxmnu,    Commands::Importmnu,
+        Commands::importoldmnu,  Commands::exportmnu, Commands::Explorer,
+        Commands::Control,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;

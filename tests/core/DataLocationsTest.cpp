@@ -54,6 +54,16 @@ TEST_F(DataLocationsTest, ACalendarFolderWithoutADatabaseFallsBackInSilence) {
     EXPECT_EQ(locations.PlannerDatabasePath(), "/share\\qel.mdb");
 }
 
+TEST_F(DataLocationsTest, WhereASettingCanNotBeReadNothingElseIsNamed) {
+    settings.Save("White", "/share");
+    EXPECT_EQ(locations.whyUnknown(), std::nullopt);
+    medium.unreadable = true;
+    EXPECT_THROW((void)locations.BookPath(kWhitePagesFile), Failure);
+    EXPECT_THROW((void)locations.BookPath(kYellowPagesFile), Failure);
+    EXPECT_THROW((void)locations.PlannerDatabasePath(), Failure);
+    EXPECT_EQ(locations.whyUnknown(), "The settings can not be read.");
+}
+
 TEST(SettingsStore, DeletingAMissingKeyOrFailingToDeleteIsSilent) {
     test::MemorySettings medium;
     SettingsStore settings(medium);

@@ -125,6 +125,95 @@ TEST_F(PrintJobsTest, AFailureIsToldInABoxOrOnTheStatusLine) {
     EXPECT_EQ(desk.status.text, "The printer is on fire. \xE4");
 }
 
+TEST_F(PrintJobsTest, WithoutAnAnswerOfThePrintSystemNoJobBegins) {
+    desk.printer.silent = true;
+    bool called = false;
+    EXPECT_EQ(printing.run({}, [&](PrintRun&) { called = true; }), PrintEnd::Failed);
+    EXPECT_FALSE(called);
+    EXPECT_THAT(desk.messages.takeShown(),
+                ElementsAre("error|Velmora|The print system does not answer."));
+    EXPECT_FALSE(desk.icon.shown);
+}
+
+TEST_F(PrintJobsTest, WhoeverHasChosenAFileNeedsNoPrintSystem) {
+    printer.SetCurrentPrinter(kPrintToPdf);
+    desk.printer.silent = true;
+    EXPECT_EQ(printing.run({}, printALine), PrintEnd::Printed);
+}
+
+TEST_F(PrintJobsTest, AJobCanBeCalledOffWhileThePrintSystemIsAsked) {
+    desk.cancelInYield(1);
+    bool called = false;
+    EXPECT_EQ(printing.run({}, [&](PrintRun&) { called = true; }), PrintEnd::Cancelled);
+    EXPECT_FALSE(called);
+}
+
+TEST_F(PrintJobsTest, ThePagesArePlayedWithEventsAndTheStatusLineSaysWhich) {
+    std::vector<std::string> told;
+    printing.run({}, [&](PrintRun& run) {
+        for (int page = 0; page < 3; ++page) {
+            run.printer.Print("x");
+            run.printer.NewPage();
+        }
+        desk.loop.onYield = [&] { told.push_back(desk.status.text); };
+    });
+    EXPECT_THAT(told, testing::IsSupersetOf(
+                          {"Sending Page 1 of 3", "Sending Page 2 of 3", "Sending Page 3 of 3"}));
+    EXPECT_EQ(desk.status.text, "Velmora");
+}
+
+TEST_F(PrintJobsTest, AJobThatIsCalledOffOnItsLastPageSendsNothing) {
+    printing.run({}, [&](PrintRun& run) {
+        run.printer.Print("x");
+        run.printer.NewPage();
+        run.printer.Print("y");
+        desk.loop.onYield = [&] {
+            if (desk.status.text == "Sending Page 2 of 2")
+                desk.jobs.cancel();
+        };
+    });
+    EXPECT_EQ(desk.printer.takeDump(), "");
+}
+
+TEST_F(PrintJobsTest, AQueueThatIsFullIsTriedAgainUntilItTakesTheJob) {
+    desk.printer.tries = 3;
+    std::string told;
+    desk.loop.onYield = [&] {
+        if (desk.printer.tries > 0 && told.empty())
+            told = desk.status.text;
+    };
+    EXPECT_EQ(printing.run({}, printALine), PrintEnd::Printed);
+    EXPECT_EQ(desk.printer.takeJobs().size(), 1U);
+    desk.printer.tries = 1000000;
+    desk.loop.onYield = [&] {
+        if (desk.printer.tries < 999990)
+            desk.jobs.cancel();
+    };
+    EXPECT_EQ(printing.run({}, printALine), PrintEnd::Cancelled);
+    EXPECT_EQ(desk.printer.takeDump(), "");
+}
+
+TEST_F(PrintJobsTest, TheFileStandsOnTheStatusLineBehindTheLastText) {
+    desk.printer.file = "/home/jo/out.pdf";
+    printer.SetCurrentPrinter(kPrintToPdf);
+    EXPECT_EQ(printing.run({.title = "Letters", .lastText = "Velmora"},
+                           [](PrintRun& run) {
+                               run.printer.Print("one");
+                               EXPECT_TRUE(run.endJob("1"));
+                               run.printer.Print("two");
+                           }),
+              PrintEnd::Printed);
+    EXPECT_EQ(desk.status.text, "Velmora[/home/jo/out.pdf]");
+    EXPECT_EQ(desk.printer.runTitle, "Velmora: Letters");
+}
+
+TEST_F(PrintJobsTest, AFileThatCanNotBeWrittenIsAFailedJob) {
+    desk.printer.noFile = true;
+    printer.SetCurrentPrinter(kPrintToPdf);
+    EXPECT_EQ(printing.run({}, printALine), PrintEnd::Failed);
+    EXPECT_THAT(desk.messages.takeShown(), ElementsAre("error|Velmora|The disk is full."));
+}
+
 TEST_F(PrintJobsTest, AFailureOfTheJobItselfSendsNothing) {
     EXPECT_EQ(printing.run({},
                            [](PrintRun& run) {

@@ -4,8 +4,7 @@
 
 #include <functional>
 
-#include "support/FakeMessages.h"
-#include "support/FakePrintSurface.h"
+#include "support/PrintDesk.h"
 
 namespace velmora {
 namespace {
@@ -31,10 +30,11 @@ class FakeQuestion final : public PrinterQuestion {
 
 class PrinterSetupTest : public testing::Test {
   protected:
-    test::FakePrintSurface printer_;
+    test::PrintDesk desk_;
+    test::FakePrintSurface& printer_ = desk_.printer;
+    test::FakeMessages& messages_ = desk_.messages;
     FakeQuestion question_;
-    test::FakeMessages messages_;
-    PrinterSetup setup_{printer_, question_, messages_};
+    PrinterSetup setup_{desk_.printing, question_, messages_};
 };
 
 TEST_F(PrinterSetupTest, ShowsThePrintersAndWhatIsChosenNow) {
@@ -71,6 +71,24 @@ TEST_F(PrinterSetupTest, APrinterThatWentWhileTheDialogWasOpenIsTold) {
                             "choose another one."));
     EXPECT_EQ(printer_.CurrentPrinter(), "Pocket");
     EXPECT_EQ(printer_.Orientation(), PageOrientation::Portrait);
+}
+
+TEST_F(PrinterSetupTest, WhenThePrintSystemDoesNotAnswerTheStatusLineSaysSo) {
+    printer_.silent = true;
+    setup_.change();
+    EXPECT_THAT(question_.shown, testing::Contains(kPrintToPdf));
+    EXPECT_EQ(desk_.status.text, "The print system does not answer.");
+}
+
+TEST_F(PrinterSetupTest, TheQuestionCanBeCalledOffWhileThePrintSystemIsAsked) {
+    desk_.cancelInYield(1);
+    setup_.change();
+    EXPECT_THAT(question_.shown, IsEmpty());
+}
+
+TEST_F(PrinterSetupTest, IsRefusedWhileAJobRuns) {
+    desk_.jobs.run([this](LongJob&) { setup_.change(); });
+    EXPECT_THAT(question_.shown, IsEmpty());
 }
 
 TEST_F(PrinterSetupTest, AnotherOneCanBeChosenOnceTheCurrentOneIsGone) {

@@ -9,7 +9,7 @@ import unittest
 import planner
 from books import record
 from desk_test import DeskTest
-from velmora_driver import click, drag, key, type_text, wait_until
+from velmora_driver import click, drag, key, middle, type_text, wait_until, xdo
 
 BARLOW = record(Title="Ms.", First="Edith", Last="Barlow", Phone="(312) 555-0113",
                 DateReference="01/02/99, 08:00 AM")
@@ -50,6 +50,20 @@ class PlannerTest(DeskTest):
 
 
 class Scheduling(PlannerTest):
+    def test_an_empty_planner_is_told_as_soon_as_an_entry_is_dragged(self):
+        program = self.start_in_phonebook(BARLOW)
+        program.letter("B")
+        program.select_line("Barlow, Edith")
+        x, y = middle(program.list_item("Barlow, Edith"))
+        xdo("mousemove", x, y, "mousedown", 1)
+        for step in range(1, 6):
+            xdo("mousemove", x + 6 * step, y, "sleep", 0.03)
+        try:
+            wait_until(lambda: program.text("StatusBar1_2").startswith("The planner is empty:"),
+                       "the status line")
+        finally:
+            xdo("mousemove", x, y, "mouseup", 1)
+
     def test_a_line_that_is_dropped_on_a_date_makes_an_appointment_there(self):
         program = self.start_at_list()
         date = planner.another_day()
@@ -74,6 +88,34 @@ class Scheduling(PlannerTest):
         self.assertFalse(planner.has_red_number(
             planner.day_cell(program, date + datetime.timedelta(days=2))))
         self.assert_books(self.booked(f"{date:%m/%d/%y}, 12:05 PM") + BUCKLEY)
+        self.assert_closes_well()
+
+    def test_an_entry_is_scheduled_and_its_appointment_brought_back_by_keys_alone(self):
+        program = self.start_at_list()
+        date = planner.another_day()
+        planner.choose(program, date)
+        program.select_line("Barlow, Edith")
+        key("shift+F10")
+        program.find(name="Move Entry", role="menu item")
+        key("s")
+        program.find(name="Lunch With", role="menu item")
+        key("l")
+        form = program.dialog("Schedule Event")
+        planner.set_times(program, form, (12, 5), (13, 30))
+        key("alt+a")
+        program.wait_closed("Schedule Event")
+        made = self.wait_rows(2)
+        self.assertEqual((planner.stored(date), "12:05 PM", "01:30 PM"), made[1][1:4])
+        planner.focus_day_view(program)
+        key("ctrl+Down", "alt+Down", "alt+shift+Down")
+        wait_until(lambda: self.rows()[1][2:4] == ("12:10 PM", "01:40 PM"), "a later appointment")
+        changed = self.rows()
+        key("Delete")
+        self.wait_rows(1)
+        key("ctrl+z")
+        self.wait_rows(2)
+        self.assertEqual(changed, self.rows())
+        self.assertEqual(1, len(planner.blocks(program)))
         self.assert_closes_well()
 
     def test_a_line_that_is_dropped_on_a_pane_button_makes_one_on_the_date_on_show(self):

@@ -1,6 +1,7 @@
 """Velmora prints on a real print system, and what arrives at the printer is read."""
 
 import datetime
+import socket
 import unittest
 
 import planner
@@ -198,6 +199,21 @@ class PrintersThatFail(PrintTest):
                                  program.find_all(role="list item", within=dialog)])
         key("Escape")
         program.wait_closed("Printer Setup")
+        self.assert_closes_well()
+
+    def test_a_print_system_that_never_answers_is_called_off_or_told(self):
+        self.shop.end()
+        silent = socket.create_server(("127.0.0.1", 0))  # takes connections, and no more
+        self.addCleanup(silent.close)
+        port = silent.getsockname()[1]
+        self.desk.environment["CUPS_SERVER"] = f"127.0.0.1:{port}"
+        program = self.start_with_appointments(row("09:00 AM", "10:00 AM", "Breakfast"))
+        self.print_day()
+        wait_until(lambda: program.shows("Image8"), "the cancel icon")
+        click(program.find(id="Image8"))
+        wait_until(lambda: not program.shows("Image8"), "the end of the job")
+        self.print_day()
+        self.assertEqual("The print system does not answer.", self.error())
         self.assert_closes_well()
 
     def test_a_file_that_can_not_be_written_is_told(self):

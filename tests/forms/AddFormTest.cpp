@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -182,12 +184,12 @@ TEST_F(AddFormTest, IsEmptyForANewEntryAndStartsAtTheFirstField) {
 
 TEST_F(AddFormTest, ShowsTheLoadedValuesAndGivesThemBackUntouched) {
     for (const BoxOfField& each : kBoxes)
-        editor.toLoad[each.field] = std::string(" \xE9 of ") + each.control + " ";
+        editor.toLoad[each.field] = std::string(" \xE9 ") + each.control + " ";
     editor.toLoad[Field::Class] = "Neighbour";
     editor.toLoad[Field::Memo] = "first & line\r\nsecond \x80\r\n";
     open();
     for (const BoxOfField& each : kBoxes)
-        EXPECT_EQ(QString::fromUtf8(" é of ") + QLatin1String(each.control) + QLatin1Char(' '),
+        EXPECT_EQ(QString::fromUtf8(" é ") + QLatin1String(each.control) + QLatin1Char(' '),
                   box(each.control).text());
     EXPECT_EQ("Neighbour", classes().currentText().toStdString());
     EXPECT_EQ(QString::fromUtf8("first & line\nsecond €\n"), memo().toPlainText());
@@ -195,6 +197,80 @@ TEST_F(AddFormTest, ShowsTheLoadedValuesAndGivesThemBackUntouched) {
     ASSERT_EQ(1U, editor.applied.size());
     EXPECT_EQ(editor.toLoad.fields, editor.applied[0].fields);
     EXPECT_FALSE(editor.applied[0].justCompany);
+}
+
+TEST_F(AddFormTest, TakesAsManyBytesInEachFieldAsTheRecordHolds) {
+    open();
+    const auto expectFull = [&](QLineEdit& line, Field field) {
+        const std::size_t width = placeOf(field).width;
+        line.clear();
+        line.insert(QString(static_cast<int>(width), QLatin1Char('x')));
+        statusLine.text.clear();
+        QTest::keyClicks(&line, QStringLiteral("y"));
+        EXPECT_EQ(std::string(width, 'x'), line.text().toStdString());
+        EXPECT_EQ(
+            "This field holds " + std::to_string(width) + " characters; the rest was left out.",
+            statusLine.text);
+    };
+    for (const BoxOfField& each : kBoxes)
+        expectFull(box(each.control), each.field);
+    expectFull(*classes().lineEdit(), Field::Class);
+}
+
+TEST_F(AddFormTest, TellsThatAPastedMemoWasCut) {
+    open();
+    QGuiApplication::clipboard()->setText(QString(251, QLatin1Char('m')));
+    memo().setFocus();
+    QTest::keyClick(&memo(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(250, memo().toPlainText().size());
+    EXPECT_EQ("This field holds 250 characters; the rest was left out.", statusLine.text);
+}
+
+TEST_F(AddFormTest, KeepsHardBlanksAndLoneLineEndsOfAFullMemo) {
+    const std::string full = "a\xA0 b\nc\rd\r\n" + std::string(238, 'x') + "\ny";
+    ASSERT_EQ(250U, full.size());
+    editor.toLoad[Field::Memo] = full;
+    open();
+    QTest::keyClicks(&box("Text9"), QStringLiteral("555"));
+    click(button("Command1"));
+    ASSERT_EQ(1U, editor.applied.size());
+    EXPECT_EQ(full, editor.applied[0][Field::Memo]);
+}
+
+TEST_F(AddFormTest, TakesNoCharacterMoreInAFullMemoWithLoneLineFeeds) {
+    const std::string full = "a\nb\n" + std::string(246, 'x');
+    editor.toLoad[Field::Memo] = full;
+    editor.outcome = EntryEditor::Outcome::Refused;
+    open();
+    memo().moveCursor(QTextCursor::End);
+    QTest::keyClicks(&memo(), QStringLiteral("y"));
+    click(button("Command1"));
+    QTest::keyClick(&memo(), Qt::Key_Backspace);
+    QTest::keyClicks(&memo(), QStringLiteral("z"));
+    click(button("Command1"));
+    ASSERT_EQ(2U, editor.applied.size());
+    EXPECT_EQ(full, editor.applied[0][Field::Memo]);
+    EXPECT_EQ(full.substr(0, 249) + "z", editor.applied[1][Field::Memo]);
+}
+
+TEST_F(AddFormTest, RefusesAnAttachmentWhosePathHasNoRoom) {
+    open();
+    box("Text25").setText(QStringLiteral("old"));
+    messages.willAnswer("/" + std::string(255, 'f'));
+    click(button("Command3"));
+    EXPECT_EQ("old", box("Text25").text().toStdString());
+    EXPECT_THAT(messages.takeShown(),
+                testing::Contains("warn|Velmora|The path of this file is longer than the 255 "
+                                  "characters that an entry has room for."));
+}
+
+TEST_F(AddFormTest, ShowsAnAmpersandOfACustomCaptionAsItIs) {
+    editor.custom1Text = "R&D:";
+    open();
+    const QLabel& label = test::named<QLabel>(*form, "Label17");
+    EXPECT_EQ("R&&D:", label.text().toStdString());
+    QTest::keyClick(form.get(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_FALSE(box("Text20").hasFocus());
 }
 
 TEST_F(AddFormTest, GivesBackWhatWasTypedInEachControl) {
@@ -369,14 +445,10 @@ TEST_F(AddFormTest, PicksAnAttachment) {
     EXPECT_EQ(QString::fromUtf8("/home/jo/Blüte.txt"), box("Text25").text());
 }
 
-TEST_F(AddFormTest, HoldsTheMemoTo250CharactersAndNoOtherField) {
+TEST_F(AddFormTest, HoldsTheMemoTo250Characters) {
     open();
     memo().setPlainText(QString(300, QLatin1Char('m')));
     EXPECT_EQ(250, memo().toPlainText().size());
-    box("Text3").setText(QString(40, QLatin1Char('x')));
-    click(button("Command1"));
-    ASSERT_EQ(1U, editor.applied.size());
-    EXPECT_EQ(std::string(40, 'x'), editor.applied[0][Field::Last]);
 }
 
 TEST_F(AddFormTest, ReplacesWhatCanNotBeStoredAndSaysSo) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
@@ -60,6 +61,28 @@ TEST_F(CalendarTest, BeginsWithThePlannerAndADisabledList) {
     ASSERT_NE(hidden, nullptr);
     EXPECT_FALSE(hidden->isVisible());
     EXPECT_EQ(hidden->text(), "Don't Delete -- Required");
+}
+
+TEST_F(CalendarTest, TheClockAndTheDialedNumberAreReadToAssistiveTools) {
+    const auto told = [this](const char* name) {
+        return QAccessible::queryAccessibleInterface(&test::named<QWidget>(calendar, name))
+            ->text(QAccessible::Name);
+    };
+    calendar.setClockText("10:42 AM");
+    EXPECT_EQ(told("Label8"), "10:42 AM");
+    EXPECT_EQ(told("Label16"), "No number");
+    calendar.setLastNumber("555-0113");
+    EXPECT_EQ(told("Label16"), "555-0113");
+    calendar.setLastNumber("");
+    EXPECT_EQ(told("Label16"), "No number");
+}
+
+TEST_F(CalendarTest, ALabelThatIsCutShortTellsItsWholeInAToolTip) {
+    auto& panel = test::named<QLabel>(calendar, "StatusBar1_2");
+    calendar.status().show("short");
+    EXPECT_EQ(test::toolTipAt(panel, {5, 5}), QString());
+    calendar.status().show("<b>" + std::string(300, 'm'));
+    EXPECT_TRUE(test::toolTipAt(panel, {5, 5}).contains("&lt;b&gt;" + QString(300, 'm')));
 }
 
 TEST_F(CalendarTest, LabelsAndButtonsHaveTheirCaptions) {

@@ -102,5 +102,31 @@ TEST(CodePageGuard, HoldsATextToItsMostBytesWithLineBreaksCountingTwo) {
     EXPECT_EQ(QStringLiteral("a123456789"), edit.toPlainText());
 }
 
+TEST(CodePageGuard, HoldsALineToItsMostBytesAndTellsWhatItCut) {
+    QLineEdit line;
+    auto* guard = new CodePageGuard(line, CodePage::western(), 5);
+    QSignalSpy cut(guard, &CodePageGuard::cut);
+    QTest::keyClicks(&line, QStringLiteral("1234"));
+    line.setCursorPosition(2);
+    EXPECT_EQ(0, cut.count());
+    paste(line, "ab");
+    EXPECT_EQ(QStringLiteral("12a34"), line.text());
+    EXPECT_EQ(1, cut.count());
+    QTest::keyClicks(&line, QStringLiteral("x"));
+    EXPECT_EQ(QStringLiteral("12a34"), line.text());
+    EXPECT_EQ(2, cut.count());
+}
+
+TEST(CodePageGuard, TellsThatATextWasCut) {
+    QPlainTextEdit edit;
+    auto* guard = new CodePageGuard(edit, CodePage::western(), 4);
+    QSignalSpy cut(guard, &CodePageGuard::cut);
+    paste(edit, "abcd");
+    EXPECT_EQ(0, cut.count());
+    paste(edit, "e");
+    EXPECT_EQ(QStringLiteral("abcd"), edit.toPlainText());
+    EXPECT_EQ(1, cut.count());
+}
+
 }  // namespace
 }  // namespace velmora

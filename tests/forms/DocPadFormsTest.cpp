@@ -23,6 +23,11 @@ const CodePage& page() {
     return CodePage::western();
 }
 
+TEST(FontDialog, ItsListHasANameForAssistiveTools) {
+    const FontDialog dialog({"DejaVu Sans", 9.75, -1}, 4, 14, page());
+    EXPECT_EQ(dialog.findChild<QWidget*>("families")->accessibleName(), "Font");
+}
+
 TEST(FontDialog, HoldsSizesWithinTheLimits) {
     FontDialog dialog({"DejaVu Sans", 9.75, -1}, 4, 14, page());
     auto* size = dialog.findChild<QDoubleSpinBox*>(QStringLiteral("size"));

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QContextMenuEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -184,6 +185,100 @@ TEST_F(EntryListTest, GoesBackToTheTopWithNewLines) {
     EXPECT_GT(list.verticalScrollBar()->value(), 0);
     list.setLines(many);
     EXPECT_EQ(0, list.verticalScrollBar()->value());
+}
+
+TEST_F(EntryListTest, EnterAndADoubleClickActivateTheSelectedLineOnce) {
+    list.setLines({"Adams, Al", "Baker, Bo"});
+    show();
+    QSignalSpy activated(&list, &EntryList::lineActivated);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, middleOf(1));
+    EXPECT_EQ(1, activated.count());
+    EXPECT_EQ("Baker, Bo", list.selectedLine());
+    QTest::keyClick(&list, Qt::Key_Return);
+    QTest::keyClick(&list, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(3, activated.count());
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {40, 200});
+    QTest::keyClick(&list, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(3, activated.count());
+}
+
+TEST_F(EntryListTest, EnterOnTheLineThatTheFocusFellOnSelectsItFirst) {
+    list.setLines({"Adams, Al"});
+    show();
+    list.setFocus(Qt::TabFocusReason);
+    ASSERT_FALSE(list.hasSelection());
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ("Adams, Al", list.selectedLine());
+}
+
+TEST_F(EntryListTest, DelAsksToRemoveTheSelectedLineOnly) {
+    list.setLines({"Adams, Al"});
+    show();
+    QSignalSpy removal(&list, &EntryList::removeWanted);
+    QTest::keyClick(&list, Qt::Key_Delete);
+    EXPECT_EQ(0, removal.count());
+    list.selectLine("Adams, Al");
+    QTest::keyClick(&list, Qt::Key_Delete);
+    EXPECT_EQ(1, removal.count());
+}
+
+TEST_F(EntryListTest, ARightPressChoosesTheLineAndAsksForItsMenu) {
+    list.setLines({"Adams, Al", "Baker, Bo"});
+    show();
+    QSignalSpy clicked(&list, &EntryList::lineClicked);
+    QSignalSpy wanted(&list, &EntryList::menuWanted);
+    QTest::mousePress(list.viewport(), Qt::RightButton, {}, middleOf(1));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middleOf(1),
+                            list.viewport()->mapToGlobal(middleOf(1)));
+    QCoreApplication::sendEvent(list.viewport(), &event);
+    EXPECT_EQ("Baker, Bo", list.selectedLine());
+    EXPECT_EQ(1, clicked.count());
+    EXPECT_EQ(1, wanted.count());
+}
+
+TEST_F(EntryListTest, EmptyGroundHasNoMenu) {
+    list.setLines({"Adams, Al"});
+    show();
+    list.selectLine("Adams, Al");
+    QSignalSpy wanted(&list, &EntryList::menuWanted);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {40, 200},
+                            list.viewport()->mapToGlobal(QPoint(40, 200)));
+    QCoreApplication::sendEvent(list.viewport(), &event);
+    EXPECT_EQ(0, wanted.count());
+}
+
+TEST_F(EntryListTest, TheMenuKeyOpensAtTheSelectedLine) {
+    list.setLines({"Adams, Al", "Baker, Bo"});
+    show();
+    list.selectLine("Baker, Bo");
+    QSignalSpy wanted(&list, &EntryList::menuWanted);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, list.mapToGlobal(QPoint()));
+    QCoreApplication::sendEvent(&list, &event);
+    ASSERT_EQ(1, wanted.count());
+    const QPoint place = list.viewport()->mapFromGlobal(wanted[0][0].toPoint());
+    EXPECT_TRUE(list.visualRect(list.model()->index(1, 0)).contains(place));
+}
+
+TEST_F(EntryListTest, SaysInOneLineThatItIsEmptyAndCountsNoItem) {
+    show();
+    const QImage bare = list.grab().toImage();
+    list.setEmptyText(QStringLiteral("No entries under Q."));
+    EXPECT_NE(bare, list.grab().toImage());
+    EXPECT_EQ(0, list.model()->rowCount());
+    EXPECT_EQ(QStringLiteral("No entries under Q."), list.accessibleDescription());
+    list.addLines({"Quill, Jo"});
+    EXPECT_EQ(QString(), list.accessibleDescription());
+    list.clearLines();
+    EXPECT_EQ(QStringLiteral("No entries under Q."), list.accessibleDescription());
+}
+
+TEST_F(EntryListTest, ALineThatIsCutShortTellsItsWholeInAToolTip) {
+    const std::string longName(80, 'm');
+    list.setLines({"Adams, Al", longName});
+    show();
+    const QString shown = test::toolTipAt(*list.viewport(), middleOf(1));
+    EXPECT_TRUE(shown.contains(QString::fromStdString(longName)));
+    EXPECT_EQ(QString(), test::toolTipAt(*list.viewport(), middleOf(0)));
 }
 
 TEST_F(EntryListTest, DrawsStrongLinesSemiboldAndOthersAsBefore) {

@@ -239,6 +239,19 @@ TEST_F(Form4Test, TellsWhenNothingWasFound) {
     EXPECT_EQ("No matching entries found.", status.text);
 }
 
+TEST_F(Form4Test, SaysThatNothingMatchesOnlyAfterASearchHasEnded) {
+    open();
+    EXPECT_EQ(QString(), list().emptyText());
+    QString during = QStringLiteral("none");
+    yellow() = test::bytesOf(test::personRecord("Brown", "Jo"));
+    loop.onYield = [&] { during = list().emptyText(); };
+    searchFor("smith");
+    EXPECT_EQ(QString(), during);
+    EXPECT_EQ(QStringLiteral("No matching entries."), list().emptyText());
+    click("Command2");
+    EXPECT_EQ(QString(), list().emptyText());
+}
+
 TEST_F(Form4Test, AnEmptyTextLeavesTheListAsItIs) {
     yellow() = test::bytesOf(test::personRecord("Smith", "Jo"));
     open();

@@ -418,6 +418,22 @@ TEST_F(PadEditTest, TheMouseSelectsWhileItIsHeldDown) {
     EXPECT_EQ(pad.selectedBytes(), "ne ");
 }
 
+TEST_F(PadEditTest, ALineInHebrewRunsFromTheRight) {
+    PadEdit hebrew(CodePage::numbered(1255));
+    hebrew.resize(400, 300);
+    hebrew.show();
+    hebrew.setBytes("\xE0\xE1\xE2\r\nabc");
+    EXPECT_GT(hebrew.caretRect({0}).left(), hebrew.caretRect({3}).left());
+    EXPECT_GT(hebrew.caretRect({0}).left(), hebrew.viewport()->width() - 20);
+    EXPECT_LT(hebrew.caretRect({5}).left(), hebrew.caretRect({8}).left());
+    hebrew.select(0, 0);
+    QTest::keyClick(&hebrew, Qt::Key_Left);
+    EXPECT_EQ(hebrew.selectionStart(), 1u) << "the arrow points to where the caret goes";
+    hebrew.select(0, 0);
+    QTest::keyClicks(&hebrew, QStringLiteral("x"));
+    EXPECT_LT(hebrew.caretRect({0}).left(), 20) << "a line begins as its first letter does";
+}
+
 TEST_F(PadEditTest, KeysOfTextsAreNotLeftToTheCommandsOfTheWindow) {
     const auto taken = [this](int key, Qt::KeyboardModifiers modifiers, const QString& text = {}) {
         QKeyEvent event(QEvent::ShortcutOverride, key, modifiers, text);
@@ -511,6 +527,22 @@ TEST_F(PadEditTest, AnEntryThatIsDroppedIsToldAndNotInserted) {
     ASSERT_EQ(dropped.count(), 1);
     EXPECT_EQ(dropped.first().first().value<std::string>(), "M\xFCller, Eva");
     EXPECT_EQ(pad.bytes(), "text");
+}
+
+TEST_F(PadEditTest, ATaskThatIsDroppedIsToldAndNotInserted) {
+    QSignalSpy dropped(&pad, &PadEdit::taskDropped);
+    QSignalSpy entries(&pad, &PadEdit::entryDropped);
+    QMimeData data;
+    data.setData(QString::fromLatin1(kTaskFormat), QByteArray("Buy milk"));
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(pad.viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(pad.viewport(), &drop);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.first().first().value<std::string>(), "Buy milk");
+    EXPECT_EQ(entries.count(), 0);
+    EXPECT_TRUE(pad.isEmpty());
 }
 
 TEST_F(PadEditTest, TextThatIsDroppedIsInserted) {

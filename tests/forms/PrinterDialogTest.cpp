@@ -35,6 +35,7 @@ TEST_F(PrinterDialogTest, ShowsThePrintersWithTheCurrentOneChosen) {
 TEST_F(PrinterDialogTest, TellsWhatWasChosen) {
     test::showActive(dialog_);
     EXPECT_TRUE(printers().hasFocus());
+    EXPECT_EQ(printers().accessibleName(), QStringLiteral("Printer"));
     QTest::keyClick(&printers(), Qt::Key_Down);
     QTest::mouseClick(&radio("portrait"), Qt::LeftButton, {}, {8, 8});
     QTest::keyClick(&printers(), Qt::Key_Return);

@@ -34,6 +34,7 @@ TEST(QtText, WhatTheCodePageLacksBecomesOneQuestionMark) {
 
 TEST(QtEventLoop, PostedWorkRunsOnceAfterThePresentEvent) {
     QtEventLoop loop;
+    const WorkOwner owner;
     int runs = 0;
     loop.post(owner, [&] { ++runs; });
     EXPECT_EQ(runs, 0);
@@ -56,6 +57,7 @@ TEST(QtEventLoop, ClosingEndsWaitsAndDropsPostedWork) {
     loop.waitFor(24h);  // returns because of the closing alone
     EXPECT_TRUE(loop.closing());
     bool ran = false;
+    const WorkOwner owner;
     loop.post(owner, [&] { ran = true; });
     loop.waitFor(24h);
     loop.yield();

@@ -9,6 +9,7 @@
 
 #include "platform/Failure.h"
 #include "platform/PrintRecorder.h"
+#include "platform/PrintWatch.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/qt/PrintPages.h"
 #include "platform/qt/QtPrintMetrics.h"
@@ -61,8 +62,9 @@ class QtPrintersTest : public testing::Test {
     const CodePage& codePage_ = CodePage::western();
     test::FakeMessages messages_;
     PosixFiles files_{NativePaths(codePage_, folder_.path(), NativePath(folder_.path()))};
-    QtPrintMetrics metrics_{codePage_};
-    QtPrinters printers_{messages_, files_, codePage_};
+    PrintService service_{QStringLiteral("/proc/self/exe"), std::chrono::minutes(1)};
+    QtPrintMetrics metrics_{codePage_, service_};
+    QtPrinters printers_{messages_, files_, codePage_, service_};
     PrintRecorder surface_{metrics_, printers_};
     std::string path_;
 };
@@ -265,7 +267,7 @@ TEST_F(QtPrintersTest, APrinterThatIsNotThereIsAFailureAndNothingIsPrintedElsewh
         .printer = "Attic",
         .pages = {{PrintedText{.text = "x", .font = {.name = "Arial", .size = 10}}}}};
     try {
-        printers_.print(job);
+        printers_.print(job, nullptr);
         ADD_FAILURE() << "was printed";
     } catch (const Failure& failure) {
         EXPECT_STREQ(failure.what(),
@@ -287,12 +289,13 @@ TEST_F(QtPrintersTest, WhatCanNotBeAskedHasALetterSheet) {
 }
 
 TEST_F(QtPrintersTest, APrinterThatNeedsNoMarginsGetsSome) {
-    const QPageLayout borderless(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
-    EXPECT_EQ(withNeededMargins(borderless).margins(QPageLayout::Inch),
-              QMarginsF(0.25, 0.25, 0.25, 0.25));
-    const QPageLayout needy(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(),
-                            QPageLayout::Inch, QMarginsF(0.1, 0.2, 0.3, 0.4));
-    EXPECT_EQ(withNeededMargins(needy).margins(QPageLayout::Inch), QMarginsF(0.1, 0.2, 0.3, 0.4));
+    PrintService::Sheet sheet{QStringLiteral("A4"), QStringLiteral("A4"), {595, 842}, {}};
+    const auto margins = [&] {
+        return sheet.layout(PageOrientation::Portrait).margins(QPageLayout::Point);
+    };
+    EXPECT_EQ(margins(), QMarginsF(18, 18, 18, 18));
+    sheet.needed = QMarginsF(9, 10, 11, 12);
+    EXPECT_EQ(margins(), sheet.needed);
 }
 
 TEST_F(QtPrintersTest, AFontWithoutASizeStillHasLines) {
@@ -301,6 +304,67 @@ TEST_F(QtPrintersTest, AFontWithoutASizeStillHasLines) {
     surface_.SetFontName("no such font");
     surface_.SetFontSize(10);
     EXPECT_GT(surface_.TextWidth("x"), 0);
+}
+
+TEST_F(QtPrintersTest, TheJobsOfARunAreOneFileWithOneQuestion) {
+    surface_.BeginRun("Velmora: Letters, Yellow Pages");
+    path_ = folder_.path() + "/run.pdf";
+    messages_.willAnswer(path_);
+    for (const char* word : {"First", "Second"}) {
+        surface_.SetTitle(std::string("Velmora: ") + word);
+        surface_.Print(word);
+        EXPECT_TRUE(surface_.EndDoc());
+    }
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_EQ(surface_.EndRun(), path_);
+    const auto found = words();
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[1].page, 2);
+    EXPECT_NEAR(found[0].top, found[1].top, kExact);
+    EXPECT_EQ(messages_.takeShown().size(), 1U);
+    EXPECT_THAT(outputOf("pdfinfo", {QString::fromStdString(path_)}).toStdString(),
+                HasSubstr("Velmora: Letters, Yellow Pages\n"));
+}
+
+TEST_F(QtPrintersTest, TheSheetsOfARunLieAsEachJobAsks) {
+    surface_.BeginRun("Velmora");
+    path_ = folder_.path() + "/turned.pdf";
+    messages_.willAnswer(path_);
+    surface_.Print("Upright");
+    surface_.EndDoc();
+    surface_.SetOrientation(PageOrientation::Landscape);
+    surface_.SetCurrentX(10);
+    surface_.Print("Lying");
+    surface_.EndDoc();
+    surface_.EndRun();
+    const auto found = words();
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_NEAR(found[1].left, kMargin + 10, kExact);
+    EXPECT_THAT(outputOf("pdfinfo", {"-l", "2", QString::fromStdString(path_)}).toStdString(),
+                HasSubstr("Page    2 size:  792 x 612"));
+}
+
+struct CountingWatch final : PrintWatch {
+    bool playing(int page, int) override { return (last = page) < stopAt; }
+    bool sending() override { return true; }
+    bool waitingForTheQueue() override { return true; }
+    int last = 0;
+    int stopAt = 1000;
+};
+
+TEST_F(QtPrintersTest, APrintToAFileThatIsCalledOffOnItsLastPageWritesNothing) {
+    CountingWatch watch;
+    watch.stopAt = 3;
+    surface_.BeginRun("Velmora");
+    for (int page = 0; page < 3; ++page) {
+        surface_.Print("x");
+        surface_.NewPage();
+    }
+    messages_.willAnswer(folder_.path() + "/never.pdf");
+    EXPECT_FALSE(surface_.EndDoc(&watch));
+    EXPECT_EQ(watch.last, 3);
+    EXPECT_EQ(surface_.EndRun(), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
 }
 
 }  // namespace

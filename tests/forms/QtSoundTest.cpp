@@ -103,5 +103,16 @@ TEST_F(QtSoundTest, BeepsOneAfterTheOther) {
     EXPECT_EQ(beeps, 3);
 }
 
+TEST_F(QtSoundTest, BeepsSixTimesForTwoAlarmsThatFireTogether) {
+    const auto sound = soundWith({});
+    sound->beepThreeTimes();
+    sound->beepThreeTimes();
+    EXPECT_EQ(beeps, 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return beeps >= 6; }));
+    sound->beepThreeTimes();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return beeps >= 9; }));
+    EXPECT_EQ(beeps, 9);
+}
+
 }  // namespace
 }  // namespace velmora::test

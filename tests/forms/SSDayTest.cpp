@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QAction>
 #include <QImage>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -391,13 +390,12 @@ TEST_F(SSDayTest, DeleteReportsTheRemovalWhileTheBlockIsThereAndThenTakesItAway)
     EXPECT_EQ(day.SelectedIndex(), -1);
 }
 
-TEST_F(SSDayTest, TheContextCommandRemoveDoesTheSame) {
+TEST_F(SSDayTest, RemovingTheSelectedBlockByCommandDoesTheSame) {
     addTwo();
+    day.removeSelected();
+    EXPECT_TRUE(events.empty());
     day.setSelectedIndex(0);
-    auto* remove = day.findChild<QAction*>(QStringLiteral("Remove"));
-    ASSERT_NE(remove, nullptr);
-    EXPECT_EQ(remove->text(), QStringLiteral("Remove"));
-    remove->trigger();
+    day.removeSelected();
     EXPECT_EQ(events, Events{"remove 0 tag1"});
     EXPECT_EQ(day.Tasks().Count(), 1);
 }
@@ -417,7 +415,7 @@ TEST_F(SSDayTest, AnOpenEditorOfTheBlockEndsUnsavedBeforeItsRemoval) {
     day.setSelectedIndex(0);
     key(Qt::Key_F2);
     type(QStringLiteral("typed"));
-    day.findChild<QAction*>(QStringLiteral("Remove"))->trigger();
+    day.removeSelected();
     EXPECT_EQ(events,
               (Events{"begin 0 exists", "end 0: 09:00 AM-10:00 AM first of 2", "remove 0 tag1"}));
 }
@@ -600,6 +598,34 @@ TEST_F(SSDayTest, ShowsItsBlocksToAssistiveTools) {
     block->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(day.SelectedIndex(), 0);
     EXPECT_TRUE(block->state().selected);
+}
+
+TEST_F(SSDayTest, ABlockWithoutATagIsDrawnAndReadAsNotStored) {
+    add("09:00 AM", "11:00 AM", "dentist", "");
+    add("01:00 PM", "03:00 PM", "lunch", "tag");
+    const auto inside = [this](int index) {
+        const QRect block = day.blockRect(index);
+        return day.grab().toImage().pixelColor(QPoint(block.right() - 12, block.top() + 20) *
+                                               day.devicePixelRatio());
+    };
+    const Theme& theme = Theme::of(day);
+    EXPECT_EQ(inside(0), theme.surface);
+    EXPECT_EQ(inside(1), theme.tint);
+    EXPECT_TRUE(day.part(0).name.endsWith(QLatin1String(", not stored")));
+    EXPECT_FALSE(day.part(1).name.contains(QLatin1String("not stored")));
+    day.Tasks().setTagVariant(0, "tag");
+    EXPECT_EQ(inside(0), theme.tint);
+    EXPECT_FALSE(day.part(0).name.contains(QLatin1String("not stored")));
+}
+
+TEST_F(SSDayTest, SaysOnItsPaperWhatIsToBeSaidOfTheDay) {
+    const QImage before = day.grab().toImage();
+    day.setNotice("This day can not be read: another program is using the planner.");
+    EXPECT_NE(day.grab().toImage(), before);
+    EXPECT_EQ(day.accessibleDescription(),
+              "This day can not be read: another program is using the planner.");
+    day.setNotice("");
+    EXPECT_EQ(day.grab().toImage(), before);
 }
 
 TEST(DayPainter, LetsNoPhoneNumberBreak) {

@@ -270,6 +270,23 @@ TEST_F(SSMonthTest, ShowsItsDaysToAssistiveToolsByDate) {
     EXPECT_EQ(interface->child(43)->text(QAccessible::Name), QStringLiteral("Next month"));
 }
 
+TEST_F(SSMonthTest, TellsOfADayThatItIsTodayAndHowManyAppointmentsItHas) {
+    month.setToday(year(2026) / 3 / 12);
+    month.setCounter([](year_month_day date) {
+        return date == year(2026) / 3 / 12 ? 3 : date == year(2026) / 3 / 13 ? 1 : 0;
+    });
+    month.show();
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&month);
+    const auto told = [&](int cell) {
+        return interface->child(cell)->text(QAccessible::Description);
+    };
+    EXPECT_EQ(interface->child(11)->text(QAccessible::Name), QStringLiteral("12 March 2026"));
+    EXPECT_EQ(told(11), QStringLiteral("today, 3 appointments"));
+    EXPECT_EQ(told(12), QStringLiteral("1 appointment"));
+    EXPECT_EQ(told(13), QString());
+    EXPECT_EQ(told(43), QString());
+}
+
 TEST(SSMonthLocale, BeginsItsWeeksAsTheLocaleDoes) {
     LocaleFormats locale;
     locale.firstWeekday = 1;

@@ -136,6 +136,11 @@ TEST_F(TaskFormsTest, OfTwoEqualLinesTheFirstGoesWhicheverIsSelected) {
     EXPECT_THAT(list(form3).lines(), ElementsAre("x", "same"));
 }
 
+TEST_F(TaskFormsTest, TheTaskManagerSaysThatThereAreNoTasks) {
+    open(form3);
+    EXPECT_EQ(list(form3).emptyText(), QStringLiteral("No tasks."));
+}
+
 TEST_F(TaskFormsTest, TheTaskManagerOpensTheOtherFormsAndCloses) {
     std::vector<std::string> wanted;
     QObject::connect(&form3, &Form3::monthlyWanted, [&] { wanted.emplace_back("monthly"); });

@@ -5,8 +5,10 @@
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QMimeData>
 #include <QTest>
+#include <QToolTip>
 #include <QWidget>
 
 namespace velmora::test {
@@ -46,6 +48,15 @@ inline bool dropOn(QWidget& target, const QMimeData& data) {
     drop.ignore();
     QCoreApplication::sendEvent(&target, &drop);
     return drop.isAccepted();
+}
+
+// The tool tip that comes up at a place of the target, with its markup; empty where none does.
+inline QString toolTipAt(QWidget& target, QPoint place) {
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    QHelpEvent event(QEvent::ToolTip, place, target.mapToGlobal(place));
+    QCoreApplication::sendEvent(&target, &event);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
 }
 
 // The colour of one point of the widget as it is painted.

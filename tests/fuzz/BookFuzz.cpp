@@ -33,17 +33,20 @@ void require(bool holds, const char* what) {
     std::abort();
 }
 
-class BytesFile final : public RandomFile {
+class BytesRecords final : public BookRecords {
   public:
-    explicit BytesFile(std::string_view bytes) : bytes_(bytes) {}
-    [[nodiscard]] std::uint64_t size() const override { return bytes_.size(); }
-    [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> target) const override {
+    explicit BytesRecords(std::string_view bytes) : bytes_(bytes) {}
+    [[nodiscard]] RecordNumber count() const override {
+        return static_cast<RecordNumber>((bytes_.size() + kRecordSize - 1) / kRecordSize);
+    }
+    [[nodiscard]] std::size_t read(RecordNumber first, std::span<char> target) const override {
+        const std::size_t offset = static_cast<std::size_t>(first - 1) * kRecordSize;
         return offset < bytes_.size() ? bytes_.copy(target.data(), target.size(), offset) : 0;
     }
-    void writeAt(std::uint64_t, std::span<const char>) override { std::abort(); }
-    void shorten(std::uint64_t) override { std::abort(); }
+    void write(RecordNumber, const PhonebookRecord&) override { std::abort(); }
     [[nodiscard]] bool lock() override { return false; }
     void unlock() override {}
+    [[nodiscard]] BookState state() const override { return {}; }
 
   private:
     std::string_view bytes_;
@@ -169,7 +172,7 @@ void checkRecord(const PlainRecord& plain) {
 // `lines` are list lines that may or may not be in the book.
 void checkBook(std::string_view bytes, std::vector<std::string> lines) {
     const std::vector<PlainRecord> plain = plainRecords(bytes);
-    OpenBook book(std::make_unique<BytesFile>(bytes), page());
+    OpenBook book(std::make_unique<BytesRecords>(bytes), page());
     require(book.recordCount() == static_cast<RecordNumber>(plain.size()), "count");
     std::size_t at = 0;
     PhonebookRecord record;

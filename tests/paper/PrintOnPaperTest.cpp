@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "paper/PrintShop.h"
 #include "platform/Failure.h"
 #include "platform/PrintRecorder.h"
+#include "platform/PrintWatch.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/qt/QtPrintMetrics.h"
 #include "platform/qt/QtPrinters.h"
@@ -30,8 +33,9 @@ class PrintOnPaper : public testing::Test {
     const CodePage& codePage_ = CodePage::western();
     test::FakeMessages messages_;
     PosixFiles files_{NativePaths(codePage_)};
-    QtPrintMetrics metrics_{codePage_};
-    QtPrinters printers_{messages_, files_, codePage_};
+    PrintService service_{QStringLiteral("/proc/self/exe"), std::chrono::minutes(1)};
+    QtPrintMetrics metrics_{codePage_, service_};
+    QtPrinters printers_{messages_, files_, codePage_, service_};
     PrintRecorder surface_{metrics_, printers_};
 };
 
@@ -55,6 +59,55 @@ TEST_F(PrintOnPaper, TextStandsWhereItWasPutAndIsAsWideAsItWasMeasured) {
     EXPECT_NEAR(words[0].right - words[0].left, width, kExact);
     EXPECT_NEAR(words[1].left, kMargin, kExact);
     EXPECT_NEAR(words[1].top - words[0].top, height, kExact);
+}
+
+TEST_F(PrintOnPaper, TheQueueShowsTheTitleOfTheJob) {
+    surface_.SetTitle("Velmora: Letter to M\xFCller, Jo (2 of 3)");
+    surface_.Print("x");
+    surface_.EndDoc();
+    const std::string sheet = shop_.nextSheet();
+    EXPECT_THAT(test::outputOf("pdfinfo", {QString::fromStdString(sheet)}).toStdString(),
+                HasSubstr("Title:           Velmora: Letter to M\xC3\xBCller, Jo (2 of 3)\n"));
+    // The printer calls its file after the job.
+    EXPECT_THAT(sheet, testing::ContainsRegex("[Ll]etter.?to.?[Mm]"));
+}
+
+TEST_F(PrintOnPaper, AJobThatIsCalledOffWhileItIsHandedOverNeverArrives) {
+    struct NoSending final : PrintWatch {
+        bool playing(int, int) override { return true; }
+        bool sending() override { return false; }
+        bool waitingForTheQueue() override { return false; }
+    } watch;
+    for (int line = 0; line < 2000; ++line)
+        surface_.Print("a line that takes some time to send");
+    EXPECT_FALSE(surface_.EndDoc(&watch));
+    EXPECT_TRUE(shop_.hasNothingMore());
+}
+
+TEST_F(PrintOnPaper, AQueueThatIsFullIsTriedAgainUntilItTakesTheJob) {
+    struct Opening final : PrintWatch {
+        explicit Opening(test::PrintShop& opened) : shop(opened) {}
+        bool playing(int, int) override { return true; }
+        bool sending() override { return true; }
+        bool waitingForTheQueue() override {
+            if (std::exchange(closed, false))
+                shop.administer("lpadmin -p Tight -o job-k-limit=0");
+            return true;
+        }
+        test::PrintShop& shop;
+        bool closed = true;
+    } watch{shop_};
+    shop_.administer(
+        "lpadmin -p Tight -v file:///dev/null -E -o job-quota-period=86400 "
+        "-o job-k-limit=1");
+    surface_.AskPrintSystem({});
+    ASSERT_TRUE(surface_.SetCurrentPrinter("Tight"));
+    surface_.Print("fills the quota");
+    EXPECT_TRUE(surface_.EndDoc(&watch));
+    surface_.Print("waits");
+    EXPECT_TRUE(surface_.EndDoc(&watch));
+    EXPECT_FALSE(watch.closed) << "the second job did not wait";
+    shop_.administer("lpadmin -x Tight");
 }
 
 TEST_F(PrintOnPaper, NothingArrivesBeforeTheEndOfTheJob) {
@@ -88,6 +141,7 @@ TEST_F(PrintOnPaper, SheetsHaveTheSizeThatThePrinterHasByDefault) {
     EXPECT_NEAR(letter.width, 8, kExact);
     EXPECT_NEAR(letter.height, 10.5, kExact);
     shop_.administer("lpadmin -p Pocket -o PageSize=A4");
+    surface_.AskPrintSystem({});
     const PrintableArea lying = metrics_.printableArea("Pocket", PageOrientation::Landscape);
     EXPECT_GT(lying.width, 10.6);  // more than a Letter sheet has
     EXPECT_LT(lying.width, 297 / 25.4);
@@ -102,10 +156,12 @@ TEST_F(PrintOnPaper, SheetsHaveTheSizeThatThePrinterHasByDefault) {
 
 TEST_F(PrintOnPaper, APrinterThatWentIsAFailureAndNoOtherPrints) {
     shop_.administer("lpadmin -p Attic -v file:///dev/null -E");
+    surface_.AskPrintSystem({});
     EXPECT_TRUE(surface_.SetCurrentPrinter("Attic"));
     surface_.Print("x");
     shop_.administer("lpadmin -x Attic");
     EXPECT_THROW(surface_.EndDoc(), Failure);
+    surface_.AskPrintSystem({});
     EXPECT_FALSE(surface_.SetCurrentPrinter("Attic"));
     EXPECT_EQ(surface_.CurrentPrinter(), "Attic");
 }

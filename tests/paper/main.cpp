@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "paper/PrintShop.h"
+#include "platform/qt/PrintServiceMain.h"
 
 namespace velmora::test {
 namespace {
@@ -19,6 +20,8 @@ PrintShop& printShop() {
 }  // namespace velmora::test
 
 int main(int argc, char** argv) {
+    if (velmora::isPrintServiceCall(argc, argv))
+        return velmora::printServiceMain(argc, argv);
     QApplication application(argc, argv);
     testing::InitGoogleMock(&argc, argv);
     velmora::test::theShop = std::make_unique<velmora::test::PrintShop>();

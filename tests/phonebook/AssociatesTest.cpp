@@ -36,6 +36,7 @@ class RecordingStatusLine final : public StatusLine {
         if (onShow)
             onShow();
     }
+    void showFile(const std::string& text, const std::string&) override { show(text); }
 
     std::vector<std::string> texts;
     std::function<void()> onShow;

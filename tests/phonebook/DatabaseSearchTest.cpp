@@ -290,6 +290,23 @@ TEST_F(DatabaseSearchTest, GoesToTheBookAndTheLetterOfAHit) {
     EXPECT_EQ(0, state.PendingLetter);
 }
 
+TEST_F(DatabaseSearchTest, SelectsTheLineOfAHitAndLeavesTheDetailsEmpty) {
+    addYellow(test::personRecord("Small", "Al"));
+    addYellow(test::personRecord("Smith", "Jo"));
+    search.goTo("Y: Smith, Jo\tMatch: Note=\tMatch: Note=");
+    EXPECT_EQ("Smith, Jo", pane.selected);
+    EXPECT_EQ("", pane.details);
+}
+
+TEST_F(DatabaseSearchTest, SelectsNothingWhereTheLetterOfTheHitIsNotOnShow) {
+    addYellow(test::personRecord("Adams", "Jo"));
+    addYellow(test::personRecord("Smith", "Jo"));
+    letters.LetterClick(18);
+    pane.selectLine("Smith, Jo");
+    search.goTo("Y: Adams, Jo\tMatch: Title=x");
+    EXPECT_EQ("", pane.selected);
+}
+
 TEST_F(DatabaseSearchTest, AHitUnderAChangesTheBookButNotTheLetter) {
     letters.LetterClick(18);
     search.goTo("W: Adams, Jo\tMatch: Title=x");

@@ -24,21 +24,21 @@ using Texts = std::vector<std::string>;
 
 class EntryEditorsTest : public testing::Test, protected test::PhonebookFixture {
   protected:
-    static EntryValues person(const std::string& last, const std::string& first) {
-        EntryValues values;
+    static Entry person(const std::string& last, const std::string& first) {
+        Entry values;
         values[Field::Last] = last;
         values[Field::First] = first;
         return values;
     }
-    static EntryValues company(const std::string& name) {
-        EntryValues values;
+    static Entry company(const std::string& name) {
+        Entry values;
         values[Field::Company] = name;
         values.justCompany = true;
         return values;
     }
 
-    Outcome add(const EntryValues& values) { return NewEntryEditor(parts).apply(values); }
-    Outcome change(const std::string& line, const EntryValues& values) {
+    Outcome add(const Entry& values) { return NewEntryEditor(parts).apply(values); }
+    Outcome change(const std::string& line, const Entry& values) {
         return ChangeEntryEditor(parts, line).apply(values);
     }
 
@@ -74,7 +74,7 @@ TEST_F(EntryEditorsTest, CustomCaptionsComeFromTheSettingsWithAColon) {
 }
 
 TEST_F(EntryEditorsTest, ANewEntryBeginsEmpty) {
-    const EntryValues values = NewEntryEditor(parts).load();
+    const Entry values = NewEntryEditor(parts).load();
     for (const std::string& value : values.fields)
         EXPECT_EQ(value, "");
     EXPECT_FALSE(values.justCompany);
@@ -83,7 +83,7 @@ TEST_F(EntryEditorsTest, ANewEntryBeginsEmpty) {
 TEST_F(EntryEditorsTest, AChangeBeginsWithTheTrimmedValues) {
     yellow() =
         bytesOf(personRecord("Adams", "Ann")) + bytesOf(personRecord(" Baker", "Bob", " m "));
-    const EntryValues values = ChangeEntryEditor(parts, "Baker, Bob").load();
+    const Entry values = ChangeEntryEditor(parts, "Baker, Bob").load();
     EXPECT_EQ(values[Field::Last], "Baker");
     EXPECT_EQ(values[Field::First], "Bob");
     EXPECT_EQ(values[Field::Memo], "m");
@@ -93,7 +93,7 @@ TEST_F(EntryEditorsTest, AChangeBeginsWithTheTrimmedValues) {
 
 TEST_F(EntryEditorsTest, ACompanyBeginsTicked) {
     yellow() = bytesOf(companyRecord("Acme"));
-    const EntryValues values = ChangeEntryEditor(parts, "acme").load();
+    const Entry values = ChangeEntryEditor(parts, "acme").load();
     EXPECT_EQ(values[Field::Company], "Acme");
     EXPECT_TRUE(values.justCompany);
 }
@@ -113,7 +113,7 @@ TEST_F(EntryEditorsTest, CommasInNamesAreRefused) {
 }
 
 TEST_F(EntryEditorsTest, CommasElsewhereAreAccepted) {
-    EntryValues values = person("Smith", "Ann");
+    Entry values = person("Smith", "Ann");
     values[Field::Company] = "Acme, Inc.";
     EXPECT_EQ(add(values), Outcome::Written);
     values = company("Beta");
@@ -145,7 +145,7 @@ TEST_F(EntryEditorsTest, ANameOfBlanksIsTypedAndStoredButNotShown) {
 }
 
 TEST_F(EntryEditorsTest, ACompanyLosesTitleAndNamesButKeepsPositionAndSpouse) {
-    EntryValues values = company("Acme");
+    Entry values = company("Acme");
     values[Field::Title] = "Mr.";
     values[Field::First] = "Al";
     values[Field::Last] = "Smith";
@@ -185,7 +185,7 @@ TEST_F(EntryEditorsTest, AddingASymbolMovesTheViewToTheSymbols) {
 
 TEST_F(EntryEditorsTest, AddingTheSameNameTwiceAsksBeforeItOverwrites) {
     EXPECT_EQ(add(person("Baker", "Bob")), Outcome::Written);
-    EntryValues again = person("baker", "bob");
+    Entry again = person("baker", "bob");
     again[Field::Memo] = "new";
     messages.willAnswer(false);
     EXPECT_EQ(add(again), Outcome::Refused);
@@ -206,13 +206,70 @@ TEST_F(EntryEditorsTest, ANoForACompanyEmptiesTheNamesOfTheForm) {
 TEST_F(EntryEditorsTest, ChangingOnlyTheMemoMovesTheEntryToTheTombstoneBeforeIt) {
     yellow() = bytesOf(personRecord("Adams", "Ann")) + tombstoneBytes() +
                bytesOf(personRecord("Baker", "Bob"));
-    EntryValues values = ChangeEntryEditor(parts, "Baker, Bob").load();
+    Entry values = ChangeEntryEditor(parts, "Baker, Bob").load();
     values[Field::Memo] = "new";
     EXPECT_EQ(change("Baker, Bob", values), Outcome::Written);
     EXPECT_EQ(yellow(), bytesOf(personRecord("Adams", "Ann")) +
                             bytesOf(personRecord("Baker", "Bob", "new")) + tombstoneBytes());
     EXPECT_EQ(messages.takeShown(), Texts{});
     EXPECT_EQ(pane.lines, Texts{"Baker, Bob"});
+}
+
+class StaleFormTest : public EntryEditorsTest {
+  protected:
+    StaleFormTest() {
+        yellow() = bytesOf(personRecord("Baker", "Bob", "loaded"));
+        mine = editor.load();
+        mine[Field::Memo] = "mine";
+        yellow() = theirs;
+    }
+
+    const std::string theirs = bytesOf(personRecord("Baker", "Bob", "theirs"));
+    const std::string question =
+        "ask|Changed Meanwhile|This entry has been changed by another copy of Velmora since you "
+        "opened it. Do you want to overwrite those changes with yours?";
+    ChangeEntryEditor editor{parts, "Baker, Bob"};
+    Entry mine;
+};
+
+TEST_F(StaleFormTest, AsksAndANoKeepsTheFormOpenAndTheBookAsItIs) {
+    messages.willAnswer(false);
+    EXPECT_EQ(editor.apply(mine), Outcome::Refused);
+    EXPECT_EQ(messages.takeShown(), Texts{question});
+    EXPECT_EQ(messages.takePreselected(), std::vector<Answer>{Answer::No});
+    EXPECT_EQ(yellow(), theirs);
+    EXPECT_EQ(pane.lines, Texts{});
+}
+
+TEST_F(StaleFormTest, AsksAgainAtTheNextTry) {
+    messages.willAnswer(false);
+    messages.willAnswer(false);
+    EXPECT_EQ(editor.apply(mine), Outcome::Refused);
+    EXPECT_EQ(editor.apply(mine), Outcome::Refused);
+    EXPECT_EQ(messages.takeShown(), (Texts{question, question}));
+    EXPECT_EQ(yellow(), theirs);
+}
+
+TEST_F(StaleFormTest, OverwritesAfterAYes) {
+    messages.willAnswer(true);
+    EXPECT_EQ(editor.apply(mine), Outcome::Written);
+    EXPECT_EQ(yellow(), bytesOf(personRecord("Baker", "Bob", "mine")));
+}
+
+TEST_F(StaleFormTest, AsksAgainWhenTheEntryChangesDuringTheQuestion) {
+    messages.willAnswer(true);
+    messages.willAnswer(false);
+    const std::string third = bytesOf(personRecord("Baker", "Bob", "third"));
+    messages.whileOpen([&] { yellow() = third; });
+    EXPECT_EQ(editor.apply(mine), Outcome::Refused);
+    EXPECT_EQ(messages.takeShown(), (Texts{question, question}));
+    EXPECT_EQ(yellow(), third);
+}
+
+TEST_F(StaleFormTest, WritesAnEntryThatIsGoneWithoutAQuestion) {
+    yellow() = tombstoneBytes();
+    EXPECT_EQ(editor.apply(mine), Outcome::Written);
+    EXPECT_EQ(yellow(), bytesOf(personRecord("Baker", "Bob", "mine")));
 }
 
 TEST_F(EntryEditorsTest, TheNameOfAnotherEntryIsRefused) {

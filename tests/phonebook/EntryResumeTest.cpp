@@ -72,7 +72,7 @@ TEST_F(EntryResumeTest, ANewEntryGoesOnInItsOwnBook) {
     form.whileOpen = [&](EntryEditor& editor) {
         EXPECT_EQ(editor.caption(), "Add Entry");
         EXPECT_EQ(state.EntryChangeMode, 0);
-        const EntryValues values = editor.load();
+        const Entry values = editor.load();
         EXPECT_EQ(values[Field::Last], "Adair");
         EXPECT_TRUE(folder.has("entry.recovery2")) << "kept until it is written";
         EXPECT_EQ(editor.apply(values), EntryEditor::Outcome::Written);

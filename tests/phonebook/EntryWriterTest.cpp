@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -108,13 +109,65 @@ TEST_F(EntryWriterTest, ALaterTombstoneIsNotTaken) {
     EXPECT_EQ(yellow(), bytesOf(changed) + kBaker + tombstoneBytes());
 }
 
-TEST_F(EntryWriterTest, AFailureBetweenTheWritesLeavesTheEntryTwiceRatherThanNowhere) {
+TEST_F(EntryWriterTest, AChangeThatFailsBetweenItsWritesIsTakenBack) {
     yellow() = tombstoneBytes() + kBaker;
-    files.writesUntilFailure = 1;
+    files.failsOnceAt = kRecordSize;
     const PhonebookRecord changed = personRecord("Baker", "Bob", "new");
     EXPECT_THROW((void)change("Baker, Bob", changed), Failure);
-    EXPECT_EQ(yellow(), bytesOf(changed) + kBaker);
+    EXPECT_EQ(yellow(), tombstoneBytes() + kBaker);
     EXPECT_EQ(files.openFiles(), 0);
+}
+
+TEST_F(EntryWriterTest, AnEntryThatIsNotWhatWasSeenIsNotOverwritten) {
+    const PhonebookRecord loaded = personRecord("Baker", "Bob");
+    const PhonebookRecord theirs = personRecord("Baker", "Bob", "theirs");
+    const PhonebookRecord mine = personRecord("Baker", "Bob", "mine");
+    yellow() = kAdams + bytesOf(theirs);
+    std::optional<PhonebookRecord> seen = loaded;
+    const auto tryMine = [&] { return writer.change(kYellowPagesFile, "Baker, Bob", mine, &seen); };
+    EXPECT_EQ(tryMine(), EntryWriter::ChangeResult::ChangedMeanwhile);
+    EXPECT_EQ(yellow(), kAdams + bytesOf(theirs));
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(bytesOf(*seen), bytesOf(theirs));
+    EXPECT_EQ(tryMine(), EntryWriter::ChangeResult::Written);
+    EXPECT_EQ(yellow(), kAdams + bytesOf(mine));
+}
+
+TEST_F(EntryWriterTest, AnEntryThatCameBackAfterItWasGoneIsNotOverwritten) {
+    yellow() = kBaker;
+    std::optional<PhonebookRecord> seen;
+    EXPECT_EQ(
+        writer.change(kYellowPagesFile, "Baker, Bob", personRecord("Baker", "Bob", "mine"), &seen),
+        EntryWriter::ChangeResult::ChangedMeanwhile);
+    EXPECT_EQ(yellow(), kBaker);
+}
+
+TEST_F(EntryWriterTest, AnEntryThatIsGoneIsWrittenWhateverWasSeen) {
+    yellow() = kAdams;
+    std::optional<PhonebookRecord> seen = personRecord("Baker", "Bob");
+    EXPECT_EQ(
+        writer.change(kYellowPagesFile, "Baker, Bob", personRecord("Baker", "Bob", "mine"), &seen),
+        EntryWriter::ChangeResult::Written);
+    EXPECT_EQ(yellow(), kAdams + bytesOf(personRecord("Baker", "Bob", "mine")));
+}
+
+TEST_F(EntryWriterTest, ChangesTheFirstRecordThatFitsAndNoOtherByte) {
+    yellow() = kAdams + kBaker + kBaker;
+    const auto written = writer.changeFirst(
+        kYellowPagesFile, [](RecordView record) { return record.text(Field::Last) == "Baker"; },
+        [](PhonebookRecord& record) { record.assign(Field::Class, "Friend"); });
+    EXPECT_EQ(written.text(Field::Class), "Friend");
+    EXPECT_EQ(yellow(), kAdams + bytesOf(written) + kBaker);
+    EXPECT_EQ(files.takeLog(), (Texts{"lock", "write 1595", "unlock"}));
+}
+
+TEST_F(EntryWriterTest, ChangesAnEmptyRecordBehindTheLastWhereNoneFits) {
+    yellow() = kAdams;
+    const auto written = writer.changeFirst(
+        kYellowPagesFile, [](RecordView) { return false; },
+        [](PhonebookRecord& record) { record.assign(Field::Class, "Friend"); });
+    EXPECT_EQ(yellow(), kAdams + bytesOf(written));
+    EXPECT_EQ(written.text(Field::Last), "");
 }
 
 TEST_F(EntryWriterTest, TheNameOfAnotherEntryIsTaken) {
@@ -196,12 +249,33 @@ TEST_F(EntryWriterTest, MovingKeepsAllBytesAndWritesTheTargetFirst) {
     EXPECT_EQ(yellow(), kAdams + tombstoneBytes());
 }
 
-TEST_F(EntryWriterTest, AMoveThatFailsAtTheSourceLeavesTheEntryInBothBooks) {
-    yellow() = kAcme;
-    files.writesUntilFailure = 1;
+TEST_F(EntryWriterTest, AMoveThatFailsAtTheSourceIsTakenBack) {
+    yellow() = kAdams + kAcme;
+    white() = kBaker;
+    files.failsOnceAt = kRecordSize;
+    files.failingFile = "/velmora\\DATAY.QEL";
     EXPECT_THROW(writer.move(kYellowPagesFile, kWhitePagesFile, "Acme"), Failure);
-    EXPECT_EQ(yellow(), kAcme);
-    EXPECT_EQ(white(), kAcme);
+    EXPECT_EQ(yellow(), kAdams + kAcme);
+    EXPECT_EQ(white(), kBaker + tombstoneBytes());
+}
+
+TEST_F(EntryWriterTest, AMoveThatIsTakenBackPutsBackWhatItOverwrote) {
+    yellow() = kAdams;
+    white() = bytesOf(personRecord("ADAMS", "ANN"));
+    files.failsOnceAt = 0;
+    files.failingFile = "/velmora\\DATAY.QEL";
+    messages.willAnswer(true);
+    EXPECT_THROW(writer.move(kYellowPagesFile, kWhitePagesFile, "Adams, Ann"), Failure);
+    EXPECT_EQ(yellow(), kAdams);
+    EXPECT_EQ(white(), bytesOf(personRecord("ADAMS", "ANN")));
+}
+
+TEST_F(EntryWriterTest, AMoveBetweenTwoNamesOfOneBookIsRefused) {
+    yellow() = kAdams;
+    files.link("/velmora\\DATAW.QEL", "/velmora\\DATAY.QEL");
+    EXPECT_THROW(writer.move(kYellowPagesFile, kWhitePagesFile, "Adams, Ann"), Failure);
+    EXPECT_EQ(yellow(), kAdams);
+    EXPECT_EQ(files.takeLog(), Texts{});
 }
 
 TEST_F(EntryWriterTest, AMoveThatFailsAtTheTargetLeavesTheSource) {
@@ -234,7 +308,7 @@ TEST_F(EntryWriterTest, AnEntryThatChangedDuringItsMoveIsNotDeleted) {
     messages.whileOpen([&] { yellow() = changed; });
     EXPECT_THROW(writer.move(kYellowPagesFile, kWhitePagesFile, "Adams, Ann"), Failure);
     EXPECT_EQ(yellow(), changed);
-    EXPECT_EQ(white(), kAdams);
+    EXPECT_EQ(white(), bytesOf(personRecord("ADAMS", "ANN")));
 }
 
 TEST_F(EntryWriterTest, MovingWhatIsGoneWritesNothing) {

@@ -30,6 +30,13 @@ const std::string kBaker = bytesOf(personRecord("Baker", "Bob"));
 const std::string kAcme = bytesOf(companyRecord("Acme"));
 const std::string kNulSlot(kRecordSize, '\0');
 
+TEST_F(PhonebookStoreTest, OpensNoOtherBookWhereTheSettingCanNotBeRead) {
+    settings.Save("White", "/share");
+    medium.unreadable = true;
+    EXPECT_THROW((void)store.Open(kWhitePagesFile), Failure);
+    EXPECT_FALSE(files.has("/velmora\\DATAW.QEL"));
+}
+
 TEST_F(PhonebookStoreTest, OpeningCreatesAnEmptyBookInTheFolderOfTheSettings) {
     settings.Save("White", "/share");
     EXPECT_EQ(store.Open(kWhitePagesFile).recordCount(), 0);

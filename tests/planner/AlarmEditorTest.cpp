@@ -155,8 +155,10 @@ TEST_F(AlarmEditorTest, RemovingAnAlarmThatRangMeanwhileKeepsTheOthersAndFillsTh
     add(9, 0, "b");
     {
         AlarmEditor other(settings, clock, [this] { return day; });
+        other.Open();
         other.Remove("08:00");
     }
+    EXPECT_EQ(key(""), "1");
     editor.Remove("08:00");
     EXPECT_EQ(key(""), "1");
     EXPECT_EQ(key("1M"), "b");

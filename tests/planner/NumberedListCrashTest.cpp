@@ -23,6 +23,9 @@ class ReportingSettings final : public SettingsMedium {
         : real_(NativePath(path)), report_(report) {}
 
     [[nodiscard]] std::string read(std::string_view key) const override { return real_.read(key); }
+    [[nodiscard]] std::string readOrFail(std::string_view key) const override {
+        return real_.readOrFail(key);
+    }
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override {
         return real_.readAll(prefix);
     }

@@ -135,7 +135,8 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     test::FakeMessages messages;
     test::FakeAccessReader reader;
     PosixFiles files{NativePaths(CodePage::western())};
-    AppointmentStore store{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
+    SqliteAppointmentSource source{files};
+    AppointmentStore store{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
     PlannerOpener opener{reader, messages, CodePage::western(), files};
@@ -151,6 +152,17 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
 TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
     EXPECT_EQ(store.path(), own);
     EXPECT_THAT(SSDay1.texts(), ElementsAre("own"));
+}
+
+TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
+    AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
+    PlannerFolder unknown{locations, opener, other, planner, desk, messages};
+    medium.unreadable = true;
+    unknown.OpenAtStart();
+    EXPECT_EQ(other.path(), "");
+    other.AddNew();
+    other.Put(Column::Desc, "text");
+    EXPECT_THROW(other.Update(), Failure);
 }
 
 TEST_F(PlannerFolderTest, OpensTheSharedDatabaseThatTheSettingsName) {

@@ -47,8 +47,8 @@ class SchedulingTest : public testing::Test, protected test::PlannerFixture {
                  bytesOf(withPhone(companyRecord("Smith & Sons & Co"), "555-9")) +
                  bytesOf(companyRecord("Acme"));
         scheduling = std::make_unique<Scheduling>(
-            SchedulingParts{books.state, books.store, store, planner, SSDay1, SSMonth1,
-                            scheduleDesk, texts, messages, loop, clock, formats});
+            SchedulingParts{books.state, entries, store, planner, SSDay1, SSMonth1, scheduleDesk,
+                            texts, messages, loop, clock, formats, status});
     }
 
     static PhonebookRecord tombstone() {
@@ -82,6 +82,7 @@ class SchedulingTest : public testing::Test, protected test::PlannerFixture {
     FakeScheduleDesk scheduleDesk;
     ScheduleTexts texts;
     test::FakeMessages messages;
+    EntryWriter entries{books.store, messages};
     test::FakeEventLoop loop;
     std::unique_ptr<Scheduling> scheduling;
 };
@@ -316,7 +317,9 @@ TEST_F(SchedulingTest, FailsOnAnEmptyTableWithTheDateReferenceWritten) {
     run(ScheduleCommand::Call, "Doe, Jane");
     EXPECT_THAT(rows(), IsEmpty());
     EXPECT_EQ(book().substr(1595 + 1245, 20), "03/09/26, 02:05 PM  ");
-    EXPECT_THAT(scheduleDesk.ended, ElementsAre("There is no current appointment."));
+    EXPECT_THAT(scheduleDesk.ended,
+                ElementsAre("There is no current appointment. Type the first appointment of a new "
+                            "planner into the day view."));
     EXPECT_EQ(scheduling->waiting(), 0U);
     EXPECT_EQ(store.recordSource(), "Appoint");
     EXPECT_TRUE(store.Eof());
@@ -344,6 +347,51 @@ TEST_F(SchedulingTest, EndsTheProgramWhenTheDiskIsFull) {
     ASSERT_EQ(scheduleDesk.ended.size(), 1U);
     EXPECT_EQ(book(), before);
     EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(SchedulingTest, WaitsForAPlannerThatAnotherProgramLocksAndBooksOnce) {
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        other.execute("BEGIN EXCLUSIVE");
+        run(ScheduleCommand::Call, "nobody of that name");
+        scheduling->TryAgain();
+        EXPECT_THAT(scheduleDesk.ended, IsEmpty());
+        EXPECT_EQ(scheduling->waiting(), 1U);
+        EXPECT_THAT(status.text, HasSubstr("another program"));
+        EXPECT_EQ(book().size(), 4U * 1595);  // nothing is written before the planner can be
+    }
+    scheduling->TryAgain();
+    EXPECT_EQ(lastText(), "Call  ");
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(book().size(), 5U * 1595);
+    EXPECT_EQ(scheduling->waiting(), 0U);
+    scheduling->TryAgain();
+    EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(SchedulingTest, BooksTheEntryOnceWhenOnlyWritingIsLocked) {
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        other.execute("BEGIN IMMEDIATE");
+        run(ScheduleCommand::Call, "nobody of that name");
+        scheduling->TryAgain();
+        EXPECT_EQ(book().size(), 5U * 1595);
+    }
+    scheduling->TryAgain();
+    EXPECT_EQ(rows().size(), 2U);
+    EXPECT_EQ(book().size(), 5U * 1595);
+}
+
+TEST_F(SchedulingTest, EndsTheProgramWhenThePlannerStaysLocked) {
+    sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+    other.execute("BEGIN EXCLUSIVE");
+    run(ScheduleCommand::Call, "Doe, Jane");
+    for (int i = 0; i < 9; ++i)
+        scheduling->TryAgain();
+    EXPECT_THAT(scheduleDesk.ended, IsEmpty());
+    scheduling->TryAgain();
+    EXPECT_EQ(scheduleDesk.ended.size(), 1U);
+    EXPECT_EQ(scheduling->waiting(), 0U);
 }
 
 TEST_F(SchedulingTest, EndsTheProgramWhenThePlannerIsMissing) {

@@ -4,7 +4,7 @@
 #include "planner/MonthlyTasks.h"
 #include "planner/ToDoList.h"
 #include "planner/WeeklyTasks.h"
-#include "platform/Failure.h"
+#include "platform/FatalFailure.h"
 #include "support/FakeClock.h"
 #include "support/FakeMessages.h"
 #include "support/MemorySettings.h"
@@ -158,7 +158,7 @@ TEST_F(ToDoListTest, AListThatOutgrewItsLimitCanNotBeRemovedFromAndStaysAsItWas)
         settings.Save("Tasks\\" + std::to_string(n), "line " + std::to_string(n));
     list.Open();
     const auto before = medium.values;
-    EXPECT_THROW(list.RemoveTask("line 7"), Failure);
+    EXPECT_THROW(list.RemoveTask("line 7"), FatalFailure);
     EXPECT_EQ(medium.values, before);
 }
 

@@ -36,7 +36,8 @@ class WeekLoadTest : public testing::Test, protected test::PlannerFixture {
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
     test::FakeWeekView view;
-    WeekLoad week{locations, files, CodePage::western(), SSMonth1, clock, formats};
+    SqliteAppointmentSource source{files};
+    WeekLoad week{locations, source, CodePage::western(), SSMonth1, clock, formats};
 };
 
 TEST_F(WeekLoadTest, TitleAndCaptionsNameTheSelectedDayAndTheSixBehindIt) {
@@ -129,6 +130,23 @@ TEST_F(WeekLoadTest, AMissingDatabaseLeavesSixEmptyDaysUnderTheirCaptions) {
     EXPECT_THAT(allTexts(), IsEmpty());
     EXPECT_THAT(view.captions(), Each(testing::HasSubstr(", 2026")));
     EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(WeekLoadTest, ALockedDatabaseLeavesSixEmptyDaysThatSaySo) {
+    add(rowOn("2026-03-13", 1, "a"));
+    load();
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        other.execute("BEGIN EXCLUSIVE");
+        EXPECT_FALSE(week.Load(view, WeekLoad::Locks::PassBy));
+        EXPECT_THAT(allTexts(), IsEmpty());
+        for (const auto& day : view.days)
+            EXPECT_EQ(day.notice,
+                      "This day can not be read: another program is using the planner.");
+    }
+    EXPECT_TRUE(week.Load(view, WeekLoad::Locks::PassBy));
+    EXPECT_THAT(allTexts(), ElementsAre("1 a"));
+    EXPECT_EQ(view.days[0].notice, "");
 }
 
 TEST_F(WeekLoadTest, AForeignFileLeavesSixEmptyDaysAndStaysAsItIs) {

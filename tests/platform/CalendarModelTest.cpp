@@ -1,4 +1,4 @@
-#include "platform/controls/models/CalendarModel.h"
+#include "platform/calendar/CalendarModel.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/controls/models/DayLayout.h"
+#include "platform/calendar/DayLayout.h"
 
 #include <gtest/gtest.h>
 

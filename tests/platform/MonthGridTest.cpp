@@ -1,4 +1,4 @@
-#include "platform/controls/models/MonthGrid.h"
+#include "platform/calendar/MonthGrid.h"
 
 #include <gtest/gtest.h>
 

@@ -346,7 +346,10 @@ TEST_F(PrintRecorderTest, NoPrinterIsAskedForBeforeAJobBegins) {
     class NoOutput final : public PrintOutput {
         [[nodiscard]] std::vector<std::string> printerNames() const override { return fail(); }
         [[nodiscard]] std::string defaultPrinter() const override { return fail()[0]; }
-        bool print(const PrintJob&) override { return fail().empty(); }
+        bool ask(const std::string&, const GoOn&) override { return fail().empty(); }
+        bool print(PrintJob, PrintWatch*) override { return fail().empty(); }
+        void beginRun(const std::string&) override { fail(); }
+        std::optional<std::string> endRun() override { return fail()[0]; }
         static std::vector<std::string> fail() {
             ADD_FAILURE() << "asked";
             return {""};

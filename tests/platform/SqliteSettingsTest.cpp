@@ -1,6 +1,7 @@
 #include "platform/sqlite/SqliteSettings.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -134,9 +135,14 @@ TEST_F(SqliteSettingsTest, ADamagedFileIsPutAsideAndSettingsBeginAnew) {
     EXPECT_EQ(settings.read("A"), "1");
 }
 
-TEST_F(SqliteSettingsTest, AFolderThatIsMissingIsAFailure) {
-    EXPECT_THROW(const SqliteSettings settings{NativePath(folder.file("missing/settings.db"))},
-                 Failure);
+TEST_F(SqliteSettingsTest, TheFileIsForItsOwnerOnly) {
+    SqliteSettings settings{NativePath(path)};
+    settings.save("A", "1");
+    for (const char* name : {"settings.db", "settings.db-wal", "settings.db-shm"}) {
+        struct stat status {};
+        ASSERT_EQ(stat(folder.file(name).c_str(), &status), 0) << name;
+        EXPECT_EQ(status.st_mode & 07777, 0600U) << name;
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "platform/controls/models/TimeColumn.h"
+#include "platform/calendar/TimeColumn.h"
 
 #include <gtest/gtest.h>
 

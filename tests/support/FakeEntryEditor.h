@@ -16,12 +16,12 @@ class FakeEntryEditor final : public EntryEditor {
     std::string applyText = "&Add Entry";
     std::string custom1Text = "Custom1:";
     std::string custom2Text = "Custom2";
-    EntryValues toLoad;
+    Entry toLoad;
     std::function<void()> onLoad;   // may throw
     std::function<void()> onApply;  // may throw
     Outcome outcome = Outcome::Written;
 
-    std::vector<EntryValues> applied;
+    std::vector<Entry> applied;
     int closedCount = 0;
 
     EntryOrigin origin() const override { return whence; }
@@ -30,13 +30,13 @@ class FakeEntryEditor final : public EntryEditor {
     std::string custom1Caption() const override { return custom1Text; }
     std::string custom2Caption() const override { return custom2Text; }
 
-    EntryValues load() override {
+    Entry load() override {
         if (onLoad)
             onLoad();
         return toLoad;
     }
 
-    Outcome apply(const EntryValues& values) override {
+    Outcome apply(const Entry& values) override {
         applied.push_back(values);
         if (onApply)
             onApply();

@@ -29,7 +29,14 @@ class FakeDayControl final : public DayControl {
     void SetTaskTag(int index, const std::string& tag) override {
         tasks[checked(index)].TagVariant = tag;
     }
+    void SetTask(int index, const DayTask& task) override {
+        DayTask& block = tasks[checked(index)];
+        block = {task.BeginTime, task.EndTime, task.text, block.TagVariant};
+    }
+    [[nodiscard]] int TaskCount() const override { return static_cast<int>(tasks.size()); }
+    void SetNotice(const std::string& text) override { notice = text; }
     [[nodiscard]] int SelectedTask() const override { return selected; }
+    void SelectTask(int index) override { selected = index; }
     void SetFirstTime(const std::string& time) override { limits.push_back("first " + time); }
     void SetLastTime(const std::string& time) override {
         limits.push_back("last " + time);
@@ -47,6 +54,7 @@ class FakeDayControl final : public DayControl {
 
     std::vector<DayTask> tasks;
     std::vector<std::string> limits;
+    std::string notice;
     int selected = -1;
     int refreshes = 0;
     int removals = 0;

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -11,6 +13,7 @@
 #include "platform/Failure.h"
 #include "platform/PrintDevice.h"
 #include "platform/PrintRecorder.h"
+#include "platform/PrintWatch.h"
 
 namespace velmora::test {
 
@@ -38,25 +41,70 @@ class FakePrinters : public PrintOutput {
   public:
     std::vector<std::string> names{"Pocket", "Office", kPrintToPdf};
     std::string defaultName = "Pocket";
-    std::string refusal;     // when not empty, each job fails with this text
-    bool calledOff = false;  // as if the user named no file for each job
+    std::string refusal;              // when not empty, each job fails with this text
+    bool calledOff = false;           // as if the user named no file for each job
+    std::function<void()> beforeJob;  // may throw, as a printer does
 
-    [[nodiscard]] std::vector<std::string> printerNames() const override { return names; }
-    [[nodiscard]] std::string defaultPrinter() const override { return defaultName; }
-    bool print(const PrintJob& job) override {
-        if (!refusal.empty())
-            throw Failure(refusal);
-        if (calledOff)
+    bool silent = false;  // the print system answers no question
+    bool noFile = false;  // the file of "Print to PDF" can not be written
+    int tries = 0;        // as often the queue refuses a job before it takes one
+    int asked = 0;        // questions so far
+    std::string file;     // where the runs go that have printed to a file
+    std::string runTitle;
+
+    bool ask(const std::string&, const GoOn& goOn) override {
+        ++asked;
+        if (goOn && !goOn())
             return false;
-        jobs_.push_back(job);
+        if (silent)
+            throw Failure("The print system does not answer.");
         return true;
     }
+    [[nodiscard]] std::vector<std::string> printerNames() const override { return names; }
+    [[nodiscard]] std::string defaultPrinter() const override { return defaultName; }
+    bool print(PrintJob job, PrintWatch* watch) override {
+        if (beforeJob)
+            beforeJob();
+        if (!refusal.empty())
+            throw Failure(refusal);
+        if (calledOff || !goesOn(job, watch))
+            return false;
+        inFile_ = inFile_ || job.printer == kPrintToPdf;
+        jobs_.push_back(std::move(job));
+        return true;
+    }
+    void beginRun(const std::string& title) override {
+        runTitle = title;
+        inFile_ = false;
+    }
+    std::optional<std::string> endRun() override {
+        if (!std::exchange(inFile_, false))
+            return std::nullopt;
+        if (noFile)
+            throw Failure("The disk is full.");
+        return file;
+    }
+
+    // How many jobs takeJobs() would give.
+    [[nodiscard]] std::size_t jobsSent() const { return jobs_.size(); }
 
     // The jobs since the last call.
     std::vector<PrintJob> takeJobs() { return std::exchange(jobs_, {}); }
 
   private:
+    [[nodiscard]] bool goesOn(const PrintJob& job, PrintWatch* watch) {
+        const int pages = static_cast<int>(job.pages.size());
+        for (int page = 1; watch && page <= pages; ++page)
+            if (!watch->playing(page, pages))
+                return false;
+        while (watch && tries > 0 && --tries >= 0)
+            if (!watch->waitingForTheQueue())
+                return false;
+        return !watch || watch->sending();
+    }
+
     std::vector<PrintJob> jobs_;
+    bool inFile_ = false;
 };
 
 // A job for people and for golden files (see Golden.h), one operation a line, inches with three

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "planner/WeekLoad.h"
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 namespace velmora::test {
 
@@ -14,6 +14,7 @@ class FakeWeekView final : public WeekView {
   public:
     struct Day {
         std::string caption;
+        std::string notice;
         std::vector<DayTask> tasks;
     };
 
@@ -30,6 +31,8 @@ class FakeWeekView final : public WeekView {
     void SetTaskTag(int day, int index, const std::string& tag) override {
         at(day).tasks.at(static_cast<std::size_t>(index)).TagVariant = tag;
     }
+    void RemoveTasksOf(int day) override { at(day).tasks.clear(); }
+    void SetDayNotice(int day, const std::string& text) override { at(day).notice = text; }
     void SetDayCaption(int day, const std::string& text) override { at(day).caption = text; }
 
     [[nodiscard]] std::vector<std::string> captions() const {

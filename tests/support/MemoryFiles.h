@@ -3,20 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
+#include "platform/FileStamp.h"
 #include "platform/Files.h"
 
 namespace velmora::test {
 
 // Files in memory; paths compare without regard to case. Writes can be made to fail, and what
-// happened to open files is recorded as "lock", "unlock", "write <offset>" and "shorten <size>".
+// happened to open files is recorded as "lock", "unlock" and "write <offset>".
 class MemoryFiles final : public Files {
   public:
     // The bytes of a file; made empty by the first look.
@@ -26,11 +29,37 @@ class MemoryFiles final : public Files {
         return contents_.count(key(path)) != 0;
     }
 
+    // Makes `path` another name of the file `target`.
+    void link(const std::string& path, const std::string& target) {
+        contents_[key(path)] = content(target);
+    }
+
+    [[nodiscard]] FileStamp stampOf(const std::string& path) const {
+        if (!has(path))
+            return {};
+        const std::string& bytes = *contents_.at(key(path));
+        return {1, std::hash<const void*>{}(&bytes), bytes.size(),
+                static_cast<std::int64_t>(std::hash<std::string>{}(bytes))};
+    }
+
     // Writes fail once this many more have been made; below 0 none does.
     int writesUntilFailure = -1;
 
+    // A write at this offset of an open file fails, once; of `failingFile` only, when it is named.
+    std::optional<std::uint64_t> failsOnceAt;
+    std::string failingFile;
+
+    // The one file that can not be written whole, as in a folder that may only be read.
+    std::string unwritable;
+
+    // Runs in the middle of each write to an open file.
+    std::function<void()> whileWriting;
+
     // Every attempt to open or read a file throws while this is set.
     bool unreachable = false;
+
+    // The same for files whose path begins with this; nothing for none.
+    std::string unreachableFolder;
 
     [[nodiscard]] int openFiles() const { return *open_; }
     std::vector<std::string> takeLog() { return std::exchange(*log_, {}); }
@@ -55,6 +84,8 @@ class MemoryFiles final : public Files {
 
     void writeWhole(const std::string& path, std::string_view bytes) override {
         failIfUnreachable(path);
+        if (path == unwritable)
+            throw Failure("The file " + path + " can not be written: Permission denied.");
         failIfFull();
         *content(path) = bytes;
     }
@@ -95,17 +126,16 @@ class MemoryFiles final : public Files {
         void writeAt(std::uint64_t offset, std::span<const char> bytes) override {
             EXPECT_TRUE(locked_) << "written without the lock";
             files_.failIfFull();
+            files_.failOnceAt(offset, content_);
             log_->push_back("write " + std::to_string(offset));
+            if (files_.whileWriting)
+                files_.whileWriting();
             content_->resize(std::max<std::size_t>(content_->size(), offset + bytes.size()));
             std::copy(bytes.begin(), bytes.end(),
                       content_->begin() + static_cast<std::ptrdiff_t>(offset));
         }
 
-        void shorten(std::uint64_t size) override {
-            EXPECT_LE(size, content_->size());
-            log_->push_back("shorten " + std::to_string(size));
-            content_->resize(size);
-        }
+        void shorten(std::uint64_t size) override { content_->resize(size); }
 
         [[nodiscard]] bool lock() override {
             EXPECT_FALSE(locked_);
@@ -136,8 +166,16 @@ class MemoryFiles final : public Files {
     }
 
     void failIfUnreachable(const std::string& path) const {
-        if (unreachable)
+        if (unreachable || (!unreachableFolder.empty() && path.starts_with(unreachableFolder)))
             throw Failure("The file " + path + " can not be opened: No such file or directory.");
+    }
+
+    void failOnceAt(std::uint64_t offset, const std::shared_ptr<std::string>& file) {
+        const bool meant = failingFile.empty() || content(failingFile) == file;
+        if (!meant || failsOnceAt != offset)
+            return;
+        failsOnceAt.reset();
+        throw Failure("The file can not be written: Input/output error.");
     }
 
     void failIfFull() {

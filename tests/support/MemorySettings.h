@@ -17,6 +17,11 @@ class MemorySettings final : public SettingsMedium {
         const auto found = values.find(CodePage::western().upper(key));
         return found == values.end() ? std::string() : found->second;
     }
+    [[nodiscard]] std::string readOrFail(std::string_view key) const override {
+        if (unreadable)
+            throw Failure("The settings can not be read.");
+        return read(key);
+    }
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override {
         if (unreadable)
             throw Failure("The settings can not be read.");
@@ -51,7 +56,7 @@ class MemorySettings final : public SettingsMedium {
     // Every write throws while this is set.
     bool failing = false;
 
-    // readAll() throws while this is set.
+    // readAll() and readOrFail() throw while this is set.
     bool unreadable = false;
 
   private:

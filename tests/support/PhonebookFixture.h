@@ -6,6 +6,7 @@
 #include "core/DataLocations.h"
 #include "core/SettingsStore.h"
 #include "core/SharedState.h"
+#include "phonebook/FileBooks.h"
 #include "phonebook/PhonebookStore.h"
 #include "support/MemoryFiles.h"
 #include "support/MemorySettings.h"
@@ -50,7 +51,9 @@ struct PhonebookFixture {
     MemoryFiles files;
     const CodePage& codePage = CodePage::western();
     DataLocations locations{"/velmora", settings, files, codePage};
-    PhonebookStore store{files, locations, codePage};
+    FileBooks books{files, locations,
+                    [this](const std::string& path) { return files.stampOf(path); }};
+    PhonebookStore store{books, codePage};
     SharedState state;
 
     std::string& yellow() { return files["/velmora\\DATAY.QEL"]; }

@@ -9,6 +9,7 @@
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerDatabase.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/sqlite/Database.h"
 #include "support/FakeClock.h"
 #include "support/FakePlannerControls.h"
@@ -58,9 +59,17 @@ inline RawRow rowOn(const std::string& storedDate, int second, const std::string
     return {tag, storedDate, "09:00 AM", "10:00 AM", text, style};
 }
 
+// The tables of appointments in files under the paths that they are asked for with.
+inline const AppointmentSource& appointmentSource() {
+    static const SqliteAppointmentSource source(samePaths());
+    return source;
+}
+
 // A planner on a database in a folder of its own.
 struct PlannerFixture {
-    PlannerFixture() {
+    // In a folder of its own, or in the file of this path.
+    explicit PlannerFixture(const std::string& wanted = {})
+        : path(wanted.empty() ? folder.file("qel.mdb") : wanted) {
         layDownDatabase(NativePath(path));
         store.OpenDatabase(path);
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
@@ -72,13 +81,13 @@ struct PlannerFixture {
     [[nodiscard]] std::vector<RawRow> rows() const { return rawRows(path); }
 
     TemporaryFolder folder;
-    std::string path = folder.file("qel.mdb");
+    std::string path;
     FakeClock clock;
     MemorySettings medium;
     SettingsStore settings{medium};
     LocaleFormats formats;
     FakeStatusLine status;
-    AppointmentStore store{CodePage::western(), clock, test::samePaths(),
+    AppointmentStore store{CodePage::western(), clock, appointmentSource(),
                            std::chrono::milliseconds(50)};
     FakeDayControl SSDay1;
     FakeMonthControl SSMonth1;

@@ -19,11 +19,15 @@ FORM_PARTS = ["platform", "platform/qt", "platform/controls", "core", QT]
 MAY_INCLUDE = {
     "platform": [],
     "platform/files": ["platform"],
+    "platform/serial": ["platform", "platform/files"],
     "platform/sqlite": ["platform", "platform/files"],
     "platform/access": ["platform"],
     "platform/qt": ["platform", QT],
-    "platform/controls": ["platform", "platform/qt", "platform/controls/models", QT],
+    "platform/calendar": ["platform"],
+    "platform/controls": ["platform", "platform/qt", "platform/calendar",
+                          "platform/controls/models", QT],
     "platform/controls/models": ["platform"],
+    "planner/sqlite": ["platform", "platform/files", "platform/sqlite", "planner"],
     "core": ["platform"],
     "core/forms": FORM_PARTS,
 }
@@ -32,7 +36,7 @@ MAY_INCLUDE = {
 # may use core and platform. A form may use its own logic, and through it what that builds on.
 SUBSYSTEMS = {
     "phonebook": [],
-    "planner": ["platform/controls/models", "phonebook", "platform/files", "platform/sqlite"],
+    "planner": ["platform/calendar", "phonebook", "platform/files", "platform/sqlite"],
     "telephony": ["phonebook", "docpad"],
     "docpad": ["phonebook"],
     "reports": ["phonebook"],

@@ -12,7 +12,7 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-SUBSYSTEMS = ("platform", "core", "phonebook", "planner", "docpad", "accessories")
+SUBSYSTEMS = ("platform", "core", "phonebook", "planner", "docpad", "reports", "accessories")
 LOGIC = [folder for folder in SUBSYSTEMS if any((ROOT / "src" / folder).glob("*.cpp"))]
 
 

@@ -127,7 +127,6 @@ QWidget* Calendar::makeToolbarRow() {
     row->setAttribute(Qt::WA_StyledBackground);
     row->setFixedHeight(kToolbarHeight);
     Label8->setObjectName(QStringLiteral("Label8"));
-    Label8->setAccessibleName(tr("Clock"));
     Label8->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setType(*Label8, 14.25, QFont::DemiBold);
     Label8->ensurePolished();
@@ -252,6 +251,8 @@ void Calendar::setDateLine(const std::string& text) {
 }
 
 void Calendar::setLastNumber(const std::string& text) {
+    // A label without a name is told by its text.
+    parts_.dialer.number->setAccessibleName(text.empty() ? tr("No number") : QString());
     parts_.dialer.number->setText(toQt(text, codePage_));
 }
 

@@ -24,15 +24,19 @@ CommandMenus::CommandMenus(QMenuBar* bar) : QObject(bar) {
         if (row.level == 0)
             bar->addAction(items_.at(row.name));
     }
-    auto* tap = new MenuTap(
+    tap_ = new MenuTap(
         [this](const QAction& action) {
             if (const auto found = rows_.find(&action); found != rows_.end())
                 emit highlighted(*found->second);
         },
         this);
-    tap->watch(bar);
+    tap_->watch(bar);
     for (QMenu* menu : bar->findChildren<QMenu*>())
-        tap->watch(menu);
+        watch(menu);
+}
+
+void CommandMenus::watch(QMenu* menu) const {
+    tap_->watch(menu);
 }
 
 void CommandMenus::addHead(QMenuBar* bar, const MenuRow& row) {

@@ -14,6 +14,8 @@ class QMenuBar;
 
 namespace velmora {
 
+class MenuTap;
+
 // The menu bar made from the table of commands. An item's object name is the name of its command.
 class CommandMenus final : public QObject {
     Q_OBJECT
@@ -23,6 +25,9 @@ class CommandMenus final : public QObject {
 
     // The item of a command, or nullptr.
     [[nodiscard]] QAction* item(std::string_view name) const;
+
+    // Reports the items of another menu, too, as far as they are items of the bar.
+    void watch(QMenu* menu) const;
 
     void setItemsEnabled(const std::function<bool(std::string_view command)>& enabled);
 
@@ -41,6 +46,7 @@ class CommandMenus final : public QObject {
 
     std::map<std::string_view, QAction*> items_;
     std::map<const QAction*, const MenuRow*> rows_;
+    MenuTap* tap_ = nullptr;
     QMenu* menu_ = nullptr;  // the one being filled
 };
 

@@ -31,6 +31,7 @@ class PhonebookPage final : public QWidget {
     [[nodiscard]] QPushButton* fileButton() const { return Command5; }
     [[nodiscard]] QPushButton* associatesButton() const { return Command26; }
     [[nodiscard]] QPushButton* moveButton() const { return TButtonMove; }
+    [[nodiscard]] QPushButton* hangUpButton() const { return Command25; }
 
     // The size for a small window.
     void setSmall(bool small);

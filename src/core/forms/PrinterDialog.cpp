@@ -34,7 +34,7 @@ PrinterDialog::PrinterDialog(const std::vector<std::string>& printers, const Pri
       ok_(makeDialogButton("ok", "Ok", this)),
       cancel_(makeDialogButton("cancel", "Cancel", this)) {
     printers_->setObjectName(QStringLiteral("printers"));
-    printers_->setAccessibleName(tr("Printer"));
+    printers_->setAccessibleName(tr("Printer"));  // no assistive tool tells a list by its label
     printers_->setDragEnabled(false);
     const bool lying = now.orientation == PageOrientation::Landscape;
     (lying ? landscape_ : portrait_)->setChecked(true);

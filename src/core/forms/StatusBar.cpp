@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 
 #include "platform/controls/ElidedLabel.h"
 #include "platform/qt/Icons.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kHeight = 28;
 constexpr int kPanel1Width = 88;
+const QString kBeforeFile = QStringLiteral(":  ");
 
 }  // namespace
 
@@ -29,13 +31,33 @@ StatusBar::StatusBar(const CodePage& codePage, QWidget* parent)
     panel1->setProperty("role", "panel1");
     panel2_->setObjectName(QStringLiteral("StatusBar1_2"));
     panel2_->setIndent(6);
+    panel2_->installEventFilter(this);
     // Permanent panels: the toolkit's own messages never cover them.
     addPermanentWidget(panel1);
     addPermanentWidget(panel2_, 1);
 }
 
 void StatusBar::show(const std::string& text) {
-    panel2_->setText(toQt(text, codePage_));
+    present(toQt(text, codePage_), {});
+}
+
+void StatusBar::showFile(const std::string& text, const std::string& path) {
+    const QString file = toQt(path, codePage_);
+    present(text.empty() ? file : toQt(text, codePage_) + kBeforeFile + file, file);
+}
+
+void StatusBar::present(const QString& text, const QString& file) {
+    file_ = file;
+    panel2_->setText(text);
+    panel2_->setCursor(file.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    panel2_->setToolTip(file.isEmpty() ? QString() : tr("Click to open this file"));
+}
+
+bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == panel2_ && event->type() == QEvent::MouseButtonRelease && !file_.isEmpty() &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        emit fileChosen(file_);
+    return QStatusBar::eventFilter(watched, event);
 }
 
 std::string StatusBar::text() const {

@@ -18,13 +18,24 @@ class StatusBar final : public QStatusBar, public StatusLine {
     explicit StatusBar(const CodePage& codePage, QWidget* parent = nullptr);
 
     void show(const std::string& text) override;
+    void showFile(const std::string& text, const std::string& path) override;
 
     // The text in panel 2.
     [[nodiscard]] std::string text() const;
 
+  signals:
+    // The file on show was clicked.
+    void fileChosen(const QString& path);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    void present(const QString& text, const QString& file);
+
     const CodePage& codePage_;
     QLabel* panel2_;
+    QString file_;  // that a click opens; empty without one
 };
 
 }  // namespace velmora

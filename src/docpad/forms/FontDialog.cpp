@@ -45,7 +45,7 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
       ok_(makeDialogButton("ok", "Ok", this)),
       cancel_(makeDialogButton("cancel", "Cancel", this)) {
     families_->setObjectName(QStringLiteral("families"));
-    families_->setAccessibleName(tr("Font"));
+    families_->setAccessibleName(tr("Font"));  // assistive tools do not tell a list by its label
     families_->setDragEnabled(false);
     size_->setObjectName(QStringLiteral("size"));
     size_->setRange(smallest, largest);

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <optional>
 
-#include "docpad/ControlFont.h"
+#include "core/ControlFont.h"
 #include "platform/CodePage.h"
 #include "platform/controls/Dialog.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "docpad/ControlFont.h"
+#include "core/ControlFont.h"
 #include "platform/CodePage.h"
 
 namespace velmora {

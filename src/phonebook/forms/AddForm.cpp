@@ -9,57 +9,30 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyledItemDelegate>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include "phonebook/EntryClasses.h"
+#include "phonebook/EntryFormTexts.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
+#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMemoBytes = 250;
 constexpr int kRowGap = 12;
 constexpr int kFieldGap = 10;
 constexpr int kLabelGap = 4;
 constexpr QSize kFormSize(860, 606);
 
-constexpr std::array kClasses = {
-    "Business",
-    "Company",
-    "Personal",
-    "Colleague",
-    "Friend",
-    "Relative",
-    "Associate",
-    "Important",
-    "Patron",
-    "Customer",
-    "Employer",
-    "Employee",
-    "PhD",
-    "MD",
-    "C.P.A.",
-    "Doctor",
-    "Electrical Company",
-    "Credit Card Company",
-    "Water Company",
-    "Utility Company",
-    "Computer Company",
-    "CFO",
-    "CEO",
-    "CIO",
-    "MIS",
-    "Manager",
-    "Network Administrator",
-    "Official",
-    "School Related",
-};
-
-constexpr const char* kReplacedText =
-    "Characters that the phonebook can not store were replaced by \"?\".";
+// A text of the user's own, in which no "&" marks an access key.
+QString literally(QString text) {
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 FileQuestion attachmentQuestion() {
     return {.title = "Select Contact Attachment",
@@ -113,7 +86,8 @@ AddForm::AddForm(EntryEditor& editor, Messages& messages, StatusLine& statusLine
       editor_(editor),
       messages_(messages),
       statusLine_(statusLine),
-      codePage_(codePage) {
+      codePage_(codePage),
+      memoBytes_(codePage) {
     setWindowModality(Qt::WindowModal);
     makeControls();
     setCaptions();
@@ -220,8 +194,8 @@ void AddForm::setCaptions() {
     caption(Label14, QStringLiteral("Cellular/Other Number:"), Text15);
     caption(Label15, QStringLiteral("E-Mail Address:"), Text16);
     caption(Label16, QStringLiteral("Country:"), Text18);
-    caption(Label17, toQt(editor_.custom1Caption(), codePage_), Text20);
-    caption(Label18, toQt(editor_.custom2Caption(), codePage_), Text19);
+    caption(Label17, literally(toQt(editor_.custom1Caption(), codePage_)), Text20);
+    caption(Label18, literally(toQt(editor_.custom2Caption(), codePage_)), Text19);
     caption(Label19, QStringLiteral("Date Reference/ Last Appointment:"), Text21);
     caption(Label20, QStringLiteral("Web Page:"), Text23);
     caption(Label21, QStringLiteral("Postal/Zip Code:"), Text22);
@@ -235,7 +209,7 @@ void AddForm::setCaptions() {
     Command2->setText(QStringLiteral("&Cancel"));
     Command3->setText(QStringLiteral("..."));
     Command3->setAccessibleName(QStringLiteral("Select Contact Attachment"));
-    for (const char* name : kClasses)
+    for (const char* name : kEntryClasses)
         Combo1->addItem(QLatin1String(name));
     Combo1->setCurrentIndex(-1);
 }
@@ -325,12 +299,19 @@ void AddForm::connectControls() {
     connect(Command3, &QPushButton::clicked, this, &AddForm::chooseAttachment);
 }
 
+// Begins after the values are shown: what a book holds is taken as it is.
 void AddForm::guardTexts() {
-    for (std::size_t i = 0; i < kFieldCount; ++i)
-        if (QLineEdit* box = boxOf(static_cast<Field>(i)))
-            guard(*box, codePage_);
-    guard(*Text11, codePage_, kMemoBytes);
-    connect(this, &Dialog::characterReplaced, this, [this] { statusLine_.show(kReplacedText); });
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+        const auto field = static_cast<Field>(i);
+        const std::size_t width = placeOf(field).width;
+        const int most = static_cast<int>(width);
+        QLineEdit* box = boxOf(field);
+        const auto* guard = box ? new CodePageGuard(*box, codePage_, most)
+                                : new CodePageGuard(*Text11, codePage_, most);
+        connect(guard, &CodePageGuard::replaced, this, [this] { statusLine_.show(kReplacedText); });
+        connect(guard, &CodePageGuard::cut, this,
+                [this, width] { statusLine_.show(cutText(width)); });
+    }
 }
 
 void AddForm::watchEdits() {
@@ -343,64 +324,14 @@ void AddForm::watchEdits() {
 
 // Nothing for the memo.
 QLineEdit* AddForm::boxOf(Field field) const {
-    switch (field) {
-        case Field::First:
-            return Text2;
-        case Field::Last:
-            return Text3;
-        case Field::Title:
-            return Text1;
-        case Field::Company:
-            return Text5;
-        case Field::Position:
-            return Text4;
-        case Field::Address1:
-            return Text6;
-        case Field::Address2:
-            return Text7;
-        case Field::Address3:
-            return Text8;
-        case Field::Address4:
-            return Text17;
-        case Field::Country:
-            return Text18;
-        case Field::PostalCode:
-            return Text22;
-        case Field::Phone:
-            return Text9;
-        case Field::WorkPhone:
-            return Text14;
-        case Field::Fax:
-            return Text10;
-        case Field::Pager:
-            return Text13;
-        case Field::OtherPhone:
-            return Text15;
-        case Field::EMail:
-            return Text16;
-        case Field::WebPage:
-            return Text23;
-        case Field::Salutation:
-            return Text12;
-        case Field::Class:
-            return Combo1->lineEdit();
-        case Field::Memo:
-            return nullptr;
-        case Field::DateReference:
-            return Text21;
-        case Field::Custom1:
-            return Text20;
-        case Field::Custom2:
-            return Text19;
-        case Field::FileAttachment:
-            return Text25;
-        case Field::Spouse:
-            return Text24;
-    }
-    return nullptr;
+    QLineEdit* const boxes[kFieldCount] = {
+        Text2,   Text3,  Text1,  Text5,  Text4,  Text6,  Text7,  Text8,  Text17, Text18,
+        Text22,  Text9,  Text14, Text10, Text13, Text15, Text16, Text23, Text12, Combo1->lineEdit(),
+        nullptr, Text21, Text20, Text19, Text25, Text24};
+    return boxes[static_cast<std::size_t>(field)];
 }
 
-void AddForm::showValues(const EntryValues& values) {
+void AddForm::showValues(const Entry& values) {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const auto field = static_cast<Field>(i);
         const std::string& value = values[field];
@@ -408,19 +339,21 @@ void AddForm::showValues(const EntryValues& values) {
             box->setText(toQt(value, codePage_));
             box->setCursorPosition(0);
         } else {
-            Text11->setPlainText(toQt(withLf(value), codePage_));
+            QTextCursor cursor(Text11->document());
+            memoBytes_.insert(cursor, value);
+            Text11->document()->clearUndoRedoStacks();
+            Text11->moveCursor(QTextCursor::Start);
         }
     }
     Check1->setChecked(values.justCompany);
 }
 
-EntryValues AddForm::values() const {
-    EntryValues result;
+Entry AddForm::values() const {
+    Entry result;
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const auto field = static_cast<Field>(i);
         const QLineEdit* box = boxOf(field);
-        result[field] = box ? fromQt(box->text(), codePage_)
-                            : withCrLf(fromQt(Text11->toPlainText(), codePage_));
+        result[field] = box ? fromQt(box->text(), codePage_) : memoBytes_.all(*Text11->document());
     }
     result.justCompany = Check1->isChecked();
     return result;
@@ -435,7 +368,11 @@ void AddForm::showForCompany(bool justCompany) {
 
 void AddForm::chooseAttachment() {
     const auto path = messages_.chooseFileToOpen(attachmentQuestion());
-    if (path && !path->empty())
+    if (!path || path->empty())
+        return;
+    if (path->size() > placeOf(Field::FileAttachment).width)
+        messages_.warn(kApplicationTitle, tooLongPathText());
+    else
         Text25->setText(toQt(*path, codePage_));
 }
 

@@ -5,6 +5,7 @@
 #include "platform/Messages.h"
 #include "platform/StatusLine.h"
 #include "platform/controls/Dialog.h"
+#include "platform/controls/DocumentBytes.h"
 
 class QCheckBox;
 class QComboBox;
@@ -31,7 +32,7 @@ class AddForm final : public Dialog {
     void done(int result) override;
 
     // What stands in the form now.
-    [[nodiscard]] EntryValues values() const;
+    [[nodiscard]] Entry values() const;
 
   signals:
     // A value was changed since the form was filled.
@@ -49,7 +50,7 @@ class AddForm final : public Dialog {
     void watchEdits();
 
     [[nodiscard]] QLineEdit* boxOf(Field field) const;
-    void showValues(const EntryValues& values);
+    void showValues(const Entry& values);
     void showForCompany(bool justCompany);
     void chooseAttachment();
     void apply();
@@ -59,7 +60,8 @@ class AddForm final : public Dialog {
     Messages& messages_;
     StatusLine& statusLine_;
     const CodePage& codePage_;
-    bool open_ = true;  // the editor has not been told yet that the form closed
+    DocumentBytes memoBytes_;  // the memo as a book holds it, each line end as it is
+    bool open_ = true;         // the editor has not been told yet that the form closed
 
     QCheckBox* Check1 = nullptr;       // "Just A Company; No Name Needed"
     QLineEdit* Text1 = nullptr;        // Title

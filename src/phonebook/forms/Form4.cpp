@@ -176,7 +176,10 @@ void Form4::setTabOrders() {
 void Form4::connectControls() {
     connect(Check11, &QCheckBox::toggled, this, &Form4::tickAllFields);
     connect(Command1, &QPushButton::clicked, this, [this] { search_.search(criteria()); });
-    connect(Command2, &QPushButton::clicked, this, [this] { search_.clearHits(); });
+    connect(Command2, &QPushButton::clicked, this, [this] {
+        search_.clearHits();
+        List1->setEmptyText(QString());
+    });
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
     connect(Command4, &QPushButton::clicked, this, [this] { printing_.print(List1->lines()); });
     connect(List1, &QAbstractItemView::doubleClicked, this, &Form4::goToSelected);
@@ -201,6 +204,7 @@ void Form4::beginAnew() {
     setHits({});
     showHitList(true);
     showLight(SearchLight::Done);
+    List1->setEmptyText(QString());  // nothing has been searched yet
 }
 
 void Form4::tickAllFields(bool ticked) {
@@ -227,6 +231,8 @@ void Form4::goToSelected() {
 }
 
 void Form4::showLight(SearchLight light) {
+    const bool ended = light == SearchLight::Done;
+    List1->setEmptyText(ended ? QStringLiteral("No matching entries.") : QString());
     if (light == SearchLight::Searching)
         Label4->setColour(Qt::red, QStringLiteral("Searching"));
     else

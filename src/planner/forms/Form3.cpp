@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
+#include "platform/controls/DragFormats.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
 #include "platform/qt/QtText.h"
@@ -29,7 +30,9 @@ Form3::Form3(ToDoList& list, const CodePage& codePage, QWidget* parent)
       Command4(makeDialogButton("Command4", "&Close", this)),
       Command5(makeDialogButton("Command5", "&Monthly", this)),
       Command6(makeDialogButton("Command6", "&Weekly", this)) {
+    List1->setDragFormat(kTaskFormat);
     List1->setAccessibleName(QStringLiteral("Tasks"));
+    List1->setEmptyText(QStringLiteral("No tasks."));
     auto* body = new QVBoxLayout;
     body->setSpacing(5);
     body->addWidget(makeLabel(QStringLiteral("Enter new task below:"), Text1));

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTimerEvent>
 #include <optional>
 
 #include "platform/controls/DialogButton.h"
@@ -13,6 +14,7 @@ namespace velmora {
 namespace {
 
 constexpr int kGap = 8;
+constexpr int kBetweenTries = 2000;  // milliseconds
 constexpr QSize kFormSize(1180, 626);
 constexpr QSize kLeastDay(96, 120);
 
@@ -66,7 +68,15 @@ void WeekataGlance::changeEvent(QEvent* event) {
 void WeekataGlance::load() {
     if (isVisible())
         place();
-    load_.Load(*this);
+    if (!load_.Load(*this))
+        again_.start(kBetweenTries, this);
+}
+
+void WeekataGlance::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != again_.timerId())
+        return Dialog::timerEvent(event);
+    if (!isVisible() || load_.Load(*this, WeekLoad::Locks::PassBy))
+        again_.stop();
 }
 
 // All six days begin at the same time, so that they can be compared.
@@ -99,6 +109,14 @@ void WeekataGlance::AddTask(int day, const std::string& beginTime, const std::st
 
 void WeekataGlance::SetTaskTag(int day, int index, const std::string& tag) {
     view(day).Tasks().setTagVariant(index, tag);
+}
+
+void WeekataGlance::RemoveTasksOf(int day) {
+    view(day).Tasks().RemoveAll();
+}
+
+void WeekataGlance::SetDayNotice(int day, const std::string& text) {
+    view(day).setNotice(text);
 }
 
 void WeekataGlance::SetDayCaption(int day, const std::string& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <array>
 
 #include "planner/WeekLoad.h"
@@ -12,7 +13,8 @@ namespace velmora {
 class SSDay;
 
 // "Week at a Glance": six days side by side, to look at while the user goes on working in the main
-// window. The days are loaded anew whenever the form becomes the active window.
+// window. The days are loaded anew whenever the form becomes the active window, and again and again
+// while one of them can not be read.
 class WeekataGlance final : public Dialog, public WeekView {
     Q_OBJECT
 
@@ -25,13 +27,16 @@ class WeekataGlance final : public Dialog, public WeekView {
 
     void SetTitle(const std::string& text) override;
     void RemoveAllTasks() override;
+    void RemoveTasksOf(int day) override;
     void AddTask(int day, const std::string& beginTime, const std::string& endTime,
                  const std::string& text) override;
     void SetTaskTag(int day, int index, const std::string& tag) override;
     void SetDayCaption(int day, const std::string& text) override;
+    void SetDayNotice(int day, const std::string& text) override;
 
   protected:
     void changeEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
   private:
     void arrange();
@@ -42,7 +47,8 @@ class WeekataGlance final : public Dialog, public WeekView {
     const WeekLoad& load_;
     const CodePage& codePage_;
     std::array<SSDay*, kWeekDays> days_{};  // SSDay1 to SSDay6
-    QPushButton* Command1;                  // "&Close"
+    QBasicTimer again_;
+    QPushButton* Command1;  // "&Close"
 };
 
 }  // namespace velmora

@@ -27,6 +27,9 @@ class AccessibleParts {
     // `index` is below partCount().
     [[nodiscard]] virtual AccessiblePart part(int index) const = 0;
 
+    // What is told of a part beyond its name. Worked out only when somebody asks.
+    [[nodiscard]] virtual QString describePart(int /*index*/) const { return {}; }
+
     // Does what a click on the part does.
     virtual void pressPart(int index) = 0;
 };

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "platform/controls/AccessibleParts.h"
+#include "platform/controls/EntryCard.h"
 
 namespace velmora {
 namespace {
@@ -36,7 +37,11 @@ class PartInterface final : public QAccessibleInterface, public QAccessibleActio
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? part().name : QString();
+        if (kind == QAccessible::Name)
+            return part().name;
+        // A part out of sight is not worth the work.
+        const bool told = kind == QAccessible::Description && isValid() && widget_->isVisible();
+        return told ? partsOf(widget_)->describePart(index_) : QString();
     }
     void setText(QAccessible::Text, const QString&) override {}
 
@@ -137,6 +142,8 @@ class PartsInterface final : public QAccessibleWidget {
 };
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    if (auto* card = qobject_cast<EntryCard*>(object))
+        return new QAccessibleWidget(card, QAccessible::StaticText);
     auto* widget = qobject_cast<QWidget*>(object);
     return widget != nullptr && partsOf(object) != nullptr ? new PartsInterface(widget) : nullptr;
 }

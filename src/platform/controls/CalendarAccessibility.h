@@ -4,7 +4,8 @@ class QWidget;
 
 namespace velmora {
 
-// Makes the parts of painted controls (see AccessibleParts) known to assistive tools. Call it once,
+// Makes the parts of painted controls (see AccessibleParts) known to assistive tools, and what an
+// entry's card is. Call it once,
 // before the first window shows; further calls do nothing.
 void registerCalendarAccessibility();
 

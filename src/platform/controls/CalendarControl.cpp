@@ -91,6 +91,22 @@ QString CalendarControl::spoken(year_month_day date) const {
            QString::number(int(date.year()));
 }
 
+void CalendarControl::setCounter(std::function<int(year_month_day)> appointmentsOn) {
+    appointmentsOn_ = std::move(appointmentsOn);
+}
+
+QString CalendarControl::spokenMarks(year_month_day date) const {
+    QStringList marks;
+    if (date == model_.today())
+        marks += QStringLiteral("today");
+    const int appointments = appointmentsOn_ ? appointmentsOn_(date) : 0;
+    if (appointments == 1)
+        marks += QStringLiteral("1 appointment");
+    else if (appointments > 1)
+        marks += QStringLiteral("%1 appointments").arg(appointments);
+    return marks.join(QStringLiteral(", "));
+}
+
 AccessiblePart CalendarControl::dayPart(year_month_day date) const {
     const bool chosen = date == model_.date();
     return {.name = spoken(date), .rect = dateRect(date), .selected = chosen, .focused = chosen};

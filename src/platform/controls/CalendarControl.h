@@ -4,14 +4,15 @@
 #include <QRect>
 #include <QWidget>
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/CodePage.h"
 #include "platform/Format.h"
+#include "platform/calendar/CalendarModel.h"
 #include "platform/controls/AccessibleParts.h"
-#include "platform/controls/models/CalendarModel.h"
 
 namespace velmora {
 
@@ -42,6 +43,10 @@ class CalendarControl : public QWidget, public AccessibleParts {
     // Gives a day the style set of that name. Throws Failure for an unknown name, for a text that
     // is no date and for a date out of range; then nothing changes.
     void setDayStyle(std::string_view dateText, std::string_view styleName);
+
+    // Tells how many appointments a date has. It is asked for what assistive tools are told of a
+    // date, and only then; without it they hear of none.
+    void setCounter(std::function<int(std::chrono::year_month_day)> appointmentsOn);
 
     // Paints anew when the event loop comes to it.
     void Refresh() { update(); }
@@ -79,6 +84,8 @@ class CalendarControl : public QWidget, public AccessibleParts {
     [[nodiscard]] QString shown(std::string_view text) const;
     // "14 March 2001"
     [[nodiscard]] QString spoken(std::chrono::year_month_day date) const;
+    // "today, 3 appointments", or the one or the other, or nothing.
+    [[nodiscard]] QString spokenMarks(std::chrono::year_month_day date) const;
     [[nodiscard]] std::optional<std::chrono::year_month_day> hovered() const { return hovered_; }
     [[nodiscard]] AccessiblePart dayPart(std::chrono::year_month_day date) const;
     [[nodiscard]] AccessiblePart arrowPart(int direction) const;
@@ -102,6 +109,7 @@ class CalendarControl : public QWidget, public AccessibleParts {
     CalendarModel model_;
     LocaleFormats locale_;
     CodePage codePage_;
+    std::function<int(std::chrono::year_month_day)> appointmentsOn_;
     std::optional<std::chrono::year_month_day> hovered_;
     int hoveredArrow_ = 0;
     int wheelTurn_ = 0;

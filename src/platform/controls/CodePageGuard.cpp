@@ -23,14 +23,14 @@ int lengthOf(const QTextDocument& document) {
     return document.characterCount() - 1;
 }
 
-int bytesOf(const QTextDocument& document) {
-    return lengthOf(document) + document.blockCount() - 1;
-}
-
 }  // namespace
 
-CodePageGuard::CodePageGuard(QLineEdit& edit, const CodePage& codePage)
-    : QObject(&edit), codePage_(codePage) {
+CodePageGuard::CodePageGuard(QLineEdit& edit, const CodePage& codePage, int mostBytes)
+    : QObject(&edit), bytes_(codePage) {
+    if (mostBytes > 0) {
+        edit.setMaxLength(mostBytes);
+        connect(&edit, &QLineEdit::inputRejected, this, &CodePageGuard::cut);
+    }
     connect(&edit, &QLineEdit::textChanged, this, [this, &edit] { keepLine(edit); });
     connect(&edit, &QLineEdit::textEdited, this, [this, &edit] { breaksToBlanks(edit); });
 }
@@ -39,7 +39,7 @@ CodePageGuard::CodePageGuard(QComboBox& box, const CodePage& codePage)
     : CodePageGuard(*box.lineEdit(), codePage) {}
 
 CodePageGuard::CodePageGuard(QPlainTextEdit& edit, const CodePage& codePage, int mostBytes)
-    : QObject(&edit), codePage_(codePage) {
+    : QObject(&edit), bytes_(codePage) {
     connect(edit.document(), &QTextDocument::contentsChange, this,
             [this](int position, int, int added) {
                 if (busy_)
@@ -53,11 +53,11 @@ CodePageGuard::CodePageGuard(QPlainTextEdit& edit, const CodePage& codePage, int
 
 void CodePageGuard::keepLine(QLineEdit& edit) {
     const QString text = edit.text();
-    const QString kept = keepToCodePage(text, codePage_);
+    const QString kept = keepToCodePage(text, bytes_.codePage());
     if (kept == text)
         return;
-    const int caret =
-        static_cast<int>(keepToCodePage(text.left(edit.cursorPosition()), codePage_).size());
+    const int caret = static_cast<int>(
+        keepToCodePage(text.left(edit.cursorPosition()), bytes_.codePage()).size());
     edit.setText(kept);
     edit.setCursorPosition(caret);
     emit replaced();
@@ -78,11 +78,12 @@ void CodePageGuard::keepText(QPlainTextEdit& edit, int mostBytes) {
         return;
     const QScopedValueRollback<bool> guard(busy_, true);
     const bool anyReplaced = replaceIn(*edit.document());
-    if (mostBytes > 0)
-        cutBefore(edit, mostBytes);
+    const bool anyCut = mostBytes > 0 && cutBefore(edit, mostBytes);
     added_ = 0;
     if (anyReplaced)
         emit replaced();
+    if (anyCut)
+        emit cut();
 }
 
 // Looks at what came in only. The correction joins the change itself, so that one Undo takes both
@@ -91,7 +92,7 @@ bool CodePageGuard::replaceIn(QTextDocument& document) {
     bool any = false;
     for (int at = std::min(changedAt_ + added_, lengthOf(document)) - 1; at >= changedAt_; --at) {
         const QChar c = document.characterAt(at);
-        if (isLineBreak(c) || codePage_.fromUnicode(c.unicode()))
+        if (isLineBreak(c) || bytes_.codePage().fromUnicode(c.unicode()))
             continue;
         const bool pair =
             c.isLowSurrogate() && at > changedAt_ && document.characterAt(at - 1).isHighSurrogate();
@@ -109,19 +110,24 @@ bool CodePageGuard::replaceIn(QTextDocument& document) {
 }
 
 // What the user put in ends at the caret; the document may report more than that as changed.
-void CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) const {
+bool CodePageGuard::cutBefore(QPlainTextEdit& edit, int mostBytes) const {
     QTextDocument& document = *edit.document();
     const int caret = edit.textCursor().position();
     int end = std::min(changedAt_ + added_, lengthOf(document));
     if (caret > changedAt_ && caret < end)
         end = caret;
-    while (end > changedAt_ && bytesOf(document) > mostBytes) {
+    const auto isTooLong = [&] {
+        return bytes_.size(document) > static_cast<std::size_t>(mostBytes);
+    };
+    const int endBefore = end;
+    while (end > changedAt_ && isTooLong()) {
         QTextCursor cursor(&document);
         cursor.joinPreviousEditBlock();
         cursor.setPosition(end--);
         cursor.deletePreviousChar();
         cursor.endEditBlock();
     }
+    return end != endBefore;
 }
 
 }  // namespace velmora

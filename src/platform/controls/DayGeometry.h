@@ -3,7 +3,7 @@
 #include <QRect>
 #include <chrono>
 
-#include "platform/controls/models/DayLayout.h"
+#include "platform/calendar/DayLayout.h"
 
 namespace velmora {
 

@@ -7,6 +7,7 @@
 #include <QRegion>
 #include <QTextLayout>
 #include <algorithm>
+#include <vector>
 
 #include "platform/controls/Painting.h"
 
@@ -18,7 +19,38 @@ using namespace std::chrono;
 constexpr qreal kRadius = 5;
 constexpr int kEdge = 4;           // the bar at a block's left
 constexpr int kOneLineBelow = 30;  // lower blocks show one line
+constexpr int kNoticeMargin = 24;
 constexpr int kTimesFrom = 36;     // blocks of this height show their times
+constexpr int kNarrowestRoom = 4;  // less holds no text
+
+// A part of a paragraph that makes one line: where it begins, and its length.
+struct Part {
+    int from;
+    int length;
+};
+
+// The lines of a paragraph; of more than `most` the first ones, and one more that tells of them.
+std::vector<Part> wrapped(const QString& paragraph, const QFont& font, int width, int most) {
+    QTextLayout layout(paragraph, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    std::vector<Part> parts;
+    layout.beginLayout();
+    while (static_cast<int>(parts.size()) <= most) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid())
+            break;
+        line.setLineWidth(width);
+        parts.push_back({line.textStart(), line.textLength()});
+    }
+    layout.endLayout();
+    return parts;
+}
+
+QString onOneLine(QString text) {
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
 
 }  // namespace
 
@@ -97,68 +129,96 @@ void DayPainter::ground(const QRect& rect, const QColor& fill) const {
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
+// A block without its row: neither fill nor bar, and a broken line around it.
+void DayPainter::outline(const QRect& rect) const {
+    const QRectF box = onPixels(painter_, rect);
+    fillRounded(painter_, box, kRadius, look_.theme.surface);
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(QPen(look_.theme.accent, 1.5, Qt::DashLine));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRoundedRect(box.adjusted(0.75, 0.75, -0.75, -0.75), kRadius, kRadius);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void DayPainter::block(const ShownBlock& block, const QRect& rect) const {
-    ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
+    if (block.unstored)
+        outline(rect);
+    else
+        ground(rect, block.selected ? look_.theme.tint2 : look_.theme.tint);
     if (block.selected)
         drawRing(painter_, rect, 2, kRadius, look_.theme.accent);
     if (!look_.small && !block.selected && !block.hovered)
         barAtRest(rect);
-    const QRect room = rect.adjusted(look_.small ? 9 : 12, 0, look_.small ? -4 : -8, 0);
-    if (room.width() < 4)
+    const Room room = roomIn(rect, block, look_);
+    if (room.rect.width() < kNarrowestRoom)
         return;
-    painter_.setPen(look_.text);
+    painter_.setPen(block.unstored ? look_.theme.ink2 : look_.text);
     painter_.setFont(look_.font);
     if (rect.height() < kOneLineBelow)
-        oneLine(block, room);
+        oneLine(block, room.rect);
     else
         lines(block, room);
 }
 
-void DayPainter::oneLine(const ShownBlock& block, const QRect& room) const {
-    QString text = block.text;
-    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    painter_.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                      painter_.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+QFont DayPainter::timesFont(const Look& look) {
+    return sized(look.font, look.font.pointSizeF() * 8.6 / 9.75);
 }
 
-void DayPainter::lines(const ShownBlock& block, const QRect& room) const {
+DayPainter::Room DayPainter::roomIn(const QRect& block, const ShownBlock& shown, const Look& look) {
+    const QRect rect = block.adjusted(look.small ? 9 : 12, 0, look.small ? -4 : -8, 0);
+    const bool times = !look.small && rect.height() >= kTimesFrom && !shown.times.isEmpty();
+    const int timesHeight = times ? QFontMetrics(timesFont(look)).height() : 0;
+    const int line = QFontMetrics(look.font).height() + (look.small ? 0 : 1);
+    return {rect, timesHeight, std::max(1, (rect.height() - 4 - timesHeight) / line)};
+}
+
+bool DayPainter::cuts(const ShownBlock& block, QSize size, const Look& look) {
+    const Room room = roomIn(QRect(QPoint(0, 0), size), block, look);
+    if (room.rect.width() < kNarrowestRoom)
+        return true;
+    const QFontMetrics metrics(look.font);
+    if (size.height() < kOneLineBelow)
+        return metrics.horizontalAdvance(onOneLine(block.text)) > room.rect.width();
+    int left = room.most;
+    for (const QString& paragraph : block.text.split(QLatin1Char('\n'))) {
+        left -= static_cast<int>(wrapped(paragraph, look.font, room.rect.width(), left).size());
+        if (left < 0)
+            return true;
+    }
+    return false;
+}
+
+void DayPainter::oneLine(const ShownBlock& block, const QRect& room) const {
+    painter_.drawText(
+        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+        painter_.fontMetrics().elidedText(onOneLine(block.text), Qt::ElideRight, room.width()));
+}
+
+void DayPainter::lines(const ShownBlock& block, const Room& room) const {
     const QFontMetrics metrics = painter_.fontMetrics();
-    const bool times = !look_.small && room.height() >= kTimesFrom && !block.times.isEmpty();
-    const QFont timesFont = sized(look_.font, look_.font.pointSizeF() * 8.6 / 9.75);
-    const int timesHeight = times ? QFontMetrics(timesFont).height() : 0;
     const int lineHeight = metrics.height() + (look_.small ? 0 : 1);
-    const int most = std::max(1, (room.height() - 4 - timesHeight) / lineHeight);
-    int y = room.top() + (look_.small ? 2 : 3);
+    int y = room.rect.top() + (look_.small ? 2 : 3);
     int count = 0;
     const QStringList paragraphs = block.text.split(QLatin1Char('\n'));
-    for (qsizetype i = 0; i < paragraphs.size() && count < most; ++i) {
-        QTextLayout layout(paragraphs[i], look_.font);
-        QTextOption option;
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        for (; count < most; ++count) {
-            QTextLine line = layout.createLine();
-            if (!line.isValid())
-                break;
-            line.setLineWidth(room.width());
-            QString text = paragraphs[i].mid(line.textStart(), line.textLength());
-            const bool more = line.textStart() + line.textLength() < paragraphs[i].size();
-            if (count + 1 == most && more)
-                text = metrics.elidedText(paragraphs[i].mid(line.textStart()), Qt::ElideRight,
-                                          room.width());
-            painter_.drawText(QPoint(room.left(), y + metrics.ascent()), text);
+    for (qsizetype i = 0; i < paragraphs.size() && count < room.most; ++i) {
+        const auto parts = wrapped(paragraphs[i], look_.font, room.rect.width(), room.most - count);
+        for (std::size_t k = 0; k < parts.size() && count < room.most; ++k, ++count) {
+            const bool cut = count + 1 == room.most && k + 1 < parts.size();
+            const QString text = cut ? metrics.elidedText(paragraphs[i].mid(parts[k].from),
+                                                          Qt::ElideRight, room.rect.width())
+                                     : paragraphs[i].mid(parts[k].from, parts[k].length);
+            painter_.drawText(QPoint(room.rect.left(), y + metrics.ascent()), text);
             y += lineHeight;
         }
-        layout.endLayout();
     }
-    if (!times)
+    if (room.times == 0)
         return;
-    painter_.setFont(timesFont);
+    const QFont small = timesFont(look_);
+    painter_.setFont(small);
     painter_.setPen(look_.theme.ink2);
-    const QFontMetrics timesMetrics(timesFont);
-    painter_.drawText(QPoint(room.left(), y + timesMetrics.ascent()),
-                      timesMetrics.elidedText(block.times, Qt::ElideRight, room.width()));
+    const QFontMetrics timesMetrics(small);
+    painter_.drawText(QPoint(room.rect.left(), y + timesMetrics.ascent()),
+                      timesMetrics.elidedText(block.times, Qt::ElideRight, room.rect.width()));
 }
 
 void DayPainter::strongBars(const ShownBlock& block) const {
@@ -192,6 +252,14 @@ void DayPainter::range(TimeSpan span, const QString& times) const {
     block({.text = times, .selected = true}, geometry_.spanRect(span));
 }
 
+void DayPainter::emptyLine(minutes slot, const QString& text) const {
+    const QRect room = geometry_.slotRect(slot);
+    painter_.setFont(look_.font);
+    painter_.setPen(look_.theme.ink2);
+    painter_.drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
+                      painter_.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+}
+
 void DayPainter::focusedSlot(minutes slot) const {
     painter_.setPen(QPen(look_.theme.accent, 1, Qt::DotLine));
     painter_.setBrush(Qt::NoBrush);
@@ -204,6 +272,22 @@ void DayPainter::nowLine(minutes now) const {
     const int right = geometry_.paper.right() + 1 - geometry_.blockMargin;
     painter_.fillRect(left, y - 1, right - left, 2, look_.theme.accent);
     fillRounded(painter_, QRectF(left - 5, y - 5, 10, 10), 5, look_.theme.accent);
+}
+
+void DayPainter::notice(const QString& text, const QRect& area) const {
+    const int left = geometry_.paper.left() + geometry_.gutter;
+    const QRect room(left + kNoticeMargin, geometry_.paper.top() + kNoticeMargin,
+                     geometry_.paper.right() + 1 - left - 2 * kNoticeMargin,
+                     geometry_.paper.height() - 2 * kNoticeMargin);
+    if (!room.intersects(area))
+        return;
+    painter_.setFont(look_.font);
+    painter_.setPen(look_.theme.ink2);
+    QRect used;
+    const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+    painter_.drawText(room, flags | Qt::TextDontPrint, text, &used);
+    painter_.fillRect(used.adjusted(-4, -2, 4, 2), look_.theme.surface);
+    painter_.drawText(room, flags, text);
 }
 
 QRect DayPainter::gutterTimeRect(const DayGeometry& geometry, minutes time) {

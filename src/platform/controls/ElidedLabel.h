@@ -5,7 +5,7 @@
 namespace velmora {
 
 // A label of one line of plain text that ends in "..." (or begins so) when it is too long for its
-// place. It never asks for more width than its minimum.
+// place; its tool tip then tells the whole. It never asks for more width than its minimum.
 class ElidedLabel final : public QLabel {
     Q_OBJECT
 
@@ -14,10 +14,15 @@ class ElidedLabel final : public QLabel {
 
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+    [[nodiscard]] bool isElided() const;
+
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    [[nodiscard]] QRect inside() const;
+
     Qt::TextElideMode mode_;
 };
 

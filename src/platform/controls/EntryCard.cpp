@@ -1,6 +1,7 @@
 #include "platform/controls/EntryCard.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -154,6 +155,13 @@ bool EntryCard::event(QEvent* event) {
         return true;
     }
     return QWidget::event(event);
+}
+
+void EntryCard::contextMenuEvent(QContextMenuEvent* event) {
+    if (text_.empty())
+        return;
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    emit menuWanted(byKey ? mapToGlobal(QPoint(kEdge, 0) + textCorner()) : event->globalPos());
 }
 
 void EntryCard::keyPressEvent(QKeyEvent* event) {

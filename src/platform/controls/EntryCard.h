@@ -39,12 +39,17 @@ class EntryCard final : public QWidget {
   public slots:
     void copy() const;
 
+  signals:
+    // A context menu of the entry is wanted, at a place on the screen; never while none is shown.
+    void menuWanted(const QPoint& place);
+
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -60,7 +60,7 @@ Qt::ItemFlags EntryLines::flags(const QModelIndex& index) const {
 }
 
 QStringList EntryLines::mimeTypes() const {
-    return {QLatin1String(kEntryFormat)};
+    return {QLatin1String(dragFormat_)};
 }
 
 QMimeData* EntryLines::mimeData(const QModelIndexList& indexes) const {
@@ -68,7 +68,7 @@ QMimeData* EntryLines::mimeData(const QModelIndexList& indexes) const {
         return nullptr;
     const std::string& line = lines_[static_cast<std::size_t>(indexes.first().row())];
     auto* data = new QMimeData;
-    data->setData(QLatin1String(kEntryFormat), QByteArray::fromStdString(line));
+    data->setData(QLatin1String(dragFormat_), QByteArray::fromStdString(line));
     return data;
 }
 

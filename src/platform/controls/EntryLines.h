@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/CodePage.h"
+#include "platform/controls/DragFormats.h"
 
 namespace velmora {
 
@@ -39,7 +40,10 @@ class EntryLines final : public QAbstractListModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    // A drag carries the bytes of one line as kEntryFormat and can not be dropped elsewhere.
+    // What a drag carries the bytes of one line as; kEntryFormat at first.
+    void setDragFormat(const char* format) { dragFormat_ = format; }
+
+    // A drag can not be dropped elsewhere.
     [[nodiscard]] QStringList mimeTypes() const override;
     [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
     [[nodiscard]] Qt::DropActions supportedDragActions() const override;
@@ -49,6 +53,7 @@ class EntryLines final : public QAbstractListModel {
     Order order_;
     std::function<bool(std::string_view)> strong_;
     std::vector<std::string> lines_;
+    const char* dragFormat_ = kEntryFormat;
 };
 
 }  // namespace velmora

@@ -1,6 +1,8 @@
 #include "platform/controls/EntryList.h"
 
+#include <QContextMenuEvent>
 #include <QDrag>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -9,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/controls/PlainToolTip.h"
+#include "platform/qt/TestIds.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -22,6 +26,7 @@ constexpr int kDragHeight = 26;
 constexpr qreal kDragOpacity = 0.9;
 constexpr int kTabGap = 12;  // least space before the text behind a tab
 constexpr int kNoTabStop = -1;
+constexpr int kEmptyTextTop = 20;  // from the upper edge of the paper
 
 // 8 more than the height of a line of text, which is 2 more than that of the font.
 int rowHeight(const QFontMetrics& metrics) {
@@ -54,26 +59,61 @@ class LinePainter final : public QStyledItemDelegate {
             painter->setBrush(enabled ? theme.accentfill : theme.hover);
             painter->drawRoundedRect(option.rect, kRowRadius, kRowRadius);
         }
-        QFont font = option.font;
-        if (index.data(EntryLines::kStrongRole).toBool())
-            font.setWeight(QFont::DemiBold);
+        const QFont font = fontOf(option, index);
+        const QFontMetrics metrics(font);
         painter->setFont(font);
         painter->setPen(textColour(theme, option.palette, enabled, selected));
-        drawText(*painter, option.rect.adjusted(kTextInset, 0, -kTextInset, 0), QFontMetrics(font),
-                 index.data().toString());
+        for (const Piece& piece : piecesOf(option.rect, metrics, index.data().toString()))
+            if (piece.place.width() > 0)
+                painter->drawText(
+                    piece.place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                    metrics.elidedText(piece.text, Qt::ElideRight, piece.place.width()));
         painter->restore();
     }
 
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip || !index.isValid())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        showPlainToolTip(*event, isCut(option, index) ? index.data().toString() : QString(),
+                         *view->viewport(), option.rect);
+        return true;
+    }
+
   private:
-    void drawText(QPainter& painter, QRect place, const QFontMetrics& metrics, QString text) const {
+    // A line's text, or what stands before and behind its tab.
+    struct Piece {
+        QRect place;
+        QString text;
+    };
+
+    static QFont fontOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
+        QFont font = option.font;
+        if (index.data(EntryLines::kStrongRole).toBool())
+            font.setWeight(QFont::DemiBold);
+        return font;
+    }
+
+    std::vector<Piece> piecesOf(const QRect& row, const QFontMetrics& metrics, QString text) const {
+        std::vector<Piece> pieces;
+        QRect place = row.adjusted(kTextInset, 0, -kTextInset, 0);
         if (const qsizetype tab = text.indexOf(QLatin1Char('\t')); tabStop_ >= 0 && tab >= 0) {
             const QString before = text.left(tab);
-            drawElided(painter, place, metrics, before);
+            pieces.push_back({place, before});
             const int end = metrics.horizontalAdvance(before) + kTabGap;
             place.setLeft(place.left() + std::max(tabStop_, end));
             text.remove(0, tab + 1);
         }
-        drawElided(painter, place, metrics, withoutPadding(text));
+        pieces.push_back({place, withoutPadding(text)});
+        return pieces;
+    }
+
+    bool isCut(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+        const QFontMetrics metrics(fontOf(option, index));
+        const auto pieces = piecesOf(option.rect, metrics, index.data().toString());
+        return std::any_of(pieces.begin(), pieces.end(), [&](const Piece& piece) {
+            return metrics.horizontalAdvance(piece.text) > piece.place.width();
+        });
     }
 
     // Blanks at the end never make "..." of a text that is in view.
@@ -81,13 +121,6 @@ class LinePainter final : public QStyledItemDelegate {
         while (text.endsWith(QLatin1Char(' ')))
             text.chop(1);
         return text;
-    }
-
-    static void drawElided(QPainter& painter, const QRect& place, const QFontMetrics& metrics,
-                           const QString& text) {
-        if (place.width() > 0)
-            painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                             metrics.elidedText(text, Qt::ElideRight, place.width()));
     }
 
     static QColor textColour(const Theme& theme, const QPalette& palette, bool enabled,
@@ -136,6 +169,16 @@ void EntryList::setStrongLines(std::function<bool(std::string_view)> strong) {
     viewport()->update();
 }
 
+void EntryList::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    tellEmptiness();
+}
+
+void EntryList::tellEmptiness() {
+    describe(*this, lines().empty() ? emptyText_ : QString());
+    viewport()->update();
+}
+
 void EntryList::setLines(std::vector<std::string> lines) {
     const bool selected = hasSelection();
     {
@@ -143,6 +186,7 @@ void EntryList::setLines(std::vector<std::string> lines) {
         lines_->set(std::move(lines));
         scrollToTop();
     }
+    tellEmptiness();
     if (selected)
         emit currentLineChanged();
 }
@@ -153,6 +197,7 @@ void EntryList::addLines(std::vector<std::string> lines) {
     const int row = lines_->add(std::move(lines), selectedRow());
     if (row >= 0)
         selectRow(row);
+    tellEmptiness();
 }
 
 std::string EntryList::selectedLine() const {
@@ -205,14 +250,54 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
         emit lineClicked();
 }
 
+void EntryList::mouseDoubleClickEvent(QMouseEvent* event) {
+    QListView::mouseDoubleClickEvent(event);
+    const bool onLine = indexAt(event->position().toPoint()).isValid();
+    if (event->button() == Qt::LeftButton && onLine && hasSelection())
+        emit lineActivated();
+}
+
+void EntryList::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (byKey)
+        selectFocused();
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid() || !hasSelection())
+        return;
+    if (byKey)
+        scrollTo(index);
+    emit menuWanted(byKey ? viewport()->mapToGlobal(visualRect(index).center())
+                          : event->globalPos());
+}
+
+// Without a selection the first key selects the line that the focus fell on.
+void EntryList::selectFocused() {
+    if (!hasSelection() && currentIndex().isValid())
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+}
+
 void EntryList::keyPressEvent(QKeyEvent* event) {
     focus_.keyUsed();
     const bool step = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     if (!step || hasSelection() || !currentIndex().isValid())
         QListView::keyPressEvent(event);
-    // Without a selection the first key selects the line that the focus fell on.
-    if (!hasSelection() && currentIndex().isValid() && (step || isJump(event->key())))
-        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+    if (step || isJump(event->key()))
+        selectFocused();
+    actByKey(*event);
+}
+
+// A listener may open a dialog, so this comes last.
+void EntryList::actByKey(const QKeyEvent& event) {
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)) {
+        selectFocused();
+        if (hasSelection())
+            emit lineActivated();
+    } else if (plain && event.key() == Qt::Key_Delete && hasSelection()) {
+        emit removeWanted();
+    } else if (event.matches(QKeySequence::Copy) && hasSelection()) {
+        emit copyWanted();
+    }
 }
 
 void EntryList::focusInEvent(QFocusEvent* event) {
@@ -222,11 +307,16 @@ void EntryList::focusInEvent(QFocusEvent* event) {
 
 void EntryList::paintEvent(QPaintEvent* event) {
     QListView::paintEvent(event);
+    const Theme& theme = Theme::of(*this);
+    QPainter painter(viewport());
+    if (lines().empty() && !emptyText_.isEmpty()) {
+        painter.setPen(isEnabled() ? theme.ink2 : theme.dis);
+        painter.drawText(viewport()->rect().adjusted(0, kEmptyTextTop - kMargin, 0, 0),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+    }
     if (!focus_.shown(hasFocus()))
         return;
     const QModelIndex index = currentIndex();
-    const Theme& theme = Theme::of(*this);
-    QPainter painter(viewport());
     if (!index.isValid())
         drawFocusRing(painter, viewport()->rect(), kRowRadius, theme.accent);
     else
@@ -234,10 +324,16 @@ void EntryList::paintEvent(QPaintEvent* event) {
                       hasSelection() ? theme.ink : theme.accent);
 }
 
+void EntryList::setDragFormat(const char* format) {
+    lines_->setDragFormat(format);
+    setDragEnabled(true);
+}
+
 void EntryList::startDrag(Qt::DropActions actions) {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     if (selected.isEmpty())
         return;
+    emit dragBegins();
     auto* drag = new QDrag(this);
     drag->setMimeData(lines_->mimeData(selected));
     drag->setPixmap(dragPixmap(selected.first().data().toString()));

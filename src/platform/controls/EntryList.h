@@ -14,7 +14,8 @@
 namespace velmora {
 
 // The list of entries: one line of code-page text each, at most one selected. It keeps its lines in
-// order by itself, and its selected line can be dragged unless setDragEnabled(false) is called.
+// order by itself, and its selected line can be dragged unless setDragEnabled(false) is called. A
+// line that is cut short tells its whole in a tool tip.
 class EntryList final : public QListView {
     Q_OBJECT
 
@@ -30,6 +31,12 @@ class EntryList final : public QListView {
 
     // Lines for which this is true are drawn semibold.
     void setStrongLines(std::function<bool(std::string_view)> strong);
+
+    // Lines can be dragged, each as its bytes in this format of DragFormats.h.
+    void setDragFormat(const char* format);
+    // What the list says while it has no line; nothing at first. It is painted, and no line.
+    void setEmptyText(const QString& text);
+    [[nodiscard]] const QString& emptyText() const { return emptyText_; }
 
     // Replaces all lines; none is selected then, and the list shows its top.
     void setLines(std::vector<std::string> lines);
@@ -63,11 +70,27 @@ class EntryList final : public QListView {
     // press on the line that is selected already.
     void lineClicked();
 
+    // Enter or a double-click on the selected line.
+    void lineActivated();
+
+    // Del on the selected line, and Ctrl+C, after the line's own text has been copied.
+    void removeWanted();
+    void copyWanted();
+
+    // The selected line begins to be dragged.
+    void dragBegins();
+
+    // A context menu of the selected line is wanted; a line that was not selected has been chosen
+    // before. `place` is in coordinates of the screen.
+    void menuWanted(const QPoint& place);
+
   protected:
     void startDrag(Qt::DropActions actions) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -75,8 +98,12 @@ class EntryList final : public QListView {
   private:
     [[nodiscard]] int selectedRow() const;
     void selectRow(int row);
+    void selectFocused();
+    void actByKey(const QKeyEvent& event);
+    void tellEmptiness();
 
     EntryLines* lines_;
+    QString emptyText_;
     KeyboardFocus focus_;
     int choices_ = 0;         // selections made so far; tells a press whether it made one
     bool byProgram_ = false;  // the selection is being changed by an operation of this class

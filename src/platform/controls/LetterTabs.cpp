@@ -19,10 +19,6 @@ constexpr int kHighest = 26;
 constexpr qreal kRadius = 5;
 constexpr int kSymbolTab = 26;
 
-QString letterOf(int index) {
-    return index == kSymbolTab ? QStringLiteral("#") : QString(QChar(u'A' + index));
-}
-
 // Of the column around its tabs.
 constexpr int spareHeight(bool small) {
     return small ? 0 : 2 * kMargin + (LetterTabs::kCount - 1) * kGap;
@@ -43,6 +39,10 @@ int tabOf(const QString& typed) {
 }
 
 }  // namespace
+
+QString LetterTabs::letterAt(int index) {
+    return index == kSymbolTab ? QStringLiteral("#") : QString(QChar(u'A' + index));
+}
 
 LetterTab::LetterTab(const QString& letter, LetterTabs* tabs) : PaintedButton(tabs), tabs_(*tabs) {
     setText(letter);
@@ -98,7 +98,7 @@ LetterTabs::LetterTabs(const QString& tabName, QWidget* parent) : QWidget(parent
     setFixedWidth(kWidth);
     setAccessibleName(QStringLiteral("Letters"));
     for (int i = 0; i < kCount; ++i) {
-        auto* tab = new LetterTab(letterOf(i), this);
+        auto* tab = new LetterTab(letterAt(i), this);
         tab->setObjectName(tabName + QLatin1Char('_') + QString::number(i));
         tab->installEventFilter(this);
         connect(tab, &QAbstractButton::clicked, this, [this, i] {

@@ -36,6 +36,9 @@ class LetterTabs final : public QWidget {
   public:
     static constexpr int kCount = 27;
 
+    // "A" to "Z" and "#".
+    [[nodiscard]] static QString letterAt(int index);
+
     // Each tab's object name is `tabName`, "_" and its index: "Command23_0" to "Command23_26".
     explicit LetterTabs(const QString& tabName, QWidget* parent = nullptr);
 

@@ -162,6 +162,7 @@ void PadEdit::changed(const PadBuffer::Change& change) {
     ensureCaretVisible();
     blink();
     viewport()->update();
+    updateMicroFocus();
     tellTextChanged(*this, change);
     emit textChanged();
 }

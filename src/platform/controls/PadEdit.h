@@ -100,6 +100,9 @@ class PadEdit final : public QAbstractScrollArea {
     // A line of the entry list, in its bytes, was dropped here; nothing has been inserted.
     void entryDropped(const std::string& line);
 
+    // The same of a line of the to-do list.
+    void taskDropped(const std::string& task);
+
   protected:
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -125,6 +128,7 @@ class PadEdit final : public QAbstractScrollArea {
     void fitRows();
     void ensureCaretVisible();
     void blink();
+    void tellDroppedLine(std::string_view format, const std::string& line);
     void layPage();
 
     PadPage page_;

@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QTextCharFormat>
 #include <QTimerEvent>
+#include <algorithm>
+#include <string_view>
 
 #include "platform/controls/DragFormats.h"
 #include "platform/controls/PadEdit.h"
@@ -25,6 +27,14 @@ namespace {
 bool leaves(const QKeyEvent& event) {
     return (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) &&
            event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+// In which of our own formats the data hold a line; nothing for other data.
+const char* formatOfLine(const QMimeData& data) {
+    for (const char* format : {kEntryFormat, kTaskFormat})
+        if (data.hasFormat(QLatin1String(format)))
+            return format;
+    return nullptr;
 }
 
 // Passes a mouse event on; false for events of other kinds.
@@ -44,6 +54,22 @@ bool sendToMouse(PadMouse& mouse, QEvent& event, QPoint offset) {
     else
         mouse.release(at, position);
     return true;
+}
+
+// Input methods look at what stands around the caret, not at all of a long line.
+constexpr std::size_t kAround = 500;
+
+std::size_t beginAround(std::string_view text, std::size_t caret) {
+    const std::size_t nearest = caret - std::min(caret, kAround);
+    const std::size_t lineEnd = text.substr(nearest, caret - nearest).find_last_of("\r\n");
+    return lineEnd == std::string_view::npos ? nearest : nearest + lineEnd + 1;
+}
+
+std::string_view around(std::string_view text, std::size_t caret) {
+    const std::size_t begin = beginAround(text, caret);
+    const std::string_view some = text.substr(begin, caret - begin + kAround);
+    const std::size_t lineEnd = some.find_first_of("\r\n", caret - begin);
+    return some.substr(0, lineEnd);
 }
 
 }  // namespace
@@ -76,21 +102,27 @@ bool PadEdit::viewportEvent(QEvent* event) {
     if (!ends && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return QAbstractScrollArea::viewportEvent(event);
     auto& drop = static_cast<QDropEvent&>(*event);
-    const QString entry = QString::fromLatin1(kEntryFormat);
-    const bool takesEntry = drop.mimeData()->hasFormat(entry);
-    if (!takesEntry && !drop.mimeData()->hasText()) {
+    const char* format = formatOfLine(*drop.mimeData());
+    if (format == nullptr && !drop.mimeData()->hasText()) {
         event->ignore();
         return true;
     }
-    if (takesEntry || !ends)
+    if (format != nullptr || !ends)
         drop.acceptProposedAction();
-    if (takesEntry && ends)
-        emit entryDropped(drop.mimeData()->data(entry).toStdString());
+    if (format != nullptr && ends)
+        tellDroppedLine(format, drop.mimeData()->data(QLatin1String(format)).toStdString());
     else if (ends)
         mouse_->drop(drop);
-    else if (!takesEntry)
+    else if (format == nullptr)
         mouse_->dragOver(drop.position().toPoint());
     return true;
+}
+
+void PadEdit::tellDroppedLine(std::string_view format, const std::string& line) {
+    if (format == kTaskFormat)
+        emit taskDropped(line);
+    else
+        emit entryDropped(line);
 }
 
 void PadEdit::keyPressEvent(QKeyEvent* event) {
@@ -135,10 +167,7 @@ void PadEdit::inputMethodEvent(QInputMethodEvent* event) {
 QVariant PadEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
     const PadBuffer& text = page_.text();
     const PadBuffer::Selection& now = caret_.selection();
-    // Input methods look at what stands around the caret, not at all of a long line.
-    constexpr std::size_t kAround = 500;
-    const std::size_t begin =
-        std::max(text.lineBegin(now.caret), now.caret - std::min(now.caret, kAround));
+    const std::size_t begin = beginAround(text.bytes(), now.caret);
     switch (query) {
         case Qt::ImEnabled:
             return isEnabled();
@@ -150,11 +179,8 @@ QVariant PadEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
             return static_cast<int>(now.caret - begin);
         case Qt::ImAnchorPosition:
             return static_cast<int>(now.anchor) - static_cast<int>(begin);
-        case Qt::ImSurroundingText: {
-            const std::size_t end = std::min(text.lineEnd(now.caret), now.caret + kAround);
-            return toQt(std::string_view(text.bytes()).substr(begin, end - begin),
-                        page_.codePage());
-        }
+        case Qt::ImSurroundingText:
+            return toQt(around(text.bytes(), now.caret), page_.codePage());
         case Qt::ImCurrentSelection:
             return now.length() > kAround ? QString() : selectedText();
         default:

@@ -57,6 +57,7 @@ void PadPage::fit(const QWidget& widget, int width) {
 }
 
 void PadPage::follow(const PadBuffer::Change& change) {
+    direction_ = {};
     rows_.change(text_.bytes(), change.position, change.removed.size(), change.inserted);
 }
 
@@ -85,8 +86,16 @@ std::size_t PadPage::rowOf(const Place& place) const {
 bool PadPage::rightToLeft(std::size_t position) const {
     if (!hasRightToLeft_)
         return false;
-    const std::size_t end = text_.lineEnd(position);
-    for (std::size_t i = text_.lineBegin(position); i < end; ++i) {
+    if (position < direction_.begin || position > direction_.end) {
+        direction_.begin = text_.lineBegin(position);
+        direction_.end = text_.lineEnd(position);
+        direction_.rightToLeft = firstIsRightToLeft(direction_.begin, direction_.end);
+    }
+    return direction_.rightToLeft;
+}
+
+bool PadPage::firstIsRightToLeft(std::size_t begin, std::size_t end) const {
+    for (std::size_t i = begin; i < end; ++i) {
         const QChar c = charOf(codePage_, static_cast<unsigned char>(text_.bytes()[i]));
         if (isRightToLeft(c))
             return true;

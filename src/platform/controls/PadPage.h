@@ -67,6 +67,7 @@ class PadPage {
     [[nodiscard]] bool wraps(std::size_t row) const;
 
     [[nodiscard]] std::size_t rowOf(const Place& place) const;
+    // The direction of the line around `position`.
     [[nodiscard]] bool rightToLeft(std::size_t position) const;
 
     // Pixels from the left edge of the row, and back; outside the row, its nearest end.
@@ -78,11 +79,19 @@ class PadPage {
               std::size_t caret) const;
 
   private:
+    [[nodiscard]] bool firstIsRightToLeft(std::size_t begin, std::size_t end) const;
     void lay(QTextLayout& layout, std::size_t row, const Preedit* preedit, std::size_t caret) const;
 
     const CodePage& codePage_;
     PadLetters letters_;
     bool hasRightToLeft_ = false;
+    // Of the line that was asked about last, since a long one is on many rows.
+    struct Direction {
+        std::size_t begin = 1;
+        std::size_t end = 0;
+        bool rightToLeft = false;
+    };
+    mutable Direction direction_;
     PadBuffer text_;
     PadRows rows_;
     PadWidths widths_;

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QRectF>
 
-#include "platform/controls/models/CalendarModel.h"
+#include "platform/calendar/CalendarModel.h"
 
 class QPainter;
 

@@ -1,7 +1,9 @@
 #include "platform/controls/SSMonth.h"
 
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,6 +13,7 @@
 #include "platform/controls/CalendarAccessibility.h"
 #include "platform/controls/DragFormats.h"
 #include "platform/controls/Painting.h"
+#include "platform/controls/PlainToolTip.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -138,6 +141,10 @@ AccessiblePart SSMonth::part(int index) const {
     return dayPart(grid_.dateAt(index));
 }
 
+QString SSMonth::describePart(int index) const {
+    return index < MonthGrid::kCells ? spokenMarks(grid_.dateAt(index)) : QString();
+}
+
 void SSMonth::pressPart(int index) {
     if (index >= MonthGrid::kCells)
         turnPage(index == MonthGrid::kCells ? -1 : 1);
@@ -158,15 +165,42 @@ void SSMonth::paintEvent(QPaintEvent* event) {
             paintCell(painter, cell);
 }
 
+QString SSMonth::caption() const {
+    const year_month month = grid_.month();
+    return shown(locale().months[unsigned(month.month()) - 1]) + QLatin1Char(' ') +
+           QString::number(int(month.year()));
+}
+
+QRect SSMonth::captionRoom() const {
+    return {kCaptionInset, 0, arrowRect(-1).left() - kCaptionInset, captionHeight()};
+}
+
+bool SSMonth::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return CalendarControl::event(event);
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const int wanted = QFontMetrics(captionFont(*this)).horizontalAdvance(caption());
+    const bool cut = wanted > captionRoom().width() && captionRoom().contains(help.pos());
+    showPlainToolTip(help, cut ? caption() : QString(), *this, captionRoom());
+    return true;
+}
+
+void SSMonth::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        showChosen();
+        emit menuWanted(mapToGlobal(dateRect(date()).center()));
+    } else if (const auto date = dateAt(event->pos())) {
+        setDate(*date);
+        emit menuWanted(event->globalPos());
+    }
+}
+
 void SSMonth::paintCaption(QPainter& painter) const {
     const Theme& theme = Theme::of(*this);
-    const year_month month = grid_.month();
-    const QString caption = shown(locale().months[unsigned(month.month()) - 1]) + QLatin1Char(' ') +
-                            QString::number(int(month.year()));
-    const QRect room(kCaptionInset, 0, arrowRect(-1).left() - kCaptionInset, captionHeight());
+    const QRect room = captionRoom();
     painter.setFont(captionFont(*this));
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString fitting = metrics.elidedText(caption, Qt::ElideRight, room.width());
+    const QString fitting = metrics.elidedText(caption(), Qt::ElideRight, room.width());
     painter.setPen(isEnabled() ? theme.ink : theme.dis);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, fitting);
     if (hasFocus()) {

@@ -4,8 +4,8 @@
 #include <QByteArray>
 #include <vector>
 
+#include "platform/calendar/MonthGrid.h"
 #include "platform/controls/CalendarControl.h"
-#include "platform/controls/models/MonthGrid.h"
 
 namespace velmora {
 
@@ -41,12 +41,17 @@ class SSMonth final : public CalendarControl {
 
     [[nodiscard]] int partCount() const override { return MonthGrid::kCells + 2; }
     [[nodiscard]] AccessiblePart part(int index) const override;
+    [[nodiscard]] QString describePart(int index) const override;
     void pressPart(int index) override;
 
   signals:
     // Something was dropped at `point`, also where no date is. `entry` is the data of
     // kEntryFormat, and null when something else was dropped.
     void dropped(const QPoint& point, const QByteArray& entry);
+
+    // A context menu of the chosen date is wanted, at a place on the screen. A date under the
+    // pointer has been chosen before.
+    void menuWanted(const QPoint& place);
 
   protected:
     [[nodiscard]] QRect arrowRect(int direction) const override;
@@ -55,6 +60,8 @@ class SSMonth final : public CalendarControl {
     [[nodiscard]] QString arrowName(int direction) const override;
 
     void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -69,6 +76,8 @@ class SSMonth final : public CalendarControl {
     void showMonth(std::chrono::year_month month);
     void setTarget(std::optional<std::chrono::year_month_day> date);
     void setDragOverArrow(int arrow);
+    [[nodiscard]] QString caption() const;
+    [[nodiscard]] QRect captionRoom() const;
     void paintCaption(QPainter& painter) const;
     void paintHeads(QPainter& painter) const;
     void paintCell(QPainter& painter, int cell) const;

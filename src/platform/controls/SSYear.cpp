@@ -213,6 +213,10 @@ AccessiblePart SSYear::part(int index) const {
     return dayPart(sys_days(year_ / 1 / 1) + days(index));
 }
 
+QString SSYear::describePart(int index) const {
+    return index < partCount() - 2 ? spokenMarks(sys_days(year_ / 1 / 1) + days(index)) : QString();
+}
+
 void SSYear::pressPart(int index) {
     const int daysOfYear = partCount() - 2;
     if (index >= daysOfYear)

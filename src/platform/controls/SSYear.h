@@ -2,9 +2,9 @@
 
 #include <vector>
 
+#include "platform/calendar/MonthGrid.h"
 #include "platform/controls/CalendarControl.h"
 #include "platform/controls/RoundedStamps.h"
-#include "platform/controls/models/MonthGrid.h"
 
 namespace velmora {
 
@@ -33,6 +33,7 @@ class SSYear final : public CalendarControl {
     // The days of the year in order, then the two arrows.
     [[nodiscard]] int partCount() const override;
     [[nodiscard]] AccessiblePart part(int index) const override;
+    [[nodiscard]] QString describePart(int index) const override;
     void pressPart(int index) override;
 
   signals:

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "platform/Failure.h"
@@ -55,6 +56,25 @@ std::size_t readFully(const FileDescriptor& file, const NativePath& path, std::s
         done += static_cast<std::size_t>(count);
     }
     return done;
+}
+
+std::optional<std::string> readToEnd(const FileDescriptor& file, const NativePath& path,
+                                     std::uint64_t limit) {
+    // Grows as the file gives bytes, for a size that is told may be wrong by then.
+    constexpr std::size_t kStep = 65536;
+    std::string bytes;
+    for (;;) {
+        const std::size_t before = bytes.size();
+        const std::size_t wanted = std::min<std::uint64_t>(
+            std::max(kStep, before), limit - before + (limit < UINT64_MAX ? 1 : 0));
+        bytes.resize(before + wanted);
+        const std::size_t count = readFully(file, path, before, bytes.data() + before, wanted);
+        bytes.resize(before + count);
+        if (bytes.size() > limit)
+            return std::nullopt;
+        if (count < wanted)
+            return bytes;
+    }
 }
 
 int writeFully(const FileDescriptor& file, std::string_view bytes) {

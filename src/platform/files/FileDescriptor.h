@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -36,6 +39,11 @@ void requireRegularFile(const FileDescriptor& file, const NativePath& path);
 // Reads until `size` bytes are there or the file ends; returns their number. Throws Failure.
 [[nodiscard]] std::size_t readFully(const FileDescriptor& file, const NativePath& path,
                                     std::size_t offset, char* target, std::size_t size);
+
+// All bytes of the file, or nothing when they are more than `limit`. Throws Failure.
+[[nodiscard]] std::optional<std::string> readToEnd(const FileDescriptor& file,
+                                                   const NativePath& path,
+                                                   std::uint64_t limit = UINT64_MAX);
 
 // These return 0, or the system's reason.
 

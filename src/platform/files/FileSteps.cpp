@@ -10,6 +10,7 @@
 
 #include "platform/Failure.h"
 #include "platform/files/FileDescriptor.h"
+#include "platform/files/TemporaryName.h"
 
 namespace velmora {
 namespace {
@@ -103,9 +104,14 @@ void keepUnderSecondName(const NativePath& from, const NativePath& to) {
         return flushFolderOf(to);
     if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS && errno != EMLINK)
         throw systemFailure(quoted(from) + " can not be kept as " + quoted(to), errno);
-    const NativePath beside = to.withEnding(".copying");
-    copyFile(from, beside);
-    renameOver(beside, to);
+    const NativePath beside = temporaryBeside(to);
+    try {
+        copyFile(from, beside);
+        renameOver(beside, to);
+    } catch (const Failure&) {
+        ignoringErrors([&] { removeIfThere(beside); });
+        throw;
+    }
 }
 
 void renameOver(const NativePath& from, const NativePath& to) {
@@ -119,8 +125,10 @@ void removeIfThere(const NativePath& path) {
         throw systemFailure(quoted(path) + " can not be removed", errno);
 }
 
-std::string processNumber() {
-    return std::to_string(getpid());
+void makePrivateFile(const NativePath& path) {
+    const FileDescriptor file = openFile(path, O_RDWR | O_CREAT | O_EXCL, 0600);
+    if (!file.isOpen() && errno != EEXIST)
+        throw systemFailure(quoted(path) + " can not be made", errno);
 }
 
 }  // namespace velmora

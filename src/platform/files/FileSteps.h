@@ -38,7 +38,7 @@ void renameOver(const NativePath& from, const NativePath& to);
 // Removes a file; one that is missing is no error.
 void removeIfThere(const NativePath& path);
 
-// The number of this process, for names of files that no other process makes at the same time.
-[[nodiscard]] std::string processNumber();
+// Makes an empty file, for its owner only, where there is none.
+void makePrivateFile(const NativePath& path);
 
 }  // namespace velmora

@@ -4,15 +4,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 
 #include "platform/Failure.h"
-#include "platform/files/AtomicWrite.h"
 #include "platform/files/FileDescriptor.h"
 #include "platform/files/FileSteps.h"
 #include "platform/files/PosixRandomFile.h"
+#include "platform/files/TemporaryName.h"
 
 namespace velmora {
 
@@ -44,25 +43,21 @@ std::optional<std::string> PosixFiles::readWhole(const std::string& path,
     const NativePath native = nativePath(path);
     const FileDescriptor file = openOrFail(native, O_RDONLY);
     requireRegularFile(file, native);
-    // Grows as the file gives bytes, for a size that is told may be wrong by then.
-    constexpr std::size_t kStep = 65536;
-    std::string bytes;
-    for (;;) {
-        const std::size_t before = bytes.size();
-        const std::size_t wanted = std::min<std::uint64_t>(
-            std::max(kStep, before), limit - before + (limit < UINT64_MAX ? 1 : 0));
-        bytes.resize(before + wanted);
-        const std::size_t count = readFully(file, native, before, bytes.data() + before, wanted);
-        bytes.resize(before + count);
-        if (bytes.size() > limit)
-            return std::nullopt;
-        if (count < wanted)
-            return bytes;
-    }
+    return readToEnd(file, native, limit);
 }
 
 void PosixFiles::writeWhole(const std::string& path, std::string_view bytes) {
-    writeAtomically(nativePath(path), bytes);
+    replace(path, bytes, Audience::AsUsual);
+}
+
+void PosixFiles::writePrivately(const std::string& path, std::string_view bytes) {
+    replace(path, bytes, Audience::OwnerOnly);
+}
+
+void PosixFiles::replace(const std::string& path, std::string_view bytes, Audience audience) const {
+    const NativePath native = nativePath(path);
+    replaceFile(native, bytes, audience);
+    clearAbandonedBeside(native);
 }
 
 void PosixFiles::append(const std::string& path, std::string_view bytes) {

@@ -4,6 +4,7 @@
 #include "platform/SystemPaths.h"
 #include "platform/files/CaseTwins.h"
 #include "platform/files/NativePaths.h"
+#include "platform/files/ReplaceFile.h"
 
 namespace velmora {
 
@@ -19,12 +20,15 @@ class PosixFiles final : public Files, public SystemPaths {
     [[nodiscard]] std::optional<std::string> readWhole(const std::string& path,
                                                        std::uint64_t limit) const override;
     void writeWhole(const std::string& path, std::string_view bytes) override;
+    void writePrivately(const std::string& path, std::string_view bytes) override;
     void append(const std::string& path, std::string_view bytes) override;
     void remove(const std::string& path) override;
 
     [[nodiscard]] NativePath nativePath(const std::string& path) const override;
 
   private:
+    void replace(const std::string& path, std::string_view bytes, Audience audience) const;
+
     NativePaths paths_;
     const CaseTwins* twins_;
 };

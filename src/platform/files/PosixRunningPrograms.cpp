@@ -35,7 +35,26 @@ std::string markOf(const std::string& number) {
     return number + "-" + began + "-" + start;
 }
 
+// Takes the longest begin of `text` that consists of `letters`; its length.
+std::size_t take(std::string_view& text, std::string_view letters) {
+    const std::size_t length = std::min(text.find_first_not_of(letters), text.size());
+    text.remove_prefix(length);
+    return length;
+}
+
+bool takeHyphen(std::string_view& text) {
+    return take(text, "-") == 1;
+}
+
 }  // namespace
+
+bool PosixRunningPrograms::isMark(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789";
+    constexpr std::size_t kLengthOfIdentity = 36;
+    return take(text, kDigits) > 0 && takeHyphen(text) && take(text, kDigits) > 0 &&
+           takeHyphen(text) && text.size() == kLengthOfIdentity &&
+           take(text, "0123456789abcdef-") == kLengthOfIdentity;
+}
 
 std::string PosixRunningPrograms::ownMark() const {
     return markOf(std::to_string(getpid()));

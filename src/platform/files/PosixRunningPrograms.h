@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "platform/RunningPrograms.h"
 
 namespace velmora {
@@ -9,6 +11,9 @@ namespace velmora {
 // earlier process.
 class PosixRunningPrograms final : public RunningPrograms {
   public:
+    // True for a text that has the form of a mark, whatever run it means.
+    [[nodiscard]] static bool isMark(std::string_view text);
+
     [[nodiscard]] std::string ownMark() const override;
     [[nodiscard]] bool runs(const std::string& mark) const override;
 };

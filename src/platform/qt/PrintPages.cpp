@@ -1,8 +1,7 @@
 #include "platform/qt/PrintPages.h"
 
 #include <QFontMetricsF>
-#include <QPagedPaintDevice>
-#include <QPainter>
+#include <QPaintDevice>
 #include <QPen>
 #include <algorithm>
 
@@ -19,38 +18,9 @@ QColor colourOf(int number) {
     return {number & 255, number >> 8 & 255, number >> 16 & 255};
 }
 
-// Paints the marks of a page in the dots of the device.
-class MarkPainter {
-  public:
-    MarkPainter(QPainter& painter, const CodePage& codePage)
-        : painter_(painter),
-          codePage_(codePage),
-          dotsX_(painter.device()->logicalDpiX()),
-          dotsY_(painter.device()->logicalDpiY()) {}
-
-    void operator()(const PrintedText& text) const {
-        const QFont font = toQt(text.font, codePage_);
-        painter_.setFont(font);
-        painter_.setPen(colourOf(text.colour));
-        const double ascent = QFontMetricsF(font, painter_.device()).ascent();
-        painter_.drawText(place(text.x, text.y) + QPointF(0, ascent), toQt(text.text, codePage_));
-    }
-
-    void operator()(const PrintedLine& line) const {
-        QPen pen(colourOf(line.colour));
-        pen.setWidthF(kLineWidth * dotsX_);
-        painter_.setPen(pen);
-        painter_.drawLine(place(line.x1, line.y1), place(line.x2, line.y2));
-    }
-
-  private:
-    [[nodiscard]] QPointF place(double x, double y) const { return {x * dotsX_, y * dotsY_}; }
-
-    QPainter& painter_;
-    const CodePage& codePage_;
-    double dotsX_;
-    double dotsY_;
-};
+QPointF place(const QPaintDevice& device, double x, double y) {
+    return {x * device.logicalDpiX(), y * device.logicalDpiY()};
+}
 
 }  // namespace
 
@@ -76,31 +46,35 @@ QPageLayout letterLayout(PageOrientation orientation) {
             QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Inch};
 }
 
-QPageLayout withNeededMargins(QPageLayout layout) {
-    layout.setUnits(QPageLayout::Inch);
-    QMarginsF margins = layout.minimumMargins();
-    if (margins.isNull())
-        margins = QMarginsF(kMargin, kMargin, kMargin, kMargin);
-    layout.setMargins(margins);
-    return layout;
+void PagePainter::paint(const PrintPage& page) {
+    for (const auto& mark : page)
+        std::visit([this](const auto& each) { paint(each); }, mark);
 }
 
-bool paintPages(QPagedPaintDevice& device, const PrintJob& job, const CodePage& codePage) {
-    QPainter painter;
-    if (!painter.begin(&device))
-        return false;
-    const QSizeF size = device.pageLayout().paintRect(QPageLayout::Inch).size();
-    const QRectF area(0, 0, size.width() * device.logicalDpiX(),
-                      size.height() * device.logicalDpiY());
-    const MarkPainter paint(painter, codePage);
-    for (const PrintPage& page : job.pages) {
-        if (&page != &job.pages.front() && !device.newPage())
-            return false;
-        painter.setClipRect(area);
-        for (const auto& mark : page)
-            std::visit(paint, mark);
-    }
-    return painter.end();
+void PagePainter::paint(const PrintedText& text) {
+    const KnownFont& font = known(text.font);
+    painter_.setFont(font.font);
+    painter_.setPen(colourOf(text.colour));
+    painter_.drawText(place(*painter_.device(), text.x, text.y) + QPointF(0, font.ascent),
+                      toQt(text.text, codePage_));
+}
+
+void PagePainter::paint(const PrintedLine& line) {
+    const QPaintDevice& device = *painter_.device();
+    QPen pen(colourOf(line.colour));
+    pen.setWidthF(kLineWidth * device.logicalDpiX());
+    painter_.setPen(pen);
+    painter_.drawLine(place(device, line.x1, line.y1), place(device, line.x2, line.y2));
+}
+
+const PagePainter::KnownFont& PagePainter::known(const PrintFont& font) {
+    const auto found = std::find_if(fonts_.begin(), fonts_.end(),
+                                    [&](const KnownFont& each) { return each.name == font; });
+    if (found != fonts_.end())
+        return *found;
+    const QFont made = toQt(font, codePage_);
+    const double ascent = QFontMetricsF(made, painter_.device()).ascent();
+    return fonts_.emplace_back(KnownFont{font, made, ascent});
 }
 
 }  // namespace velmora

@@ -2,28 +2,47 @@
 
 #include <QFont>
 #include <QPageLayout>
+#include <QPainter>
+#include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/PrintJob.h"
 
-class QPagedPaintDevice;
-
 namespace velmora {
+
+inline constexpr int kPrinterResolution = 1200;  // dots per inch
 
 [[nodiscard]] QFont toQt(const PrintFont& font, const CodePage& codePage);
 
 // Of a file, and of what can not be asked: a Letter sheet with margins of a quarter inch.
 [[nodiscard]] QPageLayout letterLayout(PageOrientation orientation);
 
-// Gives a printer's layout the margins that it needs, a quarter inch where it says that it needs
-// none: such printers stretch what is printed over the edges of the sheet.
-[[nodiscard]] QPageLayout withNeededMargins(QPageLayout layout);
-
 [[nodiscard]] QPageLayout::Orientation toQt(PageOrientation orientation);
 
-// Paints the pages of a job. The device has its layout; what lies outside the printable area is
-// cut. False when the device can not be painted on.
-[[nodiscard]] bool paintPages(QPagedPaintDevice& device, const PrintJob& job,
-                              const CodePage& codePage);
+// Paints what stands on a page in the dots of a painter's device, (0, 0) being the corner of the
+// printable area.
+class PagePainter {
+  public:
+    // Both must outlive it; the painter is active when a page is painted.
+    PagePainter(QPainter& painter, const CodePage& codePage)
+        : painter_(painter), codePage_(codePage) {}
+
+    void paint(const PrintPage& page);
+
+  private:
+    struct KnownFont {
+        PrintFont name;
+        QFont font;
+        double ascent = 0;  // in dots
+    };
+
+    void paint(const PrintedText& text);
+    void paint(const PrintedLine& line);
+    [[nodiscard]] const KnownFont& known(const PrintFont& font);
+
+    QPainter& painter_;
+    const CodePage& codePage_;
+    std::vector<KnownFont> fonts_;  // a job has few
+};
 
 }  // namespace velmora

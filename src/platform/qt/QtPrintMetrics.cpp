@@ -19,7 +19,8 @@ class Ruler final : private QBuffer, public QPdfWriter {
 
 }  // namespace
 
-QtPrintMetrics::QtPrintMetrics(const CodePage& codePage) : codePage_(codePage) {}
+QtPrintMetrics::QtPrintMetrics(const CodePage& codePage, PrintService& service)
+    : codePage_(codePage), service_(service) {}
 
 QtPrintMetrics::~QtPrintMetrics() = default;
 
@@ -41,7 +42,7 @@ double QtPrintMetrics::textWidth(const PrintFont& font, std::string_view line) c
 PrintableArea QtPrintMetrics::printableArea(const std::string& printer,
                                             PageOrientation orientation) const {
     const QSizeF size =
-        layoutOf(printer, orientation, codePage_).paintRect(QPageLayout::Inch).size();
+        layoutOf(printer, orientation, service_, codePage_).paintRect(QPageLayout::Inch).size();
     return {.width = size.width(), .height = size.height()};
 }
 

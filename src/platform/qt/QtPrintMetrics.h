@@ -4,17 +4,18 @@
 
 #include "platform/CodePage.h"
 #include "platform/PrintDevice.h"
+#include "platform/qt/PrintService.h"
 
 class QPaintDevice;
 
 namespace velmora {
 
 // Measures with the fonts of this machine at the resolution of printers. Fonts need no printer;
-// only the printable area asks for one.
+// only the printable area asks for one, once for each printer that was not asked for before.
 class QtPrintMetrics final : public PrintMetrics {
   public:
-    // `codePage` must outlive the metrics.
-    explicit QtPrintMetrics(const CodePage& codePage);
+    // Both must outlive the metrics.
+    QtPrintMetrics(const CodePage& codePage, PrintService& service);
     ~QtPrintMetrics() override;
 
     [[nodiscard]] double lineHeight(const PrintFont& font) const override;
@@ -26,6 +27,7 @@ class QtPrintMetrics final : public PrintMetrics {
     [[nodiscard]] QPaintDevice& device() const;
 
     const CodePage& codePage_;
+    PrintService& service_;
     mutable std::unique_ptr<QPaintDevice> device_;  // made when something is first measured
 };
 

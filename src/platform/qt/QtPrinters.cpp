@@ -1,46 +1,18 @@
 #include "platform/qt/QtPrinters.h"
 
-#include <QBuffer>
-#include <QLibrary>
-#include <QPdfWriter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QStandardPaths>
-#include <optional>
+#include <chrono>
+#include <utility>
 
 #include "platform/Failure.h"
+#include "platform/PrintWatch.h"
 #include "platform/qt/PrintPages.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-const QString kCreator = QStringLiteral("Velmora");
-
-// The printer of this name; one that is null where there is none. QPrinter would silently take the
-// default printer instead.
-QPrinterInfo infoOf(const std::string& name, const CodePage& codePage) {
-    return name == kPrintToPdf ? QPrinterInfo() : QPrinterInfo::printerInfo(toQt(name, codePage));
-}
-
-void prepare(QPrinter& printer, const QPrinterInfo& info, PageOrientation orientation) {
-    printer.setPageSize(info.defaultPageSize());  // it begins with A4, whatever the printer has
-    printer.setPageOrientation(toQt(orientation));
-    printer.setPageLayout(withNeededMargins(printer.pageLayout()));
-}
-
-// What the print system said to the job that this thread handed over last; nothing when it took it.
-// QPrinter looks at no answer. The functions live in the library that it has loaded by then.
-std::optional<std::string> refusal() {
-    QLibrary cups(QStringLiteral("cups"), 2);
-    const auto lastError = reinterpret_cast<int (*)()>(cups.resolve("cupsLastError"));
-    const auto lastText = reinterpret_cast<const char* (*)()>(cups.resolve("cupsLastErrorString"));
-    constexpr int kLastGoodAnswer = 0x0007;
-    if (!lastError || !lastText || lastError() <= kLastGoodAnswer)
-        return std::nullopt;
-    const char* text = lastText();
-    return text ? text : "";
-}
+constexpr std::chrono::milliseconds kBetweenTries{1000};  // of a queue that is full
 
 Failure notPrinted(const std::string& utf8Printer, const std::string& why) {
     return Failure("Nothing was printed: the printer \"" + utf8Printer + "\" " + why +
@@ -49,19 +21,20 @@ Failure notPrinted(const std::string& utf8Printer, const std::string& why) {
 
 }  // namespace
 
-QPageLayout layoutOf(const std::string& printer, PageOrientation orientation,
+QPageLayout layoutOf(const std::string& printer, PageOrientation orientation, PrintService& service,
                      const CodePage& codePage) {
-    const QPrinterInfo info = infoOf(printer, codePage);
-    if (info.isNull())
-        return letterLayout(orientation);
-    QPrinter device(info, QPrinter::HighResolution);
-    prepare(device, info, orientation);
-    return device.pageLayout();
+    const PrintService::Sheet* sheet =
+        printer == kPrintToPdf ? nullptr : service.sheetOf(toQt(printer, codePage));
+    return sheet ? sheet->layout(orientation) : letterLayout(orientation);
+}
+
+bool QtPrinters::ask(const std::string& printer, const GoOn& goOn) {
+    return service_.ask(toQt(printer, codePage_), goOn);
 }
 
 std::vector<std::string> QtPrinters::printerNames() const {
     std::vector<std::string> names;
-    for (const QString& name : QPrinterInfo::availablePrinterNames())
+    for (const QString& name : service_.answers().printers)
         // One whose name has other characters could not be asked for.
         if (keepToCodePage(name, codePage_) == name)
             names.push_back(fromQt(name, codePage_));
@@ -70,57 +43,96 @@ std::vector<std::string> QtPrinters::printerNames() const {
 }
 
 std::string QtPrinters::defaultPrinter() const {
-    const QString name = QPrinterInfo::defaultPrinterName();
+    const QString& name = service_.answers().standard;
     if (name.isEmpty() || keepToCodePage(name, codePage_) != name)
         return kPrintToPdf;
     return fromQt(name, codePage_);
 }
 
-bool QtPrinters::print(const PrintJob& job) {
-    if (job.printer == kPrintToPdf)
-        return printToFile(job);
-    printOnPaper(job);
-    return true;
+bool QtPrinters::print(PrintJob job, PrintWatch* watch) {
+    if (job.printer != kPrintToPdf)
+        return printOnPaper(job, watch);
+    if (run_)
+        return printToFile(job, watch);
+    beginRun(job.title);
+    try {
+        const bool done = printToFile(job, watch);
+        endRun();
+        return done;
+    } catch (const Failure&) {
+        run_.reset();
+        throw;
+    }
 }
 
-void QtPrinters::printOnPaper(const PrintJob& job) {
-    const std::string name = codePage_.toUtf8(job.printer);
-    const QPrinterInfo info = infoOf(job.printer, codePage_);
-    if (info.isNull())
-        throw notPrinted(name, "is not there any more");
-    QPrinter printer(info, QPrinter::HighResolution);
-    printer.setResolution(kPrinterResolution);
-    printer.setCreator(kCreator);
-    printer.setDocName(toQt(job.title, codePage_));
-    prepare(printer, info, job.orientation);
-    if (!paintPages(printer, job, codePage_))
-        throw notPrinted(name, "can not be reached");
-    if (const auto why = refusal())
-        throw notPrinted(name, "did not take it (" + *why + ")");
+bool QtPrinters::printOnPaper(PrintJob& job, PrintWatch* watch) {
+    const std::string utf8Name = codePage_.toUtf8(job.printer);
+    const QString name = toQt(job.printer, codePage_);
+    const PrintService::Sheet* sheet = service_.sheetOf(name);
+    if (!sheet)
+        throw notPrinted(utf8Name, "is not there any more");
+    PdfPages pages(job.title, codePage_);
+    if (!pages.play(job, sheet->layout(job.orientation), watch))
+        return false;
+    const QByteArray pdf = pages.finish();
+    const GoOn sending = [&] { return !watch || watch->sending(); };
+    const GoOn waiting = [&] { return watch && watch->waitingForTheQueue(); };
+    while (true) {
+        const PrintService::Answer answer =
+            service_.send(name, toQt(job.title, codePage_), job.orientation, pdf, sending);
+        switch (answer.sent) {
+            case PrintService::Sent::Yes:
+                return true;
+            case PrintService::Sent::CalledOff:
+                return false;
+            case PrintService::Sent::PrinterGone:
+                throw notPrinted(utf8Name, "is not there any more");
+            case PrintService::Sent::Refused:
+                throw notPrinted(utf8Name, "did not take it (" + answer.why + ")");
+            case PrintService::Sent::NotNow:
+                if (!watch)
+                    throw notPrinted(utf8Name, "did not take it (" + answer.why + ")");
+                if (!PrintService::pause(kBetweenTries, waiting))
+                    return false;
+        }
+    }
 }
 
-bool QtPrinters::printToFile(const PrintJob& job) {
+std::optional<std::string> QtPrinters::fileToWrite() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString proposal = folder + QStringLiteral("/Velmora.pdf");
-    const std::optional<std::string> path =
-        messages_.chooseFileToSave({.title = kPrintToPdf,
-                                    .defaultExtension = ".pdf",
-                                    .filter = "PDF (*.pdf)|*.pdf|All Files (*.*)|*.*",
-                                    .fileName = fromQt(proposal, codePage_)});
-    if (!path)
-        return false;
-    QBuffer bytes;
-    bytes.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&bytes);
-    writer.setResolution(kPrinterResolution);
-    writer.setTitle(toQt(job.title, codePage_));
-    writer.setCreator(kCreator);
-    writer.setPageLayout(letterLayout(job.orientation));
-    if (!paintPages(writer, job, codePage_))
-        throw Failure("Nothing was printed: the pages could not be made.");
-    const QByteArray& pdf = bytes.data();
-    files_.writeWhole(*path, {pdf.constData(), static_cast<std::size_t>(pdf.size())});
-    return true;
+    return messages_.chooseFileToSave({.title = kPrintToPdf,
+                                       .defaultExtension = ".pdf",
+                                       .filter = "PDF (*.pdf)|*.pdf|All Files (*.*)|*.*",
+                                       .fileName = fromQt(proposal, codePage_)});
+}
+
+bool QtPrinters::printToFile(PrintJob& job, PrintWatch* watch) {
+    if (run_->path.empty()) {
+        const std::optional<std::string> path = fileToWrite();
+        if (!path)
+            return false;
+        run_->path = *path;
+    }
+    if (!run_->pages)
+        run_->pages = std::make_unique<PdfPages>(run_->title, codePage_);
+    if (run_->pages->play(job, letterLayout(job.orientation), watch))
+        return true;
+    run_->pages.reset();
+    return false;
+}
+
+void QtPrinters::beginRun(const std::string& title) {
+    run_ = Run{.title = title};
+}
+
+std::optional<std::string> QtPrinters::endRun() {
+    const std::optional<Run> run = std::exchange(run_, std::nullopt);
+    if (!run || !run->pages || run->pages->empty())
+        return std::nullopt;
+    const QByteArray pdf = run->pages->finish();
+    files_.writeWhole(run->path, {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+    return run->path;
 }
 
 }  // namespace velmora

@@ -69,8 +69,11 @@ void QtSound::play(const std::string& path) {
 }
 
 void QtSound::beepThreeTimes() {
-    beepsLeft_ = kBeeps - 1;
+    beepsLeft_ += kBeeps;
+    if (nextBeep_.isActive())
+        return;
     beep_();
+    --beepsLeft_;
     nextBeep_.start(kBetweenBeeps, this);
 }
 
@@ -84,6 +87,7 @@ void QtSound::timerEvent(QTimerEvent* event) {
 
 void QtSound::stop() {
     nextBeep_.stop();
+    beepsLeft_ = 0;
     if (!player_)
         return;
     player_->disconnect(this);

@@ -17,4 +17,9 @@ bool TestIds::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
+void describe(QWidget& widget, const QString& text) {
+    if (!TestIds::wanted() && widget.accessibleDescription() != text)
+        widget.setAccessibleDescription(text);
+}
+
 }  // namespace velmora

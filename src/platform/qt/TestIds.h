@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
+
+class QWidget;
 
 namespace velmora {
 
@@ -18,5 +21,9 @@ class TestIds final : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+// What assistive tools tell of the widget beside its name. In test runs its object name stays
+// there.
+void describe(QWidget& widget, const QString& text);
 
 }  // namespace velmora

@@ -7,16 +7,20 @@
 #include <string_view>
 
 #include "platform/NativePath.h"
+#include "platform/Patience.h"
 #include "platform/sqlite/Statement.h"
 
 struct sqlite3;
 
 namespace velmora::sqlite {
 
+class WorkLimit;
+
 enum class Access {
     ReadOnly,           // the file must be there
     ReadWrite,          // the file must be there; opened read-only where it may not be written
     ReadWriteOrCreate,  // a missing file is made, in a folder that is there
+    AsItLies,           // read without locks and without its log, where nothing can be written
 };
 
 // One open database file. Not shared between threads. Statements and transactions must be gone
@@ -28,6 +32,17 @@ class Database {
     // Throws Failure when the file can not be opened.
     Database(const NativePath& path, Access access,
              std::chrono::milliseconds patience = std::chrono::seconds(5));
+    ~Database();
+    Database(Database&& other) noexcept;
+    Database& operator=(Database&& other) noexcept;
+
+    // As above, but what is waited for locks comes out of `patience`, which must outlive this.
+    Database(const NativePath& path, Access access, Patience& patience);
+
+    // The file may come from anybody: from here on its triggers and views do nothing, functions in
+    // its schema are held back, and one run of a statement fails when it takes more steps than a
+    // sound file of this size can ask for.
+    void distrust();
 
     // Runs one or more statements without parameters; rows they give are dropped. Throws Failure,
     // and those before the failing one have then been run.
@@ -51,6 +66,9 @@ class Database {
     struct Closer {
         void operator()(sqlite3* handle) const;
     };
+    void open(const NativePath& path, Access access);
+
+    std::unique_ptr<WorkLimit> workLimit_;  // of a file that is not trusted; outlives the handle
     std::unique_ptr<sqlite3, Closer> handle_;
 };
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/Failure.h"
+#include "platform/StorageFailure.h"
 
 struct sqlite3;
 
 namespace velmora::sqlite {
 
-// A Failure with the engine's text for the last error of `database`.
-[[nodiscard]] Failure engineFailure(sqlite3* database);
+// The engine's text for the last error of `database`, and the obstacle that it means.
+[[nodiscard]] StorageFailure engineFailure(sqlite3* database);
 
 }  // namespace velmora::sqlite

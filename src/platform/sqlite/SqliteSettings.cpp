@@ -1,28 +1,14 @@
 #include "platform/sqlite/SqliteSettings.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
+#include <utility>
 
 #include "platform/Failure.h"
-#include "platform/files/FileSteps.h"
+#include "platform/files/FileIdentity.h"
+#include "platform/sqlite/SettingsFile.h"
 
 namespace velmora {
 namespace {
-
-constexpr const char* kSchema =
-    "PRAGMA journal_mode = WAL;"
-    "PRAGMA synchronous = FULL;"
-    "CREATE TABLE IF NOT EXISTS settings("
-    "  key TEXT PRIMARY KEY COLLATE NOCASE, value BLOB NOT NULL) WITHOUT ROWID;";
-
-// A name that is free: the path plus ".damaged", with a number behind it from the second on.
-NativePath freeName(const NativePath& path) {
-    NativePath name = path.withEnding(".damaged");
-    for (int number = 2; isNameTaken(name); ++number)
-        name = path.withEnding(".damaged-" + std::to_string(number));
-    return name;
-}
 
 // Lets go of the lock that a statement holds while it stands on a row.
 class Reading {
@@ -49,47 +35,81 @@ bool beginsWith(std::string_view key, std::string_view prefix) {
 
 }  // namespace
 
-SqliteSettings::Statements::Statements(sqlite::Database& database)
-    : read(database.prepare("SELECT value FROM settings WHERE key = ?1")),
+SqliteSettings::Opened::Opened(sqlite::Database opened)
+    : database(std::move(opened)),
+      read(database.prepare("SELECT value FROM settings WHERE key = ?1")),
       readAll(database.prepare("SELECT key, value FROM settings WHERE key >= ?1 ORDER BY key")),
       save(database.prepare("INSERT INTO settings VALUES(?1, ?2) "
                             "ON CONFLICT(key) DO UPDATE SET value = ?2")),
       remove(database.prepare("DELETE FROM settings WHERE key = ?1")) {}
 
-SqliteSettings::SqliteSettings(const NativePath& path) {
+SqliteSettings::SqliteSettings(NativePath path) : path_(std::move(path)) {
+    const auto found = identityOf(path_);
     try {
-        open(path);
-    } catch (const Failure&) {
-        const int code = database_ ? database_->errorCode() : SQLITE_OK;
-        if (code != SQLITE_NOTADB && code != SQLITE_CORRUPT)
-            throw;
-        statements_.reset();
-        database_.reset();
-        putAside_ = freeName(path);
-        renameOver(path, *putAside_);
-        open(path);
+        opened_.emplace(sqlite::openSettingsToWrite(path_));
+    } catch (const sqlite::NoSettings& failure) {
+        // Another copy of the program that starts may have put it aside by now.
+        if (!found || identityOf(path_) == found)
+            putAsideAndBeginAnew(failure.what());
+        else
+            openAnew();
+    } catch (const Failure& failure) {
+        openToRead(failure.what());
     }
 }
 
-void SqliteSettings::open(const NativePath& path) {
-    database_.emplace(path, sqlite::Access::ReadWriteOrCreate);
-    database_->execute(kSchema);
-    statements_.emplace(*database_);
+void SqliteSettings::putAsideAndBeginAnew(const std::string& why) {
+    try {
+        putAside_ = sqlite::putSettingsAside(path_);
+    } catch (const Failure&) {
+        return openToRead(why);
+    }
+    openAnew();
+}
+
+void SqliteSettings::openAnew() {
+    try {
+        opened_.emplace(sqlite::openSettingsToWrite(path_));
+    } catch (const Failure& failure) {
+        openToRead(failure.what());
+    }
+}
+
+void SqliteSettings::openToRead(const std::string& why) {
+    whyReadOnly_ = why;
+    ignoringErrors([&] { opened_.emplace(sqlite::settingsAsTheyAre(path_)); });
+}
+
+SqliteSettings::Opened& SqliteSettings::toRead() const {
+    if (!opened_)
+        throw Failure(whyReadOnly_.value_or("The settings can not be read."));
+    return *opened_;
+}
+
+SqliteSettings::Opened& SqliteSettings::toWrite() {
+    if (whyReadOnly_) {
+        sqlite::Database database = sqlite::openSettingsToWrite(path_);
+        opened_.emplace(std::move(database));
+        whyReadOnly_.reset();
+    }
+    return *opened_;
 }
 
 std::string SqliteSettings::read(std::string_view key) const {
     std::string value;
-    ignoringErrors([&] {
-        const Reading reading(statements_->read);
-        if (statements_->read.bindText(1, key).step())
-            value = statements_->read.blob(0);
-    });
+    ignoringErrors([&] { value = readOrFail(key); });
     return value;
+}
+
+std::string SqliteSettings::readOrFail(std::string_view key) const {
+    sqlite::Statement& query = toRead().read;
+    const Reading reading(query);
+    return query.bindText(1, key).step() ? std::string(query.blob(0)) : std::string();
 }
 
 std::vector<Setting> SqliteSettings::readAll(std::string_view prefix) const {
     std::vector<Setting> found;
-    sqlite::Statement& query = statements_->readAll;
+    sqlite::Statement& query = toRead().readAll;
     const Reading reading(query);
     query.bindText(1, prefix);
     while (query.step() && beginsWith(query.text(0), prefix))
@@ -98,19 +118,20 @@ std::vector<Setting> SqliteSettings::readAll(std::string_view prefix) const {
 }
 
 void SqliteSettings::save(std::string_view key, std::string_view value) {
-    statements_->save.bindText(1, key).bindBlob(2, value).run();
+    toWrite().save.bindText(1, key).bindBlob(2, value).run();
 }
 
 void SqliteSettings::remove(std::string_view key) {
-    statements_->remove.bindText(1, key).run();
+    toWrite().remove.bindText(1, key).run();
 }
 
 void SqliteSettings::batch(const std::function<void()>& changes) {
-    if (database_->inTransaction()) {
+    sqlite::Database& database = toWrite().database;
+    if (database.inTransaction()) {
         changes();
         return;
     }
-    sqlite::Transaction transaction(*database_);
+    sqlite::Transaction transaction(database);
     changes();
     transaction.commit();
 }

@@ -10,39 +10,54 @@
 
 namespace velmora {
 
-// Settings in a database of one table in the user's configuration folder, with a write-ahead log.
-// Case of A to Z does not count in keys.
+// Settings in a database of one table in the user's configuration folder, with a write-ahead log,
+// made for its owner only. Case of A to Z does not count in keys.
+//
+// Where the file can not be written (a full disk, a medium that is only read), the settings are
+// read as they are, and what is saved is a Failure, until a later save finds that it can be
+// written again.
 class SqliteSettings final : public SettingsMedium {
   public:
-    // Opens the file, or makes it in a folder that is there. A file that is no database is put
-    // aside under its name plus ".damaged", never deleted, and settings begin anew. Throws Failure.
-    explicit SqliteSettings(const NativePath& path);
+    // Opens the file, or makes it in a folder that is there. A file that is damaged, or holds
+    // something else than settings, is put aside under its name plus ".damaged", never deleted,
+    // and settings begin anew. Throws no Failure.
+    explicit SqliteSettings(NativePath path);
 
     // Where a damaged file was put aside, if one was.
     [[nodiscard]] const std::optional<NativePath>& putAside() const { return putAside_; }
 
+    // Why nothing can be saved, in UTF-8; nothing while all is well.
+    [[nodiscard]] const std::optional<std::string>& whyReadOnly() const { return whyReadOnly_; }
+
     [[nodiscard]] std::string read(std::string_view key) const override;
+    [[nodiscard]] std::string readOrFail(std::string_view key) const override;
     [[nodiscard]] std::vector<Setting> readAll(std::string_view prefix) const override;
     void save(std::string_view key, std::string_view value) override;
     void remove(std::string_view key) override;
     void batch(const std::function<void()>& changes) override;
 
   private:
-    // Prepared once and kept: lists of thousands are read and written key by key.
-    struct Statements {
-        explicit Statements(sqlite::Database& database);
+    // Statements prepared once and kept: lists of thousands are read and written key by key.
+    struct Opened {
+        explicit Opened(sqlite::Database opened);
 
+        sqlite::Database database;
         sqlite::Statement read;
         sqlite::Statement readAll;
         sqlite::Statement save;
         sqlite::Statement remove;
     };
 
-    void open(const NativePath& path);
+    void putAsideAndBeginAnew(const std::string& why);
+    void openAnew();
+    void openToRead(const std::string& why);
+    [[nodiscard]] Opened& toWrite();
+    [[nodiscard]] Opened& toRead() const;
 
-    mutable std::optional<sqlite::Database> database_;
-    mutable std::optional<Statements> statements_;
+    NativePath path_;
+    mutable std::optional<Opened> opened_;  // nothing where not even reading is possible
     std::optional<NativePath> putAside_;
+    std::optional<std::string> whyReadOnly_;
 };
 
 }  // namespace velmora

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "platform/sqlite/EngineFailure.h"
+#include "platform/sqlite/WorkLimit.h"
 
 namespace velmora::sqlite {
 
@@ -47,6 +48,8 @@ Statement& Statement::bindNull(int parameter) {
 }
 
 bool Statement::step() {
+    if (workLimit_ && sqlite3_stmt_busy(handle_.get()) == 0)
+        workLimit_->renew();
     const int result = sqlite3_step(handle_.get());
     if (result == SQLITE_ROW)
         return true;
@@ -54,7 +57,7 @@ bool Statement::step() {
         reset();
         return false;
     }
-    const Failure failure = engineFailure(database_);
+    const StorageFailure failure = engineFailure(database_);
     reset();
     throw failure;
 }

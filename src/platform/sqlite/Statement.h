@@ -12,6 +12,7 @@ struct sqlite3_stmt;
 namespace velmora::sqlite {
 
 class Database;
+class WorkLimit;
 
 // One prepared statement. While it stands on a row it holds a read lock: reset() it, or let it go,
 // before control returns to the event loop.
@@ -50,10 +51,12 @@ class Statement {
         void operator()(sqlite3_stmt* handle) const;
     };
 
-    Statement(sqlite3* database, sqlite3_stmt* handle) : database_(database), handle_(handle) {}
+    Statement(sqlite3* database, sqlite3_stmt* handle, WorkLimit* workLimit)
+        : database_(database), workLimit_(workLimit), handle_(handle) {}
     void check(int result) const;
 
     sqlite3* database_;
+    WorkLimit* workLimit_;  // nullptr: there is none
     std::unique_ptr<sqlite3_stmt, Finalizer> handle_;
 };
 

@@ -45,7 +45,7 @@ DialerPage::DialerPage(QWidget* parent)
       Label16(new ElidedLabel(Qt::ElideLeft, this)),
       Picture3(new Keypad(this)) {
     Label16->setObjectName(QStringLiteral("Label16"));
-    Label16->setAccessibleName(tr("Number"));
+    Label16->setAccessibleName(tr("No number"));
     Label16->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setType(*Label16, 24);
     Picture3->setObjectName(QStringLiteral("Picture3"));

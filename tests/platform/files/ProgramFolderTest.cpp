@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <optional>
 
-#include "platform/Failure.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora {
@@ -53,11 +52,22 @@ TEST(ConfigurationFolder, LiesInTheHomeFolderWhenTheDesktopNamesNoPath) {
     EXPECT_EQ(configurationFolder().utf8(), folder.file(".config/velmora"));
 }
 
-TEST(ConfigurationFolder, AFileInItsPlaceIsAFailure) {
+TEST(ConfigurationFolder, IsForItsOwnerOnly) {
     const test::TemporaryFolder folder;
-    folder.write("velmora", "");
+    const Variable config("XDG_CONFIG_HOME", folder.file("deep/config"));
+    (void)configurationFolder();
+    for (const char* made : {"deep", "deep/config", "deep/config/velmora"})
+        EXPECT_EQ(std::filesystem::status(folder.file(made)).permissions(),
+                  std::filesystem::perms(0700))
+            << made;
+}
+
+TEST(ConfigurationFolder, AFileInItsPlaceStays) {
+    const test::TemporaryFolder folder;
+    folder.write("velmora", "x");
     const Variable config("XDG_CONFIG_HOME", folder.path());
-    EXPECT_THROW((void)configurationFolder(), Failure);
+    EXPECT_EQ(configurationFolder().utf8(), folder.file("velmora"));
+    EXPECT_EQ(folder.read("velmora"), "x");
 }
 
 }  // namespace

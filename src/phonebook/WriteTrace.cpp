@@ -1,0 +1,150 @@
+#include "phonebook/WriteTrace.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/Failure.h"
+
+namespace velmora {
+namespace {
+
+using RecordBytes = std::array<char, kRecordSize>;
+using RecordSpan = std::span<const char, kRecordSize>;
+
+// The least that a disk writes as a whole.
+constexpr std::uint64_t kSectorSize = 512;
+
+constexpr std::string_view kMark = "Velmora write 1\n";
+constexpr std::size_t kNumberSize = 8;
+constexpr std::size_t kTraceSize = kMark.size() + kNumberSize + 2 * kRecordSize + kNumberSize;
+
+std::string numberBytes(std::uint64_t number) {
+    std::string bytes;
+    for (std::size_t i = 0; i < kNumberSize; ++i, number >>= 8)
+        bytes += static_cast<char>(number & 0xFF);
+    return bytes;
+}
+
+std::uint64_t numberOf(std::string_view bytes) {
+    std::uint64_t number = 0;
+    for (std::size_t i = kNumberSize; i-- > 0;)
+        number = number << 8 | static_cast<unsigned char>(bytes[i]);
+    return number;
+}
+
+// FNV-1a: a trace that was itself cut short must not be believed.
+std::uint64_t checkSum(std::string_view bytes) {
+    std::uint64_t sum = 14695981039346656037U;
+    for (const char byte : bytes)
+        sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+    return sum;
+}
+
+RecordBytes bytesAt(const RandomFile& book, std::uint64_t offset) {
+    RecordBytes bytes{};
+    (void)book.readAt(offset, bytes);
+    return bytes;
+}
+
+// True when bytes change in more than one sector.
+bool changesTwoSectors(std::uint64_t offset, RecordSpan old, RecordSpan record) {
+    std::size_t first = 0;
+    std::size_t last = kRecordSize;
+    while (first < last && old[first] == record[first])
+        ++first;
+    while (last > first && old[last - 1] == record[last - 1])
+        --last;
+    return first < last && (offset + first) / kSectorSize != (offset + last - 1) / kSectorSize;
+}
+
+// True when each sector of the slot is either the old or the new one, and not all are the same.
+bool isMixture(std::uint64_t offset, RecordSpan now, RecordSpan old, RecordSpan record) {
+    if (std::ranges::equal(now, old) || std::ranges::equal(now, record))
+        return false;
+    for (std::size_t at = 0; at < kRecordSize;) {
+        const std::size_t size =
+            std::min<std::size_t>(kSectorSize - (offset + at) % kSectorSize, kRecordSize - at);
+        const auto sector = now.subspan(at, size);
+        if (!std::ranges::equal(sector, old.subspan(at, size)) &&
+            !std::ranges::equal(sector, record.subspan(at, size)))
+            return false;
+        at += size;
+    }
+    return true;
+}
+
+}  // namespace
+
+WriteTrace::WriteTrace(Files& files, const std::string& bookPath)
+    : files_(files), path_(bookPath + ".unfinished") {}
+
+bool WriteTrace::isThere() const {
+    return files_.exists(path_);
+}
+
+void WriteTrace::overwrite(RandomFile& book, std::uint64_t offset, RecordSpan record) {
+    Begun begun{offset, {}, {}};
+    if (offset < book.size())
+        begun.old = bytesAt(book, offset);
+    if (offset >= book.size() || !changesTwoSectors(offset, begun.old, record)) {
+        book.writeAt(offset, record);
+        return;
+    }
+    std::ranges::copy(record, begun.record.begin());
+    const bool left = leave(begun);
+    try {
+        book.writeAt(offset, record);
+    } catch (const Failure&) {
+        if (left && bytesAt(book, offset) == begun.old)
+            remove();
+        throw;
+    }
+    if (left)
+        remove();
+}
+
+void WriteTrace::finish(RandomFile& book) {
+    if (const auto begun = read()) {
+        const RecordBytes now = bytesAt(book, begun->offset);
+        if (isMixture(begun->offset, now, begun->old, begun->record))
+            book.writeAt(begun->offset, begun->record);
+    }
+    remove();
+}
+
+bool WriteTrace::leave(const Begun& begun) {
+    std::string bytes(kMark);
+    bytes += numberBytes(begun.offset);
+    bytes.append(begun.old.data(), kRecordSize).append(begun.record.data(), kRecordSize);
+    bytes += numberBytes(checkSum(bytes));
+    try {
+        files_.writeWhole(path_, bytes);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+// Nothing where there is none, or one that was never completed: its write was not begun.
+std::optional<WriteTrace::Begun> WriteTrace::read() const {
+    const std::optional<std::string> bytes = files_.readWhole(path_, kTraceSize);
+    if (!bytes || bytes->size() != kTraceSize || !bytes->starts_with(kMark))
+        return std::nullopt;
+    const std::string_view all = *bytes;
+    const std::size_t summed = kTraceSize - kNumberSize;
+    if (numberOf(all.substr(summed)) != checkSum(all.substr(0, summed)))
+        return std::nullopt;
+    Begun begun{numberOf(all.substr(kMark.size())), {}, {}};
+    const std::string_view records = all.substr(kMark.size() + kNumberSize);
+    std::copy_n(records.begin(), kRecordSize, begun.old.begin());
+    std::copy_n(records.begin() + kRecordSize, kRecordSize, begun.record.begin());
+    if (begun.offset % kRecordSize != 0)
+        return std::nullopt;
+    return begun;
+}
+
+void WriteTrace::remove() {
+    ignoringErrors([&] { files_.remove(path_); });
+}
+
+}  // namespace velmora

@@ -1,0 +1,294 @@
+#include "docpad/MergePrint.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include <deque>
+
+#include "docpad/PadFakes.h"
+#include "support/FakeClock.h"
+#include "support/Golden.h"
+#include "support/PhonebookFixture.h"
+#include "support/PrintDesk.h"
+
+namespace velmora {
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Books = MergePrint::Books;
+
+struct FixedFont final : FontHolder {
+    [[nodiscard]] ControlFont font() const override { return now; }
+    void setFont(const ControlFont& font) override { now = font; }
+    ControlFont now{"Georgia", 12, 255};
+};
+
+// Answers in turn; records what it was asked with.
+struct FakeQuestion final : SignatureQuestion {
+    std::optional<std::string> ask(const std::string& text) override {
+        asked.push_back(text);
+        if (answers.empty())
+            return std::nullopt;
+        auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::deque<std::optional<std::string>> answers;
+    std::vector<std::string> asked;
+};
+
+class MergePrintTest : public ::testing::Test, protected test::PhonebookFixture {
+  protected:
+    MergePrintTest() {
+        PhonebookRecord john = test::personRecord("Smith", "John");
+        john.assign(Field::Title, "Mr.");
+        john.assign(Field::Position, "Buyer");
+        john.assign(Field::Company, "Bindery");
+        john.assign(Field::Address1, "1 Lake Road");
+        john.assign(Field::Address3, "Lakeside");
+        john.assign(Field::PostalCode, "12345");
+        john.assign(Field::Country, "USA");
+        john.assign(Field::Salutation, "Dear John,");
+        PhonebookRecord company = test::companyRecord("Acme");
+        company.assign(Field::Address1, "Mill Street");
+        yellow() = test::bytesOf(john) + test::tombstoneBytes() + test::bytesOf(company);
+        white() = test::bytesOf(test::personRecord("Adams", "Eva"));
+        settings.Save("DefaultSal", "Dear Sirs,");
+        settings.Save("DocFont", "Georgia");
+        pad.setBytes("thank you for the tea.\r\nIt was good.");
+    }
+
+    [[nodiscard]] std::string signatureFile() { return files["/velmora\\sig.txt"]; }
+
+    // The first text of each job behind the date, which is the name or the company.
+    std::vector<std::string> takeReceivers() {
+        std::vector<std::string> receivers;
+        for (const PrintJob& job : desk.printer.takeJobs())
+            receivers.push_back(std::get<PrintedText>(job.pages.front().at(1)).text);
+        return receivers;
+    }
+
+    test::PrintDesk desk;
+    test::FakePadText pad;
+    FixedFont font;
+    test::FakeClock clock;
+    LocaleFormats locale;
+    Signature signature{"/velmora", files, desk.messages};
+    FakeQuestion question;
+    std::vector<std::string> ended;
+    MergePrint merge{{desk.printing, store, settings, pad, font, signature, question, clock, locale,
+                      [this](const std::string& text) { ended.push_back(text); }}};
+};
+
+TEST_F(MergePrintTest, PrintsALetterToEachEntryInTheOrderOfTheirNames) {
+    question.answers = {"With kind regards,\r\n\r\nHelen"};
+    merge.run(Books::Yellow);
+    test::expectGolden(desk.printer.takeDump(), "letters.txt");
+    EXPECT_EQ(desk.status.text, "Velmora");
+    EXPECT_EQ(signatureFile(), "With kind regards,\r\n\r\nHelen\r\n");
+}
+
+TEST_F(MergePrintTest, ATabStandsBeforeTheSalutationAlsoBeforeNone) {
+    settings.Save("LetterTab", "1");
+    settings.Save("DefaultSal", "");
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    test::expectGolden(desk.printer.takeDump(), "letters-with-tab.txt");
+}
+
+TEST_F(MergePrintTest, ALongLetterGoesOnOnTheNextSheet) {
+    std::string body;
+    for (int i = 1; i <= 70; ++i)
+        body += "line " + std::to_string(i) + "\r\n";
+    pad.setBytes(body);
+    question.answers = {"Helen"};
+    merge.run(Books::White);
+    const auto jobs = desk.printer.takeJobs();
+    ASSERT_EQ(jobs.size(), 1u);
+    EXPECT_EQ(jobs.front().pages.size(), 2u);
+}
+
+TEST_F(MergePrintTest, EachLetterIsAJobWithATitle) {
+    question.answers = {"Helen"};
+    merge.run(Books::Yellow);
+    std::vector<std::string> titles;
+    for (const PrintJob& job : desk.printer.takeJobs())
+        titles.push_back(job.title);
+    EXPECT_THAT(titles, ElementsAre("Velmora: Letter to Acme (1 of 2)",
+                                    "Velmora: Letter to Smith, John (2 of 2)"));
+}
+
+TEST_F(MergePrintTest, BothPrintsTheYellowPagesFirstAndAsksAgainForTheWhite) {
+    question.answers = {"one", "two"};
+    merge.run(Books::Both);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme", "Mr. John Smith", "Eva Adams"));
+    EXPECT_THAT(question.asked, ElementsAre("", "one\r\n"));
+    EXPECT_EQ(desk.loop.waited, 3s);
+}
+
+TEST_F(MergePrintTest, ACancelledSignatureEndsItsBookOnly) {
+    question.answers = {std::nullopt, "two"};
+    merge.run(Books::Both);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Eva Adams"));
+    EXPECT_TRUE(files.has("/velmora\\sig.txt")) << "it was created empty";
+}
+
+TEST_F(MergePrintTest, ADoubledNamePrintsTheFirstEntryTwice) {
+    PhonebookRecord other = test::personRecord("SMITH", "John");
+    yellow() += test::bytesOf(other);
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme", "Mr. John Smith", "Mr. John Smith"));
+}
+
+TEST_F(MergePrintTest, AnEntryThatIsNotFoundAgainPrintsNothing) {
+    yellow() = test::bytesOf(test::personRecord("Smith, Jr", "Bob")) +
+               test::bytesOf(test::companyRecord("Acme, Inc")) +
+               test::bytesOf(test::personRecord("Adams", "Al"));
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Al Adams"));
+}
+
+TEST_F(MergePrintTest, EntriesThatChangeWhileItPrintsAreTakenAsTheyAreThen) {
+    question.answers = {""};
+    desk.printer.beforeJob = [this, first = true]() mutable {
+        if (!std::exchange(first, false))
+            return;
+        PhonebookRecord moved = test::personRecord("Smith", "John");
+        moved.assign(Field::Title, "Dr.");
+        yellow().replace(0, kRecordSize, test::tombstoneBytes());
+        yellow() += test::bytesOf(moved);
+    };
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme", "Dr. John Smith"));
+}
+
+TEST_F(MergePrintTest, ADeletedEntryGetsNoLetterAnyMore) {
+    question.answers = {""};
+    desk.loop.onYield = [this] { yellow().replace(0, kRecordSize, test::tombstoneBytes()); };
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme"));
+}
+
+TEST_F(MergePrintTest, TheTextIsThatOfTheBeginning) {
+    question.answers = {""};
+    desk.loop.onYield = [this] { pad.setBytes("changed"); };
+    merge.run(Books::White);
+    EXPECT_THAT(desk.printer.takeDump(), ::testing::HasSubstr("thank you"));
+}
+
+TEST_F(MergePrintTest, CancelledLettersAreNotSent) {
+    question.answers = {""};
+    desk.loop.onYield = [this] {
+        if (desk.printer.jobsSent() == 1)
+            desk.jobs.cancel();
+    };
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme"));
+    EXPECT_EQ(desk.status.text, "Velmora");
+}
+
+TEST_F(MergePrintTest, AQueueThatTakesNoMoreIsWaitedForAndNoLetterIsLeftOut) {
+    struct FullQueue {
+        int refusals = 3;
+    } queue;
+    desk.printer.beforeJob = [&queue] {
+        if (queue.refusals-- > 0)
+            throw QueueIsFull("full");
+    };
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme", "Mr. John Smith"));
+    EXPECT_EQ(desk.loop.waited, 6s);
+    EXPECT_THAT(desk.messages.takeShown(), IsEmpty());
+}
+
+TEST_F(MergePrintTest, WaitingForAFullQueueCanBeCancelled) {
+    desk.printer.beforeJob = [] { throw QueueIsFull("full"); };
+    question.answers = {""};
+    desk.cancelInYield(8);
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), IsEmpty());
+    EXPECT_THAT(desk.messages.takeShown(), IsEmpty());
+}
+
+TEST_F(MergePrintTest, APrinterThatVanishesIsTold) {
+    desk.printer.refusal = "Nothing was printed.";
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    EXPECT_THAT(desk.messages.takeShown(), ElementsAre("error|Velmora|Nothing was printed."));
+}
+
+TEST_F(MergePrintTest, AMissingAndAnEmptyBookPrintNothing) {
+    yellow().clear();
+    question.answers = {""};
+    merge.run(Books::Yellow);
+    EXPECT_THAT(takeReceivers(), IsEmpty());
+    EXPECT_EQ(desk.status.text, "Velmora");
+}
+
+TEST_F(MergePrintTest, ABookThatCanNotBeReadIsTold) {
+    question.answers = {""};
+    desk.status.text.clear();
+    static_cast<void>(signature.load());
+    files.unreachable = true;
+    merge.run(Books::Yellow);
+    EXPECT_THAT(desk.messages.takeShown(), ::testing::Contains(::testing::StartsWith("error|")));
+    files.unreachable = false;
+}
+
+TEST_F(MergePrintTest, MoreNamesThanTheBoundEndTheProgramAndPrintNothing) {
+    yellow().clear();
+    const std::string one = test::bytesOf(test::personRecord("Smith", "John"));
+    for (int i = 0; i < 30002; ++i)
+        yellow() += one;
+    question.answers = {""};
+    merge.run(Books::Both);
+    EXPECT_THAT(ended, ElementsAre("Subscript out of range"));
+    EXPECT_THAT(takeReceivers(), IsEmpty());
+    EXPECT_EQ(question.asked.size(), 1u);
+}
+
+TEST_F(MergePrintTest, NothingHappensWhileAnotherJobRuns) {
+    desk.jobs.run([this](LongJob&) { merge.run(Books::Yellow); });
+    EXPECT_THAT(question.asked, IsEmpty());
+}
+
+TEST_F(MergePrintTest, TheSignatureOfALastRunComesBackALineLonger) {
+    files["/velmora\\sig.txt"] = "Helen";
+    EXPECT_EQ(signature.load(), "Helen");
+    signature.keep("Helen");
+    EXPECT_EQ(signature.load(), "Helen\r\n");
+}
+
+TEST_F(MergePrintTest, ASignatureFileThatIsTooLargeIsToldAndKept) {
+    const std::string large(40001, 'x');
+    files["/velmora\\sig.txt"] = large;
+    EXPECT_EQ(signature.load(), "");
+    EXPECT_THAT(desk.messages.takeShown(),
+                ElementsAre("tell|File Exceeded Maximum Length.|Signature file is too large."));
+    signature.keep("Helen");
+    EXPECT_EQ(signatureFile(), "Helen\r\n");
+    EXPECT_EQ(files["/velmora\\sig.txt~"], large);
+    files["/velmora\\sig.txt"] = std::string(40000, 'x');
+    EXPECT_EQ(signature.load().size(), 40000u);
+}
+
+TEST_F(MergePrintTest, ASignatureThatCanNotBeWrittenIsToldAndPrintsAllTheSame) {
+    files["/velmora\\sig.txt"] = "old";
+    files.writesUntilFailure = 0;
+    question.answers = {"Helen"};
+    merge.run(Books::White);
+    EXPECT_EQ(takeReceivers().size(), 1u);
+    EXPECT_EQ(desk.messages.takeShown().size(), 1u);
+    files.writesUntilFailure = -1;
+    EXPECT_EQ(signatureFile(), "old");
+}
+
+}  // namespace
+}  // namespace velmora
