@@ -140,7 +140,7 @@ TEST(Dialog, GrowsOnlyInTheDirectionsThatItSays) {
     EXPECT_EQ(question.size(), QSize(800, kFirst.height()));
 }
 
-TEST(Dialog, OnlyThePrimaryButtonAnswersEnter) {
+TEST(Dialog, EnterIsForThePrimaryButtonUnlessAnotherHasTheFocus) {
     Question question;
     EXPECT_TRUE(question.ok->isDefault());
     for (const QPushButton* button : {question.ok, question.cancel, question.help})
@@ -153,6 +153,10 @@ TEST(Dialog, OnlyThePrimaryButtonAnswersEnter) {
     question.memo->setFocus();
     QTest::keyClick(question.memo, Qt::Key_Return);
     EXPECT_EQ(pressed, 1);
+    question.help->setFocus();
+    QTest::keyClick(question.help, Qt::Key_Return);
+    EXPECT_EQ(pressed, 1) << "Enter is for the button that has the focus";
+    question.memo->setFocus();
     QTest::keyClick(question.memo, Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(pressed, 2);
     EXPECT_EQ(question.memo->toPlainText(), "\n");
@@ -194,6 +198,15 @@ TEST(Dialog, ItsPlaceIsTheMiddleAtEachOpeningAndItsSizeTheOneItHad) {
     open(question);
     EXPECT_EQ(question.size(), QSize(500, 400));
     EXPECT_GT(question.x(), room().left() + 100);
+}
+
+TEST(Dialog, CanBeTakenDownWithTheFocusInIt) {
+    for (int time = 0; time < 3; ++time) {
+        Question question;
+        open(question);
+        QTest::keyClick(question.first, Qt::Key_Tab);
+        EXPECT_NE(QApplication::focusWidget(), nullptr);
+    }
 }
 
 TEST(Dialog, TellsOfReplacedCharactersAndOfTheWishForHelp) {

@@ -67,23 +67,24 @@ QScreen* Dialog::targetScreen() const {
     return owner ? owner->screen() : screen();
 }
 
-void Dialog::fitToScreen() {
-    if (!body_ || isMaximized() || isFullScreen())
-        return;
-    ensurePolished();
+QSize Dialog::footSize() const {
+    return {0, footer_->sizeHint().height()};
+}
+
+// The greatest size of the inside; the body learns of it, too.
+QSize Dialog::roomOnScreen() {
     const QRect room = targetScreen()->availableGeometry();
     const QSize most = (room.size() - kLeftFree).boundedTo(largestInside(room, *this));
-    const QSize foot(0, footer_->sizeHint().height());
-    body_->setRoom(most - foot);
-    const QSize needed = (body_->minimumSizeHint() + foot)
+    body_->setRoom(most - footSize());
+    return most;
+}
+
+void Dialog::takeSize(QSize size, const QSize& most) {
+    const QSize needed = (body_->minimumSizeHint() + footSize())
                              .expandedTo({footer_->minimumSizeHint().width(), 0})
                              .expandedTo(extent_.least)
                              .boundedTo(most);
-    QSize size = this->size();
-    if (!sized_)
-        size = body_->wholeSize(extent_.first - foot) + foot;
-    sized_ = true;
-    size = size.expandedTo(needed).boundedTo(most);
+    size = size.expandedTo(needed);
     setMinimumSize(needed);
     if (!extent_.grows.testFlag(Qt::Horizontal))
         setFixedWidth(size.width());
@@ -92,22 +93,38 @@ void Dialog::fitToScreen() {
     resize(size);
 }
 
+void Dialog::fitToScreen() {
+    if (!body_ || isMaximized() || isFullScreen())
+        return;
+    ensurePolished();
+    const QSize most = roomOnScreen();
+    const QSize wanted =
+        sized_ ? size() : body_->wholeSize(extent_.first - footSize()) + footSize();
+    sized_ = true;
+    takeSize(wanted.boundedTo(most), most);
+}
+
 void Dialog::place() {
     centreIn(targetScreen()->availableGeometry(), *this);
 }
 
-// A part that needs more room than before makes the dialog larger.
+// A part that needs more room than before makes the dialog larger; what the user made larger than
+// the screen stays so.
 bool Dialog::event(QEvent* event) {
     const bool handled = QDialog::event(event);
-    if (event->type() == QEvent::LayoutRequest && isVisible())
-        fitToScreen();
+    if (event->type() == QEvent::LayoutRequest && body_ && isVisible() && !isMaximized() &&
+        !isFullScreen())
+        takeSize(size(), roomOnScreen());
     return handled;
 }
 
 void Dialog::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
     if (enter && event->modifiers().testFlag(Qt::ControlModifier) && buttons_.primary)
         buttons_.primary->click();
+    else if (enter && focused)
+        focused->click();
     else
         QDialog::keyPressEvent(event);
 }

@@ -56,8 +56,8 @@ class Dialog : public QDialog {
     Dialog(const char* name, const QString& title, QWidget* parent);
 
     // To be called once, when the controls are made: takes the body over, with the margins of a
-    // dialog around it, and puts the buttons into the footer below it. Only the primary button
-    // answers Enter.
+    // dialog around it, and puts the buttons into the footer below it. Away from the buttons Enter
+    // presses the primary one.
     void layOut(QLayout* body, const Buttons& buttons, const Extent& extent);
 
     // The order in which Tab visits the body; the footer's buttons come behind it.
@@ -91,12 +91,16 @@ class Dialog : public QDialog {
     void guard(QPlainTextEdit& box, const CodePage& codePage, int mostBytes = 0);
 
     bool event(QEvent* event) override;
-    // Ctrl+Enter presses the primary button also where Enter types a line.
+    // Enter presses the button that has the focus, else the primary one; Ctrl+Enter presses the
+    // primary one also where Enter types a line.
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:
     [[nodiscard]] QScreen* targetScreen() const;
+    [[nodiscard]] QSize footSize() const;
+    QSize roomOnScreen();
+    void takeSize(QSize size, const QSize& most);
 
     DialogBody* body_ = nullptr;
     DialogFooter* footer_;

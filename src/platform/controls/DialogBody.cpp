@@ -19,8 +19,13 @@ DialogBody::DialogBody(QLayout* layout, QWidget* parent)
     viewport()->setAutoFillBackground(false);
     content_->setAutoFillBackground(false);
     content_->installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, &connections_,
-            [this](QWidget*, QWidget* now) { bringIntoView(now); });
+    focus_ = connect(qApp, &QApplication::focusChanged, this,
+                     [this](QWidget*, QWidget* now) { bringIntoView(now); });
+}
+
+// The focus leaves its parts while they are taken down.
+DialogBody::~DialogBody() {
+    disconnect(focus_);
 }
 
 void DialogBody::setRoom(const QSize& room) {

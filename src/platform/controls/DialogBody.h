@@ -14,6 +14,7 @@ class DialogBody final : public QScrollArea {
   public:
     // Takes the layout, and all that stands in it, over.
     explicit DialogBody(QLayout* layout, QWidget* parent);
+    ~DialogBody() override;
 
     // The most room that there is on the screen.
     void setRoom(const QSize& room);
@@ -34,8 +35,8 @@ class DialogBody final : public QScrollArea {
     void bringIntoView(QWidget* widget);
 
     QWidget* content_;
+    QMetaObject::Connection focus_;  // tells where the keyboard has gone
     QSize room_;
-    QObject connections_;  // ends them before the focus leaves what is being taken down
 };
 
 }  // namespace velmora
