@@ -54,6 +54,17 @@ std::size_t BarePlanner::fetchDay(const std::string& storedDay) {
     return rows.size();
 }
 
+void BarePlanner::changeFirstRowOf(const std::string& storedDay, const std::string& text) {
+    sqlite3_stmt* statement = prepared(database_,
+                                       R"(UPDATE appoint SET "Desc" = ?2
+           WHERE rowid = (SELECT min(rowid) FROM appoint WHERE "Date" = ?1))");
+    check(sqlite3_bind_text(statement, 1, storedDay.c_str(), -1, SQLITE_STATIC) == SQLITE_OK);
+    check(sqlite3_bind_text(statement, 2, text.c_str(), -1, SQLITE_STATIC) == SQLITE_OK);
+    check(sqlite3_step(statement) == SQLITE_DONE);
+    sqlite3_finalize(statement);
+    check(sqlite3_changes(database_) == 1);
+}
+
 std::size_t BarePlanner::passDays() {
     sqlite3_stmt* statement =
         prepared(database_, R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");

@@ -23,6 +23,9 @@ class BarePlanner {
     // Steps over date and style of all rows. How many there are.
     std::size_t passDays();
 
+    // Commits another text for the first row of a day.
+    void changeFirstRowOf(const std::string& storedDay, const std::string& text);
+
   private:
     sqlite3* database_ = nullptr;
 };

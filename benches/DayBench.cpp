@@ -1,5 +1,8 @@
-// Times how long a day of 200 blocks takes to paint anew, at the scale of the screen.
+// Times how long a day of 200 blocks takes to paint, for the first time and anew, at the scale of
+// the screen; the first time beside a bare painter of the same rectangles and texts.
 
+#include <QPainter>
+#include <QWidget>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -27,8 +30,39 @@ void fill(SSDay& day) {
         std::snprintf(text, sizeof text, "Meeting with First%d Same%08d (312) 555-01%02d", i,
                       i * 7919, i % 100);
         day.Tasks().Add(begin, end, text);
+        day.Tasks().setTagVariant(i, std::to_string(i));
     }
 }
+
+// The yardstick: rectangles and texts where the day has them.
+class BareDay final : public QWidget {
+  public:
+    explicit BareDay(const SSDay& day) : day_(day) {
+        resize(day.size());
+        setFont(day.font());
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Qt::white);
+        painter.setFont(font());
+        for (int i = 0; i < kBlocks; ++i) {
+            const QRect block = day_.blockRect(i);
+            painter.fillRect(block, QColor(220, 230, 250));
+            painter.fillRect(QRect(block.topLeft(), QSize(4, block.height())), Qt::blue);
+            painter.fillRect(QRect(block.center().x() - 11, block.bottom() - 1, 22, 2), Qt::blue);
+            const QRect room = block.adjusted(12, 0, -8, 0);
+            painter.drawText(
+                room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                painter.fontMetrics().elidedText(QString::fromStdString(day_.Tasks().Item(i).text),
+                                                 Qt::ElideRight, room.width()));
+        }
+    }
+
+  private:
+    const SSDay& day_;
+};
 
 int measure() {
     SSDay day(CodePage::western());
@@ -37,18 +71,31 @@ int measure() {
     day.show();
     PaintCounter counter(day);
     counter.awaitFirst();
+    BareDay bareDay(day);
+    bareDay.show();
+    PaintCounter bareCounter(bareDay);
+    bareCounter.awaitFirst();
     const auto [again, first] = medianTimes(
         kRepetitions, [&] { counter.repaint(); },
         [&] {
             day.setTextColor(day.textColor());  // forgets what has been drawn
             counter.repaint();
         });
+    const auto [firstToo, bare] = medianTimes(
+        kRepetitions,
+        [&] {
+            day.setTextColor(day.textColor());
+            counter.repaint();
+        },
+        [&] { bareCounter.repaint(); });
     Report report;
     const double scale = day.devicePixelRatioF();
     char name[64];
     std::snprintf(name, sizeof name, "day-of-200-painted-at-%g", scale);
     report.figure(name, again.count(), "ms", 8);
     report.figure(std::string(name) + "-first", first.count(), "ms");
+    report.figure(std::string(name) + "-first-bare", bare.count(), "ms");
+    report.figure(std::string(name) + "-first-to-bare", firstToo / bare, "times", 3);
     return report.exitCode();
 }
 

@@ -1,8 +1,11 @@
-// Times a planner of 100,000 appointments: opening a day and colouring the calendars beside bare
-// queries of the same rows, and painting the calendars beside those of an empty planner.
-// bench_planner FOLDER: the database is written into that folder.
+// Times a planner of 100,000 appointments: opening a day, colouring the calendars and changing an
+// appointment beside bare statements on the same rows, and painting the calendars beside those of
+// an empty planner. bench_planner FOLDER: the database is written into that folder.
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <chrono>
 #include <iostream>
 #include <optional>
@@ -11,6 +14,7 @@
 #include <vector>
 
 #include "app/PlannerAdapters.h"
+#include "app/PlannerWiring.h"
 #include "benches/AppointmentGenerator.h"
 #include "benches/BarePlanner.h"
 #include "benches/PaintCounter.h"
@@ -21,12 +25,14 @@
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
 #include "platform/SystemClock.h"
+#include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
 #include "platform/controls/SSYear.h"
 #include "platform/qt/Theme.h"
 #include "support/FakePlannerControls.h"
 #include "support/FakeStatusLine.h"
 #include "support/MemorySettings.h"
+#include "support/PlannerFixture.h"
 #include "support/SamePaths.h"
 
 namespace velmora::bench {
@@ -71,7 +77,10 @@ class CountingMonth final : public CountingCalendar<MonthControl> {
 // A planner on a database, with controls that cost nothing.
 class BenchPlanner {
   public:
-    explicit BenchPlanner(const std::string& path) { store_.OpenDatabase(path); }
+    explicit BenchPlanner(const std::string& path) : path_(path) { openAnew(); }
+
+    // All colours are to be read again.
+    void openAnew() { store_.OpenDatabase(path_); }
 
     std::size_t openDay(const std::string& date) {
         month.date = date;
@@ -83,6 +92,7 @@ class BenchPlanner {
     CountingCalendar<YearControl> year;
 
   private:
+    std::string path_;
     const CodePage& codePage_ = CodePage::western();
     SystemClock clock_;
     test::MemorySettings medium_;
@@ -91,7 +101,7 @@ class BenchPlanner {
     test::FakeStatusLine status_;
     test::FakePlannerDesk desk_;
     test::FakeDayControl day_;
-    AppointmentStore store_{codePage_, clock_, test::samePaths()};
+    AppointmentStore store_{codePage_, clock_, test::appointmentSource()};
 
   public:
     Planner planner{store_, {day_, month, year, desk_}, status_, settings_, clock_, formats_};
@@ -129,12 +139,108 @@ void measureColouring(const std::string& path, Report& report) {
     BenchPlanner ours(path);
     BarePlanner bare(path);
     const auto [update, bareUpdate] = medianTimes(
-        kRepetitions, [&] { ours.planner.UpdateDays(); },
+        kRepetitions,
+        [&] {
+            ours.openAnew();
+            ours.planner.UpdateDays();
+        },
         [&] { expect(bare.passDays() == kRows, "the bare rows are wrong"); });
     expect(ours.month.styled == kDays && ours.year.styled == kDays, "the styles are wrong");
     report.figure("update-days-100000", update.count(), "ms");
     report.figure("update-days-100000-bare", bareUpdate.count(), "ms");
     report.figure("update-days-to-bare", update / bareUpdate, "times", 2);
+}
+
+// The real day, month and year on a database; the year is hidden.
+class EditedPlanner {
+  public:
+    explicit EditedPlanner(const std::string& path) {
+        store_.OpenDatabase(path);
+        month.resize(248, 260);
+        day.resize(480, 600);
+        for (QWidget* shown : {static_cast<QWidget*>(&month), static_cast<QWidget*>(&day)})
+            shown->show();
+        connectPlanner({.day = day,
+                        .month = month,
+                        .year = year_,
+                        .yearButton = yearButton_,
+                        .selectedLine = [] { return std::string(); },
+                        .popUpSchedulingMenu = [] {}},
+                       planner_, yearButton_);
+        planner_.SetCalendarStyleSets();
+        planner_.UpdateDays();
+        month.setDate(kToday);
+        expect(day.Tasks().Count() > 0, "the day is empty");
+    }
+
+    // Types into the editor of the first block, which Return then ends.
+    void type() {
+        day.setSelectedIndex(0);
+        send(day, Qt::Key_F2, {});
+        send(*day.findChild<QPlainTextEdit*>(), Qt::Key_X, QStringLiteral("x"));
+    }
+    void pressReturn() { send(*day.findChild<QPlainTextEdit*>(), Qt::Key_Return, {}); }
+
+    [[nodiscard]] std::string text() const { return day.Tasks().Item(0).text; }
+
+  private:
+    static void send(QWidget& widget, Qt::Key key, const QString& text) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(&widget, &press);
+    }
+
+    const LocaleFormats formats_;
+    SystemClock clock_;
+    test::MemorySettings medium_;
+    SettingsStore settings_{medium_};
+    test::FakeStatusLine status_;
+    test::FakePlannerDesk desk_;
+    SSYear year_{formats_, CodePage::western(), kToday};
+    AppointmentStore store_{CodePage::western(), clock_, test::appointmentSource()};
+
+  public:
+    SSMonth month{formats_, CodePage::western(), kToday};
+    SSDay day{CodePage::western()};
+
+  private:
+    QPushButton yearButton_;
+    DayAdapter dayAdapter_{day};
+    MonthAdapter monthAdapter_{month};
+    YearAdapter yearAdapter_{year_};
+    Planner planner_{store_,  {dayAdapter_, monthAdapter_, yearAdapter_, desk_},
+                     status_, settings_,
+                     clock_,  formats_};
+};
+
+// One appointment changed, from the key to the painted month, beside a bare change of its row and
+// a painting of the month.
+void measureEdit(const std::string& path, const std::string& barePath, Report& report) {
+    EditedPlanner ours(path);
+    BarePlanner bare(barePath);
+    PaintCounter month(ours.month);
+    month.awaitFirst();
+    const std::string before = ours.text();
+    std::vector<Milliseconds> edits, bareEdits;
+    for (int i = 0; i <= kRepetitions; ++i) {
+        ours.type();
+        const Milliseconds edit = timeOf([&] {
+            ours.pressReturn();
+            month.repaint();
+        });
+        const Milliseconds bareEdit = timeOf([&] {
+            bare.changeFirstRowOf(storedDay(kToday), "changed " + std::to_string(i));
+            month.repaint();
+        });
+        if (i == 0)
+            continue;  // the first turn does not count
+        edits.push_back(edit);
+        bareEdits.push_back(bareEdit);
+    }
+    expect(ours.text() != before, "nothing was edited");
+    const Milliseconds edit = median(edits), bareEdit = median(bareEdits);
+    report.figure("edit-of-100000", edit.count(), "ms");
+    report.figure("edit-of-100000-bare", bareEdit.count(), "ms");
+    report.figure("edit-to-bare", edit / bareEdit, "times", 3);
 }
 
 template <typename Control>
@@ -187,8 +293,10 @@ int measure(const std::string& folder) {
     Report report;
     measureDays(path, report);
     measureColouring(path, report);
+    writePlanner(folder + "/bare.mdb", kRows);
+    measureEdit(path, folder + "/bare.mdb", report);
     const SystemClock clock;
-    AppointmentStore store(CodePage::western(), clock, test::samePaths());
+    AppointmentStore store(CodePage::western(), clock, test::appointmentSource());
     store.OpenDatabase(path);
     const std::vector<DayStyle> styles = store.DayStyles();
     measureStyling(styles, report);

@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include <QEvent>
 #include <QMessageBox>
 #include <QWidget>
 #include <clocale>
@@ -39,6 +40,13 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         endInOrder("unknown");
     }
     return false;
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() != QEvent::Quit || !endOfSession_)
+        return QApplication::event(event);
+    endOfSession_();
+    return true;
 }
 
 void Application::closePopups() {

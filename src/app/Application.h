@@ -19,14 +19,22 @@ class Application final : public QApplication {
     // one it just ends.
     void setOrderlyEnd(std::function<void()> end) { orderlyEnd_ = std::move(end); }
 
+    // What is done when the desktop session has ended, or anything else tells the toolkit's
+    // application to quit. Without it all windows are closed as by the user.
+    void setEndOfSession(std::function<void()> end) { endOfSession_ = std::move(end); }
+
     // Shows the standard error box.
     static void showError(const QString& text);
+
+  protected:
+    bool event(QEvent* event) override;
 
   private:
     void closePopups();
     void endInOrder(const char* what);
 
     std::function<void()> orderlyEnd_;
+    std::function<void()> endOfSession_;
     bool ending_ = false;
 };
 

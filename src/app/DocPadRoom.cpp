@@ -46,7 +46,7 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       printer_({printing, text_, textFont_, dialog_, world.settings, world.clock, world.locale,
                 world.codePage}),
       docPad_({text_, view_, dialog_, state, world.messages, world.files, world.settings,
-               calendar.status(), printer_, recovery_}),
+               calendar.status(), printer_, recovery_, world.loop}),
       recoveryTimer_([this] { return docPad_.keepInBackground(); }),
       search_(text_, world.codePage, world.messages),
       searchForm_(search_, world.codePage, &calendar),
@@ -55,7 +55,7 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
       clipboardCommands_(focused_, clipboard_),
       fontQuestion_(world.codePage),
       fontCommand_("DocFont", FontCommand::Keeps::NameSizeAndColour, textFont_, fontQuestion_,
-                   world.settings),
+                   world.settings, world.loop),
       phoneLog_(world.locations.programFolder(), world.files, world.clock, world.locale),
       phoneLogViewer_(phoneLog_, docPad_, view_, dialog_, world.messages),
       trashPictures_(*calendar.rail().trash()),
@@ -104,16 +104,17 @@ void DocPadRoom::bindCommands(CommandSet& commands) {
 void DocPadRoom::keepForNextStart() {
     if (docPad_.changed() || recoveryTimer_.waiting())
         docPad_.keepForRecovery();
+}
+
+void DocPadRoom::sealKept() {
     recoveryTimer_.stop();
-    // A question that is open now gets a No when the program ends, which must not clear this away.
     recovery_.seal();
 }
 
 bool DocPadRoom::mayClose() {
     if (!docPad_.mayClose())
         return false;
-    recoveryTimer_.stop();
-    recovery_.seal();
+    sealKept();
     return true;
 }
 

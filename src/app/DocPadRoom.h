@@ -66,13 +66,17 @@ class DocPadRoom {
     void bindCommands(CommandSet& commands);
 
     [[nodiscard]] DocPad& docPad() { return docPad_; }
+    [[nodiscard]] const DocPad& docPad() const { return docPad_; }
     [[nodiscard]] PadText& text() { return text_; }
 
     // See DocPad::mayClose().
     [[nodiscard]] bool mayClose();
 
-    // Keeps unsaved text for the next start, since the program ends without asking.
+    // Keeps unsaved text for the next start, as the program may be about to end.
     void keepForNextStart();
+
+    // What is kept stays as it is from here on, whatever an open box does as the program ends.
+    void sealKept();
 
   private:
     void connect();

@@ -35,7 +35,6 @@ void EntryForms::openEntryForm(EntryEditor& editor) {
 void EntryForms::keepForNextStart() {
     if (keepOpenForm_)
         keepOpenForm_();
-    parts_.recovery.seal();
 }
 
 }  // namespace velmora

@@ -30,7 +30,7 @@ class EntryForms final : public EntryFormOpener {
 
     void openEntryForm(EntryEditor& editor) override;
 
-    // The program ends: what stands in an open form is kept for the next start.
+    // What stands in an open form is kept for the next start, as the program may be about to end.
     void keepForNextStart();
 
   private:

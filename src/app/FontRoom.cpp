@@ -21,9 +21,10 @@ FontRoom::FontRoom(World& world, Calendar& calendar)
       dayFont_(calendar, FontTarget::DayView, world.codePage),
       listFont_(calendar, FontTarget::EntryList, world.codePage),
       // The day view's colour is read at start but never stored.
-      dayCommand_("PlanFont", FontCommand::Keeps::NameAndSize, dayFont_, question_, world.settings),
+      dayCommand_("PlanFont", FontCommand::Keeps::NameAndSize, dayFont_, question_, world.settings,
+                  world.loop),
       listCommand_("ListFont", FontCommand::Keeps::NameSizeAndColour, listFont_, question_,
-                   world.settings) {}
+                   world.settings, world.loop) {}
 
 void FontRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::chsfntcal, [this] { dayCommand_.change(); });

@@ -41,6 +41,9 @@ class PhonebookRoom {
     // Keeps the entry in an open form for the next start.
     void keepForNextStart() { entryForms_.keepForNextStart(); }
 
+    // What is kept stays as it is from here on.
+    void sealKept() { entryRecovery_.seal(); }
+
   private:
     void connect();
 

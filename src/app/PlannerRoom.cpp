@@ -20,6 +20,14 @@
 #include "platform/controls/SSYear.h"
 
 namespace velmora {
+namespace {
+
+constexpr const char* kPlannerIsEmpty =
+    "The planner is empty: type its first appointment into the day view before you schedule with "
+    "an entry.";
+
+}  // namespace
+
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
                                          Schedule& schedule, WeekWindow& week,
                                          std::function<void(const std::string&)> endProgram)
@@ -58,8 +66,9 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       week_(world, month_, calendar),
       desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
       opener_(accessReader_, world.messages, world.codePage, world.files),
-      store_(world.codePage, world.clock, world.files),
-      countingStore_(world.codePage, world.clock, world.files, std::chrono::milliseconds(0)),
+      source_(world.files),
+      store_(world.codePage, world.clock, source_),
+      countingStore_(world.codePage, world.clock, source_, std::chrono::milliseconds(0)),
       count_(store_, countingStore_),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
@@ -100,6 +109,8 @@ void PlannerRoom::connectControls() {
     for (const Pane pane : {Pane::Planner, Pane::Phonebook, Pane::Dialer})
         QObject::connect(calendar_.rail().paneButton(pane), &PaneButton::entryDropped,
                          &connections_, [this] { popUpSchedulingMenu(); });
+    QObject::connect(column.list(), &EntryList::dragBegins, &connections_,
+                     [this] { warnOfEmptyPlanner(); });
     QObject::connect(&scheduleForm_, &Schedule::applied, &connections_, [this] {
         commitEditors();  // the new appointment loads the day anew
         scheduling_.OnApplied();
@@ -122,6 +133,11 @@ void PlannerRoom::makeSchedulingMenu() {
 
 QList<QAction*> PlannerRoom::schedulingCommands() const {
     return Chmenu->actions();
+}
+
+void PlannerRoom::warnOfEmptyPlanner() {
+    if (count_.isEmpty())
+        calendar_.status().show(kPlannerIsEmpty);
 }
 
 void PlannerRoom::popUpSchedulingMenu() {

@@ -23,6 +23,7 @@
 #include "planner/Scheduling.h"
 #include "planner/forms/Schedule.h"
 #include "planner/forms/YearPane.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
 
 class QAction;
@@ -75,6 +76,10 @@ class PlannerRoom {
     // The nine commands of the scheduling menu.
     [[nodiscard]] QList<QAction*> schedulingCommands() const;
 
+    // The user is about to schedule something, which does not work in an empty planner: the status
+    // line says so.
+    void warnOfEmptyPlanner();
+
     // Steps of the start-up list.
     void openDatabase();
     void setDayLimits() { planner_.SetTimeLimits(); }
@@ -109,6 +114,7 @@ class PlannerRoom {
 
     access::ChildAccessReader accessReader_;
     PlannerOpener opener_;
+    SqliteAppointmentSource source_;
     AppointmentStore store_;
     AppointmentStore countingStore_;
     AppointmentCount count_;

@@ -51,7 +51,8 @@ Program::Program(const NativePath& nativeProgramFolder)
                              if (commands_.isBound(name))
                                  commands_.run(name);
                          },
-                     .scheduling = planner_.schedulingCommands()}),
+                     .scheduling = planner_.schedulingCommands(),
+                     .schedulingShown = [this] { planner_.warnOfEmptyPlanner(); }}),
       startUp_(state_, calendar_, world_.settings, windowRoom_.clockLine(), windowRoom_.tray(),
                world_.clock, world_.locale,
                {.watchMenus = [this] { windowRoom_.watchMenus(); },
@@ -68,6 +69,11 @@ Program::Program(const NativePath& nativeProgramFolder)
                   .mayClose = [this] { return docPad_.mayClose(); },
                   .keepText = [this] { docPad_.keepForNextStart(); },
                   .keepForms = [this] { phonebook_.keepForNextStart(); },
+                  .sealKept =
+                      [this] {
+                          docPad_.sealKept();
+                          phonebook_.sealKept();
+                      },
                   .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.shape()); },
                   .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
@@ -92,6 +98,19 @@ void Program::close() {
 void Program::endWithoutAsking() {
     closeDown_.runWithoutAsking();
     QCoreApplication::exit(0);
+}
+
+bool Program::hasToAsk() const {
+    return !ended() && docPad_.docPad().changed();
+}
+
+bool Program::askBeforeSessionEnd() {
+    return docPad_.docPad().mayEnd();
+}
+
+void Program::endWithSession() {
+    docPad_.docPad().dropGivenUp();
+    endWithoutAsking();
 }
 
 void Program::bindCommands() {

@@ -52,8 +52,16 @@ class Program {
     // Ends the event loop without a question: what is unsaved is kept for the next start.
     void endWithoutAsking();
 
-    // Keeps what is unsaved for the next start, when nothing can be shown any more.
+    // Keeps what is unsaved for the next start. The program may go on.
     void keepAll() { closeDown_.keepAll(); }
+
+    // The end of the desktop session, in two steps, since it may still be called off between them.
+    // The question about unsaved text comes first, where there is one and it can be asked; false
+    // when the session is to go on.
+    [[nodiscard]] bool hasToAsk() const;
+    [[nodiscard]] bool askBeforeSessionEnd();
+    // The session has ended: as endWithoutAsking(), but for a text that the user did not want.
+    void endWithSession();
 
     // True once the program has begun to end.
     [[nodiscard]] bool ended() const { return closeDown_.done(); }

@@ -1,5 +1,6 @@
 #include "app/Start.h"
 
+#include <QScopeGuard>
 #include <QSessionManager>
 #include <csignal>
 #include <cstdlib>
@@ -26,13 +27,14 @@ void quitAfterFirstPaintIfWanted(Program& program) {
                      Qt::QueuedConnection);
 }
 
-// The session ends: the user is asked where the session manager lets us.
+// The session manager wants everything on the disk. The toolkit does not say whether the session is
+// to end then or to go on, and even an end may still be called off by another program. So nothing
+// ends here: the session manager tells us to quit when it comes to that.
 void answerSessionManager(Program& program, QSessionManager& manager) {
-    if (!manager.allowsInteraction())
-        return program.endWithoutAsking();
-    program.close();
-    if (!program.ended())
+    if (program.hasToAsk() && manager.allowsInteraction() && !program.askBeforeSessionEnd())
         manager.cancel();
+    if (!program.ended())
+        program.keepAll();
 }
 
 // When the display is lost the toolkit ends the process by itself; nothing but what was registered
@@ -71,6 +73,11 @@ int runVelmora(int argc, char** argv) {
         Program program;
         applyStyleSheet(application);
         application.setOrderlyEnd([&program] { program.close(); });
+        application.setEndOfSession([&program] { program.endWithSession(); });
+        const auto forgetProgram = qScopeGuard([&application] {
+            application.setOrderlyEnd({});
+            application.setEndOfSession({});
+        });
         const EndSignals endSignals([&program] { program.endWithoutAsking(); });
         QObject::connect(
             &application, &Application::commitDataRequest, &application,

@@ -5,7 +5,8 @@ namespace velmora {
 WeekWindow::WeekWindow(World& world, const MonthControl& month, QWidget& window)
     : world_(world),
       window_(window),
-      load_(world.locations, world.files, world.codePage, month, world.clock, world.locale) {}
+      source_(world.files),
+      load_(world.locations, source_, world.codePage, month, world.clock, world.locale) {}
 
 void WeekWindow::present() {
     if (!form_)

@@ -5,6 +5,7 @@
 #include "app/World.h"
 #include "planner/WeekLoad.h"
 #include "planner/forms/WeekataGlance.h"
+#include "planner/sqlite/SqliteAppointments.h"
 
 namespace velmora {
 
@@ -22,6 +23,7 @@ class WeekWindow {
   private:
     World& world_;
     QWidget& window_;
+    SqliteAppointmentSource source_;
     WeekLoad load_;
     std::unique_ptr<WeekataGlance> form_;
 };

@@ -36,6 +36,7 @@ void CloseDown::keepAll() {
 }
 
 void CloseDown::finish() {
+    ignoringErrors(parts_.sealKept);
     // Without it the window opens as before: not worth a question at the end.
     ignoringErrors(parts_.keepWindow);
     ignoringErrors(parts_.endScans);

@@ -48,6 +48,7 @@ DocPad::DocPad(const Parts& parts) : parts_(parts) {
     parts_.text.onChange([this] {
         parts_.state.DocPadDirty = 1;
         keptBehind_ = true;
+        givenUp_ = false;
     });
 }
 
@@ -55,7 +56,8 @@ void DocPad::New() {
     if (printing_)
         return;
     if (changed()) {
-        if (parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes) && !print())
+        const bool printFirst = parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes);
+        if (parts_.loop.closing() || (printFirst && !print()))
             return;
         parts_.state.DocPadDirty = 0;
     }
@@ -69,6 +71,8 @@ void DocPad::Open() {
     if (printing_ || (changed() && !mayReplaceText()))
         return;
     parts_.dialog.showOpen();
+    if (parts_.loop.closing())
+        return;
     const std::string name = parts_.dialog.fileName();
     if (!name.empty()) {
         try {
@@ -88,6 +92,8 @@ void DocPad::Open() {
 
 bool DocPad::Save() {
     const bool chosen = parts_.dialog.showSave();
+    if (parts_.loop.closing())
+        return false;
     const std::string name = parts_.dialog.fileName();
     if (name.empty()) {
         parts_.state.DocPadDirty = 0;
@@ -138,6 +144,8 @@ void DocPad::offerRecovery() {
             takeBack(kept);
             return;
         }
+        if (parts_.loop.closing())
+            return;
         ignoringErrors([&] { parts_.recovery.forget(kept); });
     }
 }
@@ -194,11 +202,29 @@ void DocPad::tellingOfRecovery(const std::function<void()>& work) {
 bool DocPad::mayClose() {
     if (changed() && parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes) && !Save())
         return false;
+    if (parts_.loop.closing())
+        return false;
     ignoringErrors([&] { parts_.recovery.discard(); });
     parts_.state.DocPadDirty = 0;
     parts_.view.setTitle(kUntitled);
     parts_.dialog.setFileName("");
     return true;
+}
+
+bool DocPad::mayEnd() {
+    if (!changed())
+        return true;
+    if (parts_.messages.ask(kSaveTitle, kSaveQuestion, Answer::Yes))
+        return Save();
+    givenUp_ = !parts_.loop.closing();
+    return givenUp_;
+}
+
+void DocPad::dropGivenUp() {
+    if (!givenUp_)
+        return;
+    parts_.state.DocPadDirty = 0;
+    ignoringErrors([&] { parts_.recovery.discard(); });
 }
 
 bool DocPad::loadFile(const std::string& path) {

@@ -11,6 +11,7 @@
 #include "docpad/PadPrinter.h"
 #include "docpad/PadText.h"
 #include "docpad/RecoveryFile.h"
+#include "platform/EventLoop.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
 #include "platform/StatusLine.h"
@@ -32,6 +33,9 @@ inline constexpr int kMaximisedWidth = 8000;
 //
 // A file that can not be read, written or deleted brings the standard error box; the text is then
 // as it was.
+//
+// A dialog or a question that the end of the program closes is not answered: the command ends
+// there, and neither writes nor reads a file, nor changes text or settings.
 class DocPad {
   public:
     // Everything that DocPad works on. All of it must outlive DocPad.
@@ -46,6 +50,7 @@ class DocPad {
         StatusLine& status;
         PadPrinter& printer;
         RecoveryFile& recovery;
+        const EventLoop& loop;
     };
 
     // Listens to the changes of the text from here on.
@@ -62,7 +67,7 @@ class DocPad {
 
     // Always shows the dialog; a cancelled one writes to the present name, and then what the file
     // held is kept beside it under the name with "~" behind. The text is followed by CR LF in the
-    // file. Returns false only when the file could not be written.
+    // file. Returns false only when the file could not be written or the program ends meanwhile.
     bool Save();
 
     void Print();
@@ -83,8 +88,16 @@ class DocPad {
     [[nodiscard]] bool keepInBackground();
 
     // The question before the program ends. False when the text should have been saved and could
-    // not: the program must go on. Otherwise DocPad is left without changes, title and name.
+    // not: the program must go on; and when the program ends by itself meanwhile. Otherwise DocPad
+    // is left without changes, title and name.
     [[nodiscard]] bool mayClose();
+
+    // The same question where the end may still be called off: the text stays as it is, and a No
+    // counts until the text changes. False when the program must go on.
+    [[nodiscard]] bool mayEnd();
+
+    // The end that mayEnd() asked about has come: a text that got a No is kept no more.
+    void dropGivenUp();
 
     // Puts a file's text in place of the present one, for Open and the viewer of the phone log.
     // False when it is longer than kLongestText; nothing is changed then. Throws Failure.
@@ -107,6 +120,7 @@ class DocPad {
 
     Parts parts_;
     bool printing_ = false;    // events run meanwhile, and New would drop the text unprinted
+    bool givenUp_ = false;     // the user does not want the present text saved
     bool keptBehind_ = false;  // what is kept for recovery is not the present text
 };
 

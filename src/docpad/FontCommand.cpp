@@ -22,6 +22,8 @@ std::string decimal(double number) {
 void FontCommand::change() {
     const ControlFont now = target_.font();
     const ControlFont chosen = dialog_.choose(now, kSmallest, kLargest).value_or(now);
+    if (loop_.closing())
+        return;
     target_.setFont(chosen);
     settings_.batch([&] {
         settings_.Save(key_, chosen.name);

@@ -4,6 +4,7 @@
 
 #include "core/ControlFont.h"
 #include "core/SettingsStore.h"
+#include "platform/EventLoop.h"
 
 namespace velmora {
 
@@ -14,15 +15,17 @@ class FontCommand {
     enum class Keeps { NameSizeAndColour, NameAndSize };
 
     FontCommand(std::string key, Keeps keeps, FontHolder& target, FontQuestion& dialog,
-                SettingsStore& settings)
+                SettingsStore& settings, const EventLoop& loop)
         : key_(std::move(key)),
           keeps_(keeps),
           target_(target),
           dialog_(dialog),
-          settings_(settings) {}
+          settings_(settings),
+          loop_(loop) {}
 
     // Asks for a font of 4 to 14 points, applies it and saves it. After a cancelled dialog the
-    // present font is applied and saved all the same. Throws Failure when it can not be saved.
+    // present font is applied and saved all the same; one that the end of the program closes
+    // changes nothing. Throws Failure when it can not be saved.
     void change();
 
   private:
@@ -31,6 +34,7 @@ class FontCommand {
     FontHolder& target_;
     FontQuestion& dialog_;
     SettingsStore& settings_;
+    const EventLoop& loop_;
 };
 
 }  // namespace velmora

@@ -10,7 +10,7 @@
 
 #include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
-#include "docpad/ControlFont.h"
+#include "core/ControlFont.h"
 #include "docpad/LetterHead.h"
 #include "docpad/PadText.h"
 #include "docpad/Signature.h"

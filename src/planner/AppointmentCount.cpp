@@ -17,4 +17,15 @@ int AppointmentCount::of(std::chrono::year_month_day day) {
     return count;
 }
 
+bool AppointmentCount::isEmpty() {
+    bool empty = false;
+    ignoringErrors([&] {
+        own_.OpenDatabase(store_.path());
+        own_.SelectAll();
+        own_.Refresh();
+        empty = own_.Eof() && !own_.obstacle();
+    });
+    return empty;
+}
+
 }  // namespace velmora

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-// Counts the appointments of a day, for those who can not see them. It looks into the database of
-// another store and leaves that store's cursor alone.
+// Counts the appointments of a day, for those who can not see them, and tells whether there is any.
+// It looks into the database of another store and leaves that store's cursor alone.
 class AppointmentCount {
   public:
     // `store` gives the database of the moment. `own` is used for nothing else; it should wait for
@@ -17,6 +17,9 @@ class AppointmentCount {
 
     // 0 also where the database can not be read.
     [[nodiscard]] int of(std::chrono::year_month_day day);
+
+    // True when no day has an appointment; false where that can not be read.
+    [[nodiscard]] bool isEmpty();
 
   private:
     const AppointmentStore& store_;

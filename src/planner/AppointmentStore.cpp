@@ -36,12 +36,14 @@ std::string shownForm(Column column, const AppointmentValue& value) {
 }  // namespace
 
 AppointmentStore::AppointmentStore(const CodePage& codePage, const Clock& clock,
-                                   const SystemPaths& paths, std::chrono::milliseconds patience)
-    : codePage_(codePage), clock_(clock), paths_(paths), patience_(patience) {}
+                                   const AppointmentSource& source,
+                                   std::chrono::milliseconds patience)
+    : codePage_(codePage), clock_(clock), source_(source), patience_(patience) {}
 
 void AppointmentStore::OpenDatabase(const std::string& path) {
     dropEditing();
     connection_.reset();
+    knownVersion_.reset();
     path_ = path;
     mustRun_ = false;
     dropRows();
@@ -177,10 +179,13 @@ void AppointmentStore::Update() {
             throw Failure("No appointment is being added or changed.");
         case Editing::Addition:
             connection().add(putInUtf8());
+            touch(put_[static_cast<std::size_t>(Column::Date)].value_or(std::nullopt));
             break;
         case Editing::Change:
             (void)connection();
             connection_->change(current().number, putInUtf8());
+            touch(current()[Column::Date]);
+            touch(put_[static_cast<std::size_t>(Column::Date)].value_or(std::nullopt));
             for (std::size_t i = 0; i < kColumnCount; ++i)
                 if (put_[i])
                     current().values[i] = std::move(*put_[i]);
@@ -195,21 +200,63 @@ void AppointmentStore::Delete() {
     (void)connection();
     const std::int64_t number = current().number;
     connection_->remove(number);
+    touch(current()[Column::Date]);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(position_));
     if (position_ >= rows_.size() && moreBehind_)
         fetchBehind(number, kBlock);
 }
 
+void AppointmentStore::Add(const Appointment& appointment) {
+    AddNew();
+    Put(Column::TagVariant, storedMoment(appointment.tag));
+    Put(Column::Date, appointment.day ? writeDate(*appointment.day) : std::string());
+    Put(Column::BeginTime, appointment.begin);
+    Put(Column::EndTime, appointment.end);
+    Put(Column::Desc, appointment.text);
+    Put(Column::StyleSet, appointment.style);
+    Update();
+}
+
+void AppointmentStore::touch(const AppointmentValue& storedDay) {
+    if (storedDay && knownVersion_)
+        touched_.insert(*storedDay);
+}
+
+void AppointmentStore::expectDay(std::string_view dateText) {
+    if (const auto day = readDate(dateText, presentYear()))
+        touch(storedDay(*day));
+}
+
 std::vector<DayStyle> AppointmentStore::DayStyles() {
+    return readStyles(true);
+}
+
+std::vector<DayStyle> AppointmentStore::NewDayStyles() {
+    return readStyles(false);
+}
+
+// The version is read before the rows: what is written in between is seen the next time, again.
+std::vector<DayStyle> AppointmentStore::readStyles(bool all) {
     SelectAll();
     Refresh();
     mustRun_ = false;
     DayStyleCollector collector(codePage_);
+    const auto collect = [&](std::string_view date, std::string_view style) {
+        collector.add(date, style);
+    };
     try {
-        connection().visitDays(
-            [&](std::string_view date, std::string_view style) { collector.add(date, style); });
+        AppointmentConnection& table = connection();
+        const std::int64_t version = table.version();
+        if (all || knownVersion_ != version)
+            table.visitStyles(collect);
+        else
+            for (const std::string& day : touched_)
+                table.visitStylesOf(day, collect);
+        knownVersion_ = version;
+        touched_.clear();
     } catch (const Failure& failure) {
         takeNote(failure);
+        knownVersion_.reset();
     }
     return collector.result();
 }
@@ -217,10 +264,11 @@ std::vector<DayStyle> AppointmentStore::DayStyles() {
 AppointmentConnection& AppointmentStore::connection() {
     if (connection_ && !connection_->stillMeant()) {
         connection_.reset();
+        knownVersion_.reset();
         dropRows();  // their numbers mean other rows in the new file
     }
     if (!connection_)
-        connection_ = std::make_unique<AppointmentConnection>(paths_.nativePath(path_), patience_);
+        connection_ = source_.open(path_, patience_);
     return *connection_;
 }
 

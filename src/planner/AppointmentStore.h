@@ -5,10 +5,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "planner/Appointment.h"
 #include "planner/AppointmentConnection.h"
 #include "planner/AppointmentRow.h"
 #include "planner/DayStyle.h"
@@ -16,7 +18,6 @@
 #include "platform/CodePage.h"
 #include "platform/Patience.h"
 #include "platform/StorageFailure.h"
-#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -30,7 +31,7 @@ namespace velmora {
 class AppointmentStore {
   public:
     // `patience`: how long another program's lock is waited for, however many steps meet it.
-    AppointmentStore(const CodePage& codePage, const Clock& clock, const SystemPaths& paths,
+    AppointmentStore(const CodePage& codePage, const Clock& clock, const AppointmentSource& source,
                      std::chrono::milliseconds patience = std::chrono::milliseconds(200));
 
     // Makes `path` the database, whether a file is there or not. The rows on hand are gone.
@@ -88,6 +89,9 @@ class AppointmentStore {
     // Throws Failure, with nothing written, and the row is then still being added or changed.
     void Update();
 
+    // A new row in one step. Throws Failure, with nothing written.
+    void Add(const Appointment& appointment);
+
     // Removes the current row and stands on the next. Throws Failure without one.
     void Delete();
 
@@ -96,6 +100,13 @@ class AppointmentStore {
     // are passed over. The source is then all rows, the position behind the last. Where reading
     // fails, nothing is thrown and there are the days read so far.
     [[nodiscard]] std::vector<DayStyle> DayStyles();
+
+    // The same without the days that can not have changed since the last call of either. What
+    // others have written to the database since counts, too.
+    [[nodiscard]] std::vector<DayStyle> NewDayStyles();
+
+    // NewDayStyles() shall have this day, whether it has changed or not.
+    void expectDay(std::string_view dateText);
 
   private:
     // A record source: its rows have `value` in the column of its condition.
@@ -114,6 +125,8 @@ class AppointmentStore {
     [[nodiscard]] std::chrono::year presentYear() const;
     void run();
     void fetchBehind(std::int64_t number, std::size_t limit);
+    [[nodiscard]] std::vector<DayStyle> readStyles(bool all);
+    void touch(const AppointmentValue& storedDay);
     void dropRows();
     void takeNote(const Failure& failure);
     [[nodiscard]] AppointmentRow& current();
@@ -123,7 +136,7 @@ class AppointmentStore {
 
     const CodePage& codePage_;
     const Clock& clock_;
-    const SystemPaths& paths_;
+    const AppointmentSource& source_;
     Patience patience_;
     std::string path_;
     std::unique_ptr<AppointmentConnection> connection_;
@@ -136,6 +149,9 @@ class AppointmentStore {
     bool moreBehind_ = false;           // there may be rows behind those on hand
     std::vector<AppointmentRow> rows_;  // in code-page text
     std::size_t position_ = 0;
+
+    std::set<std::string> touched_;             // days whose styles may be others now, as stored
+    std::optional<std::int64_t> knownVersion_;  // of the table whose styles are known otherwise
 
     Editing editing_ = Editing::Nothing;
     AppointmentConnection::Values put_;  // in code-page text

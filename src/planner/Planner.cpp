@@ -67,7 +67,7 @@ void Planner::SetTimeLimits() {
 }
 
 void Planner::UpdateDays() {
-    const std::vector<DayStyle> days = store_.DayStyles();
+    const std::vector<DayStyle> days = store_.NewDayStyles();
     ignoringErrors([&] { year_.SetDayStyles(days); });
     ignoringErrors([&] { month_.SetDayStyles(days); });
     coloursAreUnread_ = store_.obstacle().has_value();
@@ -197,6 +197,7 @@ void Planner::OnTaskRemove() {
     ignoringErrors([&] { task = day_.Task(day_.SelectedTask()); });
     try {
         removeRow(task.TagVariant);
+        store_.expectDay(month_.Date());  // other rows of it colour it again
         ignoringErrors([&] { year_.SetDayStyle(month_.Date(), kNoStyle); });
         ignoringErrors([&] { month_.SetDayStyle(month_.Date(), kNoStyle); });
     } catch (const Failure& failure) {

@@ -54,7 +54,7 @@ class Planner {
     // First and last time of the day view, from "PlannerEnd" and "PlannerStart".
     void SetTimeLimits();
 
-    // Colours all days that hold rows. Clears none.
+    // Colours all days that hold rows, as a walk over all of them would. Clears none.
     void UpdateDays();
 
     // Fills the day view with the rows of SelectedDate(). An open editor must have ended before.
@@ -106,7 +106,7 @@ class Planner {
     void writeTask(int index);
     void beginAddition(int index);
     void beginChange(int index);
-    void addRow(std::chrono::year_month_day day, const DayTask& task, const std::string& tag);
+    void addRow(std::chrono::year_month_day day, const DayTask& task, Moment tag);
     void storeAgain();
     [[nodiscard]] bool hasUnstoredBlocks() const;
     void removeRow(const std::string& tag);

@@ -29,6 +29,7 @@ CREATE TABLE appoint (
     "StyleSet" TEXT
 );
 CREATE INDEX appoint_date ON appoint ("Date");
+CREATE INDEX appoint_day ON appoint ("Date", "StyleSet");
 CREATE INDEX appoint_tag ON appoint ("TagVariant");
 )";
 

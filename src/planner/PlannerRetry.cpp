@@ -59,15 +59,9 @@ void Planner::showUnstored() {
     }
 }
 
-void Planner::addRow(year_month_day day, const DayTask& task, const std::string& tag) {
-    store_.AddNew();
-    store_.Put(Column::TagVariant, tag);
-    store_.Put(Column::Date, writeDate(day));
-    store_.Put(Column::BeginTime, task.BeginTime);
-    store_.Put(Column::EndTime, task.EndTime);
-    store_.Put(Column::Desc, task.text);
-    store_.Put(Column::StyleSet, kStyleOfAppointments);
-    store_.Update();
+void Planner::addRow(year_month_day day, const DayTask& task, Moment tag) {
+    store_.Add(
+        {.tag = tag, .day = day, .begin = task.BeginTime, .end = task.EndTime, .text = task.text});
 }
 
 // The first that fails ends it: what stands in its way stands in that of all.
@@ -75,12 +69,12 @@ void Planner::storeAgain() {
     blocksAreUnstored_ = hasUnstoredBlocks();
     if (!blocksAreUnstored_ && unstored_.empty())
         return;
-    const std::string tag = storedMoment(clock_.now());
+    const Moment tag = clock_.now();
     try {
         for (int index = 0; dayOnShow_ && index < day_.TaskCount(); ++index)
             if (const DayTask task = day_.Task(index); task.TagVariant.empty()) {
                 addRow(*dayOnShow_, task, tag);
-                day_.SetTaskTag(index, tag);
+                day_.SetTaskTag(index, storedMoment(tag));
             }
         blocksAreUnstored_ = false;
         while (!unstored_.empty()) {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "planner/EventBooking.h"
-#include "planner/StoredText.h"
+#include "platform/DateText.h"
 #include "platform/StorageFailure.h"
 #include "platform/Text.h"
 
@@ -12,6 +12,20 @@ namespace velmora {
 namespace {
 
 constexpr int kMostTries = 10;  // five seconds
+constexpr const char* kNoAppointmentYet =
+    "There is no current appointment. Type the first appointment of a new planner into the day "
+    "view.";
+
+// The very first row comes from the day view.
+void goToFirst(AppointmentStore& store) {
+    try {
+        store.MoveFirst();
+    } catch (const Failure& failure) {
+        if (obstacleOf(failure) == Obstacle::NoSuchRow)
+            throw Failure(kNoAppointmentYet);
+        throw;
+    }
+}
 
 }  // namespace
 
@@ -25,6 +39,8 @@ void Scheduling::Start(ScheduleCommand command) {
             parts_.messages
                 .askText("Schedule Other...", "What would you like to schedule?", "Other Event")
                 .value_or("");
+    if (parts_.loop.closing())
+        return;  // the end of the program has closed the question
     waiting_.push_back({.command = command, .answer = std::move(answer)});
     parts_.desk.OpenSchedule();
 }
@@ -86,10 +102,10 @@ void Scheduling::run(Waiting& waiting) {
     texts.ScheduleEnd = formatTimeText(texts.ScheduleEnd, "hh:mm AMPM", parts_.formats);
 
     if (!waiting.booked)
-        waiting.booked = writeDateReference(
-            parts_.entries, parts_.shared.BookFile,
-            BookedName::ofListLine(parts_.desk.SelectedLine()),
-            parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
+        waiting.booked =
+            writeDateReference(parts_.entries, parts_.shared.BookFile,
+                               BookedName::ofListLine(parts_.desk.SelectedLine()),
+                               parts_.planner.SelectedDate() + ", " + texts.ScheduleBegin);
     const PhonebookRecord& record = *waiting.booked;
     parts_.desk.SetCurrentEntry(record);
     addAppointment(beginningOf(waiting) + nameForAppointment(record) + " " +
@@ -111,15 +127,13 @@ void Scheduling::addAppointment(const std::string& description) {
     AppointmentStore& store = parts_.appointments;
     store.SelectAll();
     store.Refresh();
-    store.MoveFirst();  // fails on an empty table: the very first row comes from the day view
-    store.AddNew();
-    store.Put(Column::TagVariant, storedMoment(parts_.clock.now()));
-    store.Put(Column::Date, parts_.month.Date());
-    store.Put(Column::BeginTime, parts_.texts.ScheduleBegin);
-    store.Put(Column::EndTime, parts_.texts.ScheduleEnd);
-    store.Put(Column::Desc, description);
-    store.Put(Column::StyleSet, kStyleOfAppointments);
-    store.Update();
+    goToFirst(store);
+    const Moment now = parts_.clock.now();
+    store.Add({.tag = now,
+               .day = readDate(parts_.month.Date(), dateOf(now).year()),
+               .begin = parts_.texts.ScheduleBegin,
+               .end = parts_.texts.ScheduleEnd,
+               .text = description});
     store.Refresh();
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/controls/models/DayTasks.h"
+#include "platform/calendar/DayTasks.h"
 
 namespace velmora {
 

@@ -32,11 +32,11 @@ bool loadDay(AppointmentStore& store, WeekView& view, int day) {
 
 }  // namespace
 
-WeekLoad::WeekLoad(const DataLocations& locations, const SystemPaths& paths,
+WeekLoad::WeekLoad(const DataLocations& locations, const AppointmentSource& source,
                    const CodePage& codePage, const MonthControl& month, const Clock& clock,
                    const LocaleFormats& formats)
     : locations_(locations),
-      paths_(paths),
+      source_(source),
       codePage_(codePage),
       month_(month),
       clock_(clock),
@@ -45,7 +45,7 @@ WeekLoad::WeekLoad(const DataLocations& locations, const SystemPaths& paths,
 bool WeekLoad::Load(WeekView& view, Locks locks) const {
     using std::chrono::days;
     using std::chrono::local_days;
-    AppointmentStore store(codePage_, clock_, paths_);
+    AppointmentStore store(codePage_, clock_, source_);
     std::optional<Patience::Suspended> impatient;
     if (locks == Locks::PassBy)
         impatient.emplace(store.patience());

@@ -8,7 +8,6 @@
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
-#include "platform/SystemPaths.h"
 
 namespace velmora {
 
@@ -40,8 +39,9 @@ class WeekView {
 class WeekLoad {
   public:
     // All must outlive this object.
-    WeekLoad(const DataLocations& locations, const SystemPaths& paths, const CodePage& codePage,
-             const MonthControl& month, const Clock& clock, const LocaleFormats& formats);
+    WeekLoad(const DataLocations& locations, const AppointmentSource& source,
+             const CodePage& codePage, const MonthControl& month, const Clock& clock,
+             const LocaleFormats& formats);
 
     // Whether a lock of another program is waited for, for a moment.
     enum class Locks { WaitFor, PassBy };
@@ -53,7 +53,7 @@ class WeekLoad {
 
   private:
     const DataLocations& locations_;
-    const SystemPaths& paths_;
+    const AppointmentSource& source_;
     const CodePage& codePage_;
     const MonthControl& month_;
     const Clock& clock_;

@@ -20,8 +20,9 @@ struct FileQuestion {
 // The two answers to a question.
 enum class Answer { Yes, No };
 
-// Talks to the user in boxes that wait for the answer. Texts are code-page text, shown as they
-// are: no mark-up, no access keys.
+// Talks to the user in boxes that wait for the answer. The end of the program closes them all; what
+// they return then is no answer, and EventLoop::closing() tells it. Texts are code-page text, shown
+// as they are: no mark-up, no access keys.
 class Messages {
   public:
     virtual ~Messages() = default;

@@ -37,7 +37,7 @@ std::optional<std::string> askForBarcode(Messages& messages) {
             "Barcode Formatter", "Please enter a 5 or 9 digit ZIP code:\rEx: 11741-0189", "");
         if (!zip || zip->empty())
             return std::nullopt;
-        if (const auto barcode = barcodeOf(*zip))
+        if (auto barcode = barcodeOf(*zip))
             return barcode;
         if (dashIsMissing(*zip))
             messages.warn("I N V A L I D", "Invalid ZIP Code! Make sure that you include the dash");

@@ -50,6 +50,15 @@ TEST(Application, AFatalFailureIsShownInItsOwnWordsAndTheProgramEndsInOrder) {
     application().setOrderlyEnd(nullptr);
 }
 
+TEST(Application, TheEndOfTheSessionIsLeftToTheProgram) {
+    int ends = 0;
+    application().setEndOfSession([&] { ++ends; });
+    QEvent quit(QEvent::Quit);
+    EXPECT_TRUE(QCoreApplication::sendEvent(qApp, &quit));
+    EXPECT_EQ(ends, 1);
+    application().setEndOfSession({});
+}
+
 TEST(Application, AnyOtherErrorIsShownAndTheProgramEndsInOrder) {
     int ends = 0;
     application().setOrderlyEnd([&] { ++ends; });

@@ -14,6 +14,7 @@
 
 #include "core/CommandTable.h"
 #include "core/forms/Rail.h"
+#include "core/forms/StatusBar.h"
 #include "forms/Widgets.h"
 #include "phonebook/PhonebookRecord.h"
 #include "phonebook/forms/Form4.h"
@@ -132,6 +133,24 @@ TEST_F(ProgramTest, EndsWhileTheTrashMoves) {
               });
 }
 
+TEST_F(ProgramTest, AnEmptyPlannerIsToldAsSoonAsAnEntryIsDragged) {
+    start();
+    EntryList& list = inWindow<EntryList>("List1");
+    StatusBar& status = program->window().status();
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(),
+              "The planner is empty: type its first appointment into the day view before you "
+              "schedule with an entry.");
+    SSDay& day = program->window().day();
+    day.setFocus();
+    QTest::keyClicks(&day, "Tea");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    ASSERT_FALSE(day.isEditing());
+    status.show("");
+    emit list.dragBegins();
+    EXPECT_EQ(status.text(), "");
+}
+
 TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     PhonebookRecord record;
     record.assign(Field::First, "Ann");
@@ -151,6 +170,7 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     pad.setBytes("");
     QMimeData entry;
     entry.setData(QLatin1String(kEntryFormat), "Adair, Ann");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), entry));
     EXPECT_TRUE(test::dropOn(*pad.viewport(), entry));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
     EXPECT_EQ(pad.bytes(), "Ann Adair\r\n1 Lake Road\r\n\r\n");
@@ -160,6 +180,7 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     pad.setBytes("");
     QMimeData task;
     task.setData(QLatin1String(kTaskFormat), "Buy milk");
+    EXPECT_TRUE(test::dragOver(*pad.viewport(), task));
     EXPECT_TRUE(test::dropOn(*pad.viewport(), task));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
     EXPECT_EQ(pad.bytes(), "Buy milk\r\n");

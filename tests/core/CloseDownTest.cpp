@@ -42,6 +42,11 @@ class CloseDownTest : public ::testing::Test {
                                  log.emplace_back("forms");
                                  throw Failure("full");
                              },
+                         .sealKept =
+                             [this] {
+                                 log.emplace_back("seal");
+                                 throw Failure("sealed");
+                             },
                          .keepWindow =
                              [this] {
                                  log.emplace_back("keep");
@@ -58,21 +63,21 @@ TEST_F(CloseDownTest, RunsItsStepsOnceInOrderWhateverFails) {
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.run());
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "forms", "keep", "end"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"commit", "ask", "forms", "seal", "keep", "end"}));
     EXPECT_FALSE(icon.shown);
 }
 
 TEST_F(CloseDownTest, WithoutAskingAllIsKeptWhateverFails) {
     closeDown.runWithoutAsking();
     EXPECT_TRUE(closeDown.done());
-    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit", "keep", "end"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit", "seal", "keep", "end"}));
     EXPECT_FALSE(icon.shown);
     EXPECT_TRUE(closeDown.run());
     closeDown.runWithoutAsking();
-    EXPECT_EQ(log.size(), 5u) << "once";
+    EXPECT_EQ(log.size(), 6u) << "once";
 }
 
-TEST_F(CloseDownTest, ALostDisplayLeavesNothingButTheDataToSee) {
+TEST_F(CloseDownTest, WhatIsKeptBeforeAnEndThatMayBeCalledOffIsNotSealed) {
     closeDown.keepAll();
     EXPECT_EQ(log, (std::vector<std::string>{"text", "forms", "commit"}));
     EXPECT_FALSE(closeDown.done());

@@ -12,6 +12,7 @@
 #include "platform/CodePage.h"
 #include "platform/files/PosixFiles.h"
 #include "support/FakeClock.h"
+#include "support/FakeEventLoop.h"
 #include "support/FakeMessages.h"
 #include "support/FakeRunningPrograms.h"
 #include "support/FakeStatusLine.h"
@@ -48,7 +49,9 @@ struct DocPadWorld {
     FakeRunningPrograms programs;
     FakeClock clock;
     RecoveryFile recovery{folder.path(), files, programs, clock};
-    DocPad pad{{text, view, dialog, state, messages, files, settings, status, printer, recovery}};
+    FakeEventLoop loop;
+    DocPad pad{
+        {text, view, dialog, state, messages, files, settings, status, printer, recovery, loop}};
 };
 
 }  // namespace velmora::test

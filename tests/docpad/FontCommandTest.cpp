@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "support/FakeEventLoop.h"
 #include "support/MemorySettings.h"
 
 namespace velmora {
@@ -19,10 +22,13 @@ struct FakeFontDialog final : FontQuestion {
         shown = now;
         EXPECT_EQ(smallest, 4);
         EXPECT_EQ(largest, 14);
+        if (whileOpen)
+            whileOpen();
         return answer;
     }
     ControlFont shown;
     std::optional<ControlFont> answer;
+    std::function<void()> whileOpen;
 };
 
 class FontCommandTest : public ::testing::Test {
@@ -31,7 +37,9 @@ class FontCommandTest : public ::testing::Test {
     FakeFontDialog dialog;
     test::MemorySettings medium;
     SettingsStore settings{medium};
-    FontCommand command{"DocFont", FontCommand::Keeps::NameSizeAndColour, target, dialog, settings};
+    test::FakeEventLoop loop;
+    FontCommand command{"DocFont", FontCommand::Keeps::NameSizeAndColour, target, dialog, settings,
+                        loop};
 };
 
 TEST_F(FontCommandTest, AppliesAndSavesWhatIsChosen) {
@@ -51,6 +59,13 @@ TEST_F(FontCommandTest, ACancelledDialogSavesThePresentFont) {
     EXPECT_EQ(settings.Read("DocFontC"), "-1");
 }
 
+TEST_F(FontCommandTest, ADialogThatTheEndOfTheProgramClosesSavesNothing) {
+    dialog.whileOpen = [this] { loop.isClosing = true; };
+    command.change();
+    EXPECT_EQ(settings.Read("DocFont"), "");
+    EXPECT_EQ(settings.Read("DocFontS"), "");
+}
+
 TEST_F(FontCommandTest, AWholeSizeHasNoPoint) {
     dialog.answer = ControlFont{"Arial", 10, 0};
     command.change();
@@ -59,7 +74,8 @@ TEST_F(FontCommandTest, AWholeSizeHasNoPoint) {
 }
 
 TEST_F(FontCommandTest, SavesNoColourWhereNoneIsKept) {
-    FontCommand planner("PlanFont", FontCommand::Keeps::NameAndSize, target, dialog, settings);
+    FontCommand planner("PlanFont", FontCommand::Keeps::NameAndSize, target, dialog, settings,
+                        loop);
     settings.Save("PlanFontC", "255");
     planner.change();
     EXPECT_EQ(settings.Read("PlanFont"), "Inter");

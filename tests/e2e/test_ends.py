@@ -47,6 +47,14 @@ class Ends(DeskTest):
         type_text(LETTER)
         wait_until(lambda: text_of(self.program.find(id="Text4")) == LETTER, "the letter")
 
+    def type_more(self, more):
+        pad = self.program.find(id="Text4")
+        before = text_of(pad)
+        click(pad)
+        key("ctrl+End")
+        type_text(more)
+        wait_until(lambda: text_of(pad) == before + more, "what was typed")
+
     def type_into_the_day(self):
         click(self.program.find(id="SSDay1"))
         type_text(APPOINTMENT)
@@ -122,6 +130,23 @@ class Ends(DeskTest):
         self.program = self.desk.start()
         self.assertIn("Do you want it back?", self.program.answer("DocPad", "Yes"))
         wait_until(lambda: text_of(self.program.find(id="Text4")) == LETTER, "the letter")
+
+    def test_a_signal_while_a_file_is_being_chosen_writes_nothing(self):
+        letter = self.desk.book("letter.txt")
+        letter.write_bytes(b"on the disk")
+        self.start()
+        self.program.activate()
+        key("ctrl+o")
+        self.program.dialog("Open")
+        type_text(str(letter))
+        key("Return")
+        wait_until(lambda: text_of(self.program.find(id="Text4")) == "on the disk", "the file")
+        self.type_more(" and more")
+        key("ctrl+s")
+        self.program.dialog("Save As")
+        self.assertEqual(0, self.ended_by(signal.SIGTERM))
+        self.assertEqual(b"on the disk", letter.read_bytes())
+        self.assertFalse(letter.with_name("letter.txt~").exists())
 
 
 if __name__ == "__main__":

@@ -9,7 +9,7 @@ import unittest
 import planner
 from books import record
 from desk_test import DeskTest
-from velmora_driver import click, drag, key, type_text, wait_until
+from velmora_driver import click, drag, key, middle, type_text, wait_until, xdo
 
 BARLOW = record(Title="Ms.", First="Edith", Last="Barlow", Phone="(312) 555-0113",
                 DateReference="01/02/99, 08:00 AM")
@@ -50,6 +50,20 @@ class PlannerTest(DeskTest):
 
 
 class Scheduling(PlannerTest):
+    def test_an_empty_planner_is_told_as_soon_as_an_entry_is_dragged(self):
+        program = self.start_in_phonebook(BARLOW)
+        program.letter("B")
+        program.select_line("Barlow, Edith")
+        x, y = middle(program.list_item("Barlow, Edith"))
+        xdo("mousemove", x, y, "mousedown", 1)
+        for step in range(1, 6):
+            xdo("mousemove", x + 6 * step, y, "sleep", 0.03)
+        try:
+            wait_until(lambda: program.text("StatusBar1_2").startswith("The planner is empty:"),
+                       "the status line")
+        finally:
+            xdo("mousemove", x, y, "mouseup", 1)
+
     def test_a_line_that_is_dropped_on_a_date_makes_an_appointment_there(self):
         program = self.start_at_list()
         date = planner.another_day()

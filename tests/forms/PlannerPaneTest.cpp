@@ -174,7 +174,7 @@ class PlannerPaneTest : public testing::Test {
     MonthAdapter monthAdapter{month};
     YearAdapter yearAdapter{*sheet};
     PaneDesk desk{pane};
-    AppointmentStore store{CodePage::western(), clock, test::samePaths(), milliseconds(50)};
+    AppointmentStore store{CodePage::western(), clock, test::appointmentSource(), milliseconds(50)};
     Planner planner{store,  {dayAdapter, monthAdapter, yearAdapter, desk}, status, settings, clock,
                     formats};
     QObject connections;  // ends them before the planner is gone

@@ -46,7 +46,7 @@ class PrintServiceTest : public testing::Test {
   protected:
     // A print system that says what a shell script writes.
     [[nodiscard]] QString saying(const char* script) {
-        const QString path = QString::fromStdString(folder_.path() + "/service");
+        QString path = QString::fromStdString(folder_.path() + "/service");
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray("#!/bin/sh\n") + script);
@@ -107,7 +107,7 @@ TEST_F(PrintServiceTest, AnswersInTheBackgroundAreKept) {
 
 TEST_F(PrintServiceTest, AnAnswerThatBreaksOffOrTalksNonsenseIsNone) {
     for (const char* script :
-         {"printf 'ready\\nprinter\\tPocket\\n'", "printf 'sheet\\tPocket\\nend\\tx\\n'",
+         {R"(printf 'ready\nprinter\tPocket\n')", R"(printf 'sheet\tPocket\nend\tx\n')",
           "head -c 100000 /dev/urandom", "kill -SEGV $$", "exit 3"}) {
         PrintService service(saying(script));
         EXPECT_TRUE(service.answers().printers.isEmpty()) << script;

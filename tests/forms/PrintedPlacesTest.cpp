@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QPageSize>
+#include <map>
+#include <utility>
 
 #include "platform/PrintRecorder.h"
 #include "platform/qt/PdfPages.h"
@@ -61,13 +63,19 @@ TEST_P(PrintedPlaces, CellsOfARowStandWhereTheyWerePut) {
     const double height = static_cast<double>(surface_.TextHeight("x"));
     const auto found = words();
     ASSERT_EQ(found.size(), 5U);
-    const double places[] = {0, 2.01, 4.01, 6.01, 0};
-    for (std::size_t i = 0; i < 5; ++i)
-        EXPECT_NEAR(found[i].left, kMargin + places[i], kExact);
-    for (std::size_t i = 1; i < 4; ++i)
-        EXPECT_NEAR(found[i].top, found[0].top, kExact);
-    EXPECT_NEAR(found[0].top, kMargin + 1, 0.03);  // the box of a word is not its line
-    EXPECT_NEAR(found[4].top - found[0].top, height, kExact);
+    // They come back in an order of the reader's own.
+    std::map<std::string, test::PdfWord> word;
+    for (const test::PdfWord& each : found)
+        word[each.text.toStdString()] = each;
+    const double top = word["Zero"].top;
+    EXPECT_NEAR(top, kMargin + 1, 0.03);  // the box of a word is not its line
+    for (const auto& [text, left] : {std::pair("Zero", 0.0), std::pair("Two", 2.01),
+                                     std::pair("Four", 4.01), std::pair("Six", 6.01)}) {
+        EXPECT_NEAR(word[text].left, kMargin + left, kExact) << text;
+        EXPECT_NEAR(word[text].top, top, kExact) << text;
+    }
+    EXPECT_NEAR(word["Below"].left, kMargin, kExact);
+    EXPECT_NEAR(word["Below"].top - top, height, kExact);
 }
 
 TEST_P(PrintedPlaces, TheLinesOfAnEnvelopeStandWhereTheFeedPutsThem) {

@@ -38,7 +38,8 @@ class WeekataGlanceTest : public testing::Test, protected PlannerFixture {
 
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    WeekLoad load{locations, files, CodePage::western(), SSMonth1, clock, formats};
+    SqliteAppointmentSource source{files};
+    WeekLoad load{locations, source, CodePage::western(), SSMonth1, clock, formats};
     WeekataGlance form{load, CodePage::western()};
 };
 

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "paper/PrintShop.h"
 #include "platform/Failure.h"
 #include "platform/PrintRecorder.h"
@@ -80,6 +82,32 @@ TEST_F(PrintOnPaper, AJobThatIsCalledOffWhileItIsHandedOverNeverArrives) {
         surface_.Print("a line that takes some time to send");
     EXPECT_FALSE(surface_.EndDoc(&watch));
     EXPECT_TRUE(shop_.hasNothingMore());
+}
+
+TEST_F(PrintOnPaper, AQueueThatIsFullIsTriedAgainUntilItTakesTheJob) {
+    struct Opening final : PrintWatch {
+        explicit Opening(test::PrintShop& opened) : shop(opened) {}
+        bool playing(int, int) override { return true; }
+        bool sending() override { return true; }
+        bool waitingForTheQueue() override {
+            if (std::exchange(closed, false))
+                shop.administer("lpadmin -p Tight -o job-k-limit=0");
+            return true;
+        }
+        test::PrintShop& shop;
+        bool closed = true;
+    } watch{shop_};
+    shop_.administer(
+        "lpadmin -p Tight -v file:///dev/null -E -o job-quota-period=86400 "
+        "-o job-k-limit=1");
+    surface_.AskPrintSystem({});
+    ASSERT_TRUE(surface_.SetCurrentPrinter("Tight"));
+    surface_.Print("fills the quota");
+    EXPECT_TRUE(surface_.EndDoc(&watch));
+    surface_.Print("waits");
+    EXPECT_TRUE(surface_.EndDoc(&watch));
+    EXPECT_FALSE(watch.closed) << "the second job did not wait";
+    shop_.administer("lpadmin -x Tight");
 }
 
 TEST_F(PrintOnPaper, NothingArrivesBeforeTheEndOfTheJob) {

@@ -192,7 +192,7 @@ class PlannerOpenerTest : public AccessConversionTest {
     test::FakeClock clock;
     test::FakeMessages messages;
     PlannerOpener opener{reader, messages, CodePage::western(), test::samePaths()};
-    AppointmentStore store{CodePage::western(), clock, test::samePaths()};
+    AppointmentStore store{CodePage::western(), clock, test::appointmentSource()};
 };
 
 TEST_F(PlannerOpenerTest, ConvertsAndTellsTheUserOnce) {

@@ -9,7 +9,7 @@ namespace {
 
 class AppointmentCountTest : public testing::Test, protected test::PlannerFixture {
   protected:
-    AppointmentStore own{CodePage::western(), clock, test::samePaths(),
+    AppointmentStore own{CodePage::western(), clock, test::appointmentSource(),
                          std::chrono::milliseconds(0)};
     AppointmentCount count{store, own};
 };
@@ -24,6 +24,12 @@ TEST_F(AppointmentCountTest, CountsTheRowsOfADay) {
     EXPECT_EQ(count.of(year(2026) / 3 / 13), 1);
     EXPECT_EQ(count.of(year(2026) / 3 / 14), 0);
     EXPECT_EQ(count.of(year(1926) / 3 / 12), 0);
+}
+
+TEST_F(AppointmentCountTest, TellsAnEmptyPlannerFromOneThatOthersHaveFilled) {
+    EXPECT_TRUE(count.isEmpty());
+    add(test::rowOn("2026-03-12", 1, "first"));
+    EXPECT_FALSE(count.isEmpty());
 }
 
 TEST_F(AppointmentCountTest, LeavesTheCursorOfTheOtherStoreAlone) {

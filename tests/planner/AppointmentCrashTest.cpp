@@ -14,7 +14,8 @@ namespace {
 void addRows(const std::string& path, const std::string& name, int count,
              const std::function<void(char)>& stored) {
     const test::FakeClock clock;
-    AppointmentStore store(CodePage::western(), clock, test::samePaths(), std::chrono::seconds(60));
+    AppointmentStore store(CodePage::western(), clock, test::appointmentSource(),
+                           std::chrono::seconds(60));
     store.OpenDatabase(path);
     for (int i = 0; i < count; ++i) {
         store.AddNew();

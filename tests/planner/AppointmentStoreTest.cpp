@@ -473,7 +473,7 @@ TEST_F(AppointmentStoreTest, GivesTheStylesOfEachDayInTheOrderOfTheirLastRow) {
 TEST_F(AppointmentStoreTest, ServesTwoCursorsThatDoNotMoveEachOther) {
     add(rowOn("2026-03-12", 1, "a"));
     add(rowOn("2026-03-12", 2, "b"));
-    AppointmentStore second(CodePage::western(), clock, test::samePaths());
+    AppointmentStore second(CodePage::western(), clock, test::appointmentSource());
     second.OpenDatabase(path);
     store.SelectAll();
     store.Refresh();

@@ -104,7 +104,7 @@ TEST_F(HostileDatabase, WhosePagesLeadInCirclesIsGivenUp) {
     {
         sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
         database.execute(
-            "DROP INDEX appoint_date; DROP INDEX appoint_tag;"
+            "DROP INDEX appoint_date; DROP INDEX appoint_day; DROP INDEX appoint_tag;"
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 4000) "
             "INSERT INTO appoint SELECT 'x', '2026-03-12', '', '', hex(zeroblob(40)), '' FROM n");
     }

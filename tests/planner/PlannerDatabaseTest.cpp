@@ -37,7 +37,7 @@ TEST_F(PlannerDatabaseFile, IsToldByItsFirstBytes) {
     EXPECT_EQ(kindOfDatabase(NativePath(path)), DatabaseKind::Foreign);
 }
 
-TEST_F(PlannerDatabaseFile, IsLaidDownWithSixColumnsAndTwoIndexes) {
+TEST_F(PlannerDatabaseFile, IsLaidDownWithSixColumnsAndThreeIndexes) {
     layDownDatabase(NativePath(path));
     sqlite::Database database(NativePath(path), sqlite::Access::ReadOnly);
     auto columns = database.prepare("SELECT name, type, pk FROM pragma_table_info('appoint')");
@@ -50,7 +50,7 @@ TEST_F(PlannerDatabaseFile, IsLaidDownWithSixColumnsAndTwoIndexes) {
     EXPECT_FALSE(columns.step());
     auto indexes =
         database.prepare("SELECT name, \"unique\" FROM pragma_index_list('appoint') ORDER BY name");
-    for (const char* name : {"appoint_date", "appoint_tag"}) {
+    for (const char* name : {"appoint_date", "appoint_day", "appoint_tag"}) {
         ASSERT_TRUE(indexes.step());
         EXPECT_EQ(indexes.text(0), name);
         EXPECT_EQ(indexes.integer(1), 0);

@@ -135,7 +135,8 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     test::FakeMessages messages;
     test::FakeAccessReader reader;
     PosixFiles files{NativePaths(CodePage::western())};
-    AppointmentStore store{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
+    SqliteAppointmentSource source{files};
+    AppointmentStore store{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
     PlannerOpener opener{reader, messages, CodePage::western(), files};
@@ -154,7 +155,7 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
 }
 
 TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
-    AppointmentStore other{CodePage::western(), clock, files, std::chrono::milliseconds(50)};
+    AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     PlannerFolder unknown{locations, opener, other, planner, desk, messages};
     medium.unreadable = true;
     unknown.OpenAtStart();

@@ -116,7 +116,7 @@ TEST_F(PlannerRetryTest, SaysNothingOfADatabaseThatIsMissing) {
 
 TEST_F(PlannerRetryTest, WaitsOnceForALockThatAnEditMeetsManyTimes) {
     const test::FakeClock clock;
-    AppointmentStore slow(CodePage::western(), clock, test::samePaths(),
+    AppointmentStore slow(CodePage::western(), clock, test::appointmentSource(),
                           std::chrono::milliseconds(1000));
     slow.OpenDatabase(path);
     Planner slowPlanner(slow, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats);

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "planner/StoredText.h"
+#include "platform/DateText.h"
 #include "platform/Failure.h"
 #include "support/PlannerFixture.h"
 
@@ -202,6 +204,64 @@ TEST_F(PlannerTest, GivesTheSameColoursAsAWalkOverAllRows) {
     planner.UpdateDays();
     EXPECT_EQ(SSMonth1.styles, expected);
     EXPECT_EQ(SSYear1.styles, expected);
+}
+
+// Edits of this copy and of another one in any order, in a table with and without the index that
+// leads from day to day: the calendars look as after a walk over all rows behind each edit.
+TEST_F(PlannerTest, ColoursAfterEachEditAsAWalkDoes) {
+    for (const bool indexed : {true, false}) {
+        if (!indexed)
+            sqlite::Database(NativePath(path), sqlite::Access::ReadWrite)
+                .execute("DROP INDEX appoint_day");
+        store.OpenDatabase(path);
+        const char* styles[] = {"Event", "Meeting", "Vacation", "None", "Party", "NULL"};
+        std::map<std::string, std::string> walked = SSMonth1.styles;
+        const auto walk = [&] {
+            for (const RawRow& row : rows())
+                if (const auto day = readStoredDay(row[1]); day && SSMonth1.looks.count(row[5]))
+                    walked[writeDate(*day)] = row[5];
+        };
+        unsigned random = indexed ? 4711 : 815;
+        const auto next = [&](unsigned below) {
+            random = random * 1664525 + 1013904223;
+            return (random >> 16) % below;
+        };
+        for (int i = 0; i < 150; ++i) {
+            const std::string day = std::to_string(next(4) + 10);
+            if (next(3) == 0)
+                add(rowOn("2026-03-" + day, static_cast<int>(next(60)), "theirs", styles[next(6)]));
+            show("03/" + day + "/2026");
+            const unsigned count = static_cast<unsigned>(SSDay1.tasks.size());
+            if (count > 0 && next(2) == 0) {
+                const std::string removedOn = SSMonth1.date;
+                remove(static_cast<int>(next(count)));
+                walked[removedOn] = "None";
+            } else if (count > 0 && next(2) == 0) {
+                change(static_cast<int>(next(count)), "changed");
+            } else {
+                create("09:00 AM", "10:00 AM", "ours");
+            }
+            walk();
+            ASSERT_EQ(SSMonth1.styles, walked) << i;
+            ASSERT_EQ(SSYear1.styles, walked) << i;
+            clock.advance(std::chrono::seconds(1));
+        }
+    }
+}
+
+TEST_F(PlannerTest, ColoursNoMoreDaysThanAnEditCanHaveChanged) {
+    for (int day = 1; day <= 28; ++day)
+        add(rowOn("2026-02-" + std::string(day < 10 ? "0" : "") + std::to_string(day), day, ""));
+    planner.UpdateDays();
+    std::vector<std::string> order;
+    SSMonth1.order = &order;
+    show("03/12/2026");
+    create("09:00 AM", "10:00 AM", "ours");
+    EXPECT_THAT(order, ElementsAre("month 03/12/2026 Event"));
+    add(rowOn("2026-03-20", 1, "theirs"));
+    order.clear();
+    create("10:00 AM", "11:00 AM", "ours");
+    EXPECT_EQ(order.size(), 30U);
 }
 
 TEST_F(PlannerTest, FillsTheDayInTheOrderOfTheStore) {

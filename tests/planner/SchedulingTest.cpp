@@ -317,7 +317,9 @@ TEST_F(SchedulingTest, FailsOnAnEmptyTableWithTheDateReferenceWritten) {
     run(ScheduleCommand::Call, "Doe, Jane");
     EXPECT_THAT(rows(), IsEmpty());
     EXPECT_EQ(book().substr(1595 + 1245, 20), "03/09/26, 02:05 PM  ");
-    EXPECT_THAT(scheduleDesk.ended, ElementsAre("There is no current appointment."));
+    EXPECT_THAT(scheduleDesk.ended,
+                ElementsAre("There is no current appointment. Type the first appointment of a new "
+                            "planner into the day view."));
     EXPECT_EQ(scheduling->waiting(), 0U);
     EXPECT_EQ(store.recordSource(), "Appoint");
     EXPECT_TRUE(store.Eof());

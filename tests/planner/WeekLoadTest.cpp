@@ -36,7 +36,8 @@ class WeekLoadTest : public testing::Test, protected test::PlannerFixture {
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
     test::FakeWeekView view;
-    WeekLoad week{locations, files, CodePage::western(), SSMonth1, clock, formats};
+    SqliteAppointmentSource source{files};
+    WeekLoad week{locations, source, CodePage::western(), SSMonth1, clock, formats};
 };
 
 TEST_F(WeekLoadTest, TitleAndCaptionsNameTheSelectedDayAndTheSixBehindIt) {

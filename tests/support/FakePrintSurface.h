@@ -85,6 +85,9 @@ class FakePrinters : public PrintOutput {
         return file;
     }
 
+    // How many jobs takeJobs() would give.
+    [[nodiscard]] std::size_t jobsSent() const { return jobs_.size(); }
+
     // The jobs since the last call.
     std::vector<PrintJob> takeJobs() { return std::exchange(jobs_, {}); }
 

@@ -9,6 +9,7 @@
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerDatabase.h"
+#include "planner/sqlite/SqliteAppointments.h"
 #include "platform/sqlite/Database.h"
 #include "support/FakeClock.h"
 #include "support/FakePlannerControls.h"
@@ -58,6 +59,12 @@ inline RawRow rowOn(const std::string& storedDate, int second, const std::string
     return {tag, storedDate, "09:00 AM", "10:00 AM", text, style};
 }
 
+// The tables of appointments in files under the paths that they are asked for with.
+inline const AppointmentSource& appointmentSource() {
+    static const SqliteAppointmentSource source(samePaths());
+    return source;
+}
+
 // A planner on a database in a folder of its own.
 struct PlannerFixture {
     // In a folder of its own, or in the file of this path.
@@ -80,7 +87,7 @@ struct PlannerFixture {
     SettingsStore settings{medium};
     LocaleFormats formats;
     FakeStatusLine status;
-    AppointmentStore store{CodePage::western(), clock, test::samePaths(),
+    AppointmentStore store{CodePage::western(), clock, appointmentSource(),
                            std::chrono::milliseconds(50)};
     FakeDayControl SSDay1;
     FakeMonthControl SSMonth1;

@@ -27,6 +27,7 @@ MAY_INCLUDE = {
     "platform/controls": ["platform", "platform/qt", "platform/calendar",
                           "platform/controls/models", QT],
     "platform/controls/models": ["platform"],
+    "planner/sqlite": ["platform", "platform/files", "platform/sqlite", "planner"],
     "core": ["platform"],
     "core/forms": FORM_PARTS,
 }

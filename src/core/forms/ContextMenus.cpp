@@ -143,6 +143,8 @@ QMenu* ContextMenus::addScheduling(QMenu* menu) const {
     auto* scheduling = new QMenu(menu);
     scheduling->setObjectName(QLatin1String(kScheduling));
     scheduling->addActions(commands_.scheduling);
+    if (commands_.schedulingShown)
+        connect(scheduling, &QMenu::aboutToShow, this, commands_.schedulingShown);
     menu->addMenu(scheduling);
     return scheduling;
 }

@@ -26,6 +26,8 @@ class ContextMenus final : public QObject {
         std::function<void(std::string_view name)> run;
         // The commands that make an appointment with the selected entry.
         QList<QAction*> scheduling;
+        // Called whenever these come into view. May be empty.
+        std::function<void()> schedulingShown{};
     };
 
     // `calendar` must outlive this object.

@@ -161,8 +161,7 @@ void EntryCard::contextMenuEvent(QContextMenuEvent* event) {
     if (text_.empty())
         return;
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    emit menuWanted(byKey ? mapToGlobal(QPoint(kEdge + kSideMargin, kTopMargin))
-                          : event->globalPos());
+    emit menuWanted(byKey ? mapToGlobal(QPoint(kEdge, 0) + textCorner()) : event->globalPos());
 }
 
 void EntryCard::keyPressEvent(QKeyEvent* event) {

@@ -333,6 +333,7 @@ void EntryList::startDrag(Qt::DropActions actions) {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     if (selected.isEmpty())
         return;
+    emit dragBegins();
     auto* drag = new QDrag(this);
     drag->setMimeData(lines_->mimeData(selected));
     drag->setPixmap(dragPixmap(selected.first().data().toString()));

@@ -77,6 +77,9 @@ class EntryList final : public QListView {
     void removeWanted();
     void copyWanted();
 
+    // The selected line begins to be dragged.
+    void dragBegins();
+
     // A context menu of the selected line is wanted; a line that was not selected has been chosen
     // before. `place` is in coordinates of the screen.
     void menuWanted(const QPoint& place);

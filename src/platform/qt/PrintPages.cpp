@@ -72,9 +72,9 @@ const PagePainter::KnownFont& PagePainter::known(const PrintFont& font) {
                                     [&](const KnownFont& each) { return each.name == font; });
     if (found != fonts_.end())
         return *found;
-    QFont made = toQt(font, codePage_);
+    const QFont made = toQt(font, codePage_);
     const double ascent = QFontMetricsF(made, painter_.device()).ascent();
-    return fonts_.emplace_back(KnownFont{font, std::move(made), ascent});
+    return fonts_.emplace_back(KnownFont{font, made, ascent});
 }
 
 }  // namespace velmora

@@ -117,7 +117,7 @@ bool PrintService::ask(const QString& printer, const GoOn& goOn) {
     return true;
 }
 
-void PrintService::askSoon(const QString& printer, std::function<void(bool)> answered) {
+void PrintService::askSoon(const QString& printer, const std::function<void(bool)>& answered) {
     soon_ = std::make_shared<Question>(program_, QStringList{QStringLiteral("describe"), printer},
                                        limit_);
     QProcess* process = &soon_->process();

@@ -65,7 +65,7 @@ class PrintService {
 
     // Begins to ask for the same and returns at once; `answered` is called from the event loop,
     // with false when no answer came. A question that has begun before is given up.
-    void askSoon(const QString& printer, std::function<void(bool)> answered);
+    void askSoon(const QString& printer, const std::function<void(bool)>& answered);
 
     // The question that has begun is given up; nothing is called.
     void forgetSoon() { soon_.reset(); }

@@ -18,7 +18,7 @@ namespace {
 constexpr unsigned kLongestLife = 600;  // seconds, should nobody end it
 constexpr int kLastGoodAnswer = 0x0007;
 constexpr int kContinue = 100;  // of HTTP
-constexpr std::size_t kPiece = 64 * 1024;
+constexpr std::size_t kPiece = 65536;
 
 volatile std::sig_atomic_t takeBack = 0;
 

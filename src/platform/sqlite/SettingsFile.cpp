@@ -10,10 +10,16 @@
 namespace velmora::sqlite {
 namespace {
 
-// As the file keeps it, letter for letter.
+// As the file keeps it, whatever blanks stand in it.
 constexpr std::string_view kTable =
     "CREATE TABLE settings("
     "  key TEXT PRIMARY KEY COLLATE NOCASE, value BLOB NOT NULL) WITHOUT ROWID";
+
+std::string withoutBlanks(std::string_view statement) {
+    std::string result(statement);
+    std::erase(result, ' ');
+    return result;
+}
 
 enum class Contents { Nothing, Settings, SomethingElse };
 
@@ -24,7 +30,7 @@ Contents contentsOf(Database& database) {
         "ESCAPE '\\' OR type NOT IN ('table', 'index')");
     if (!objects.step())
         return Contents::Nothing;
-    const bool isTable = objects.text(0) == kTable;
+    const bool isTable = withoutBlanks(objects.text(0)) == withoutBlanks(kTable);
     return isTable && !objects.step() ? Contents::Settings : Contents::SomethingElse;
 }
 

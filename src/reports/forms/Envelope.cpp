@@ -145,6 +145,7 @@ QWidget* Envelope::makePaper() {
     body->setContentsMargins(kPaperMargin, kPaperMargin, kPaperMargin, kPaperMargin);
     body->setSpacing(kLineGap);
     body->addLayout(head);
+    body->addSpacing(kRowGap);
     body->addLayout(foot, 1);
     return paper;
 }
@@ -242,6 +243,8 @@ void Envelope::showContent() {
         const QString text = toQt(content.lines[i].text, parts_.codePage);
         if (rows_[i].text->text() != text)
             rows_[i].text->setText(text);
+        if (!rows_[i].text->hasFocus())
+            rows_[i].text->home(false);  // a long line shows its beginning
         showFont(i);
     }
     Label1->setText(toQt(content.EnvelopeBarcode, parts_.codePage));
@@ -252,11 +255,16 @@ void Envelope::showContent() {
 void Envelope::showFont(std::size_t line) {
     const EnvelopeLine& shown = parts_.editor.content().lines[line];
     QLineEdit* box = rows_[line].text;
-    QFont font(toQt(shown.fontName, parts_.codePage));
-    font.setPointSizeF(shown.fontSize);
-    box->setFont(font);
-    const QColor ink(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255);
-    box->setStyleSheet(shown.colour == 0 ? QString() : QStringLiteral("color: %1").arg(ink.name()));
+    QString family = toQt(shown.fontName, parts_.codePage);
+    family.remove(QLatin1Char('"')).remove(QLatin1Char('\\'));
+    QString look =
+        QStringLiteral("font-family: \"%1\"; font-size: %2pt;").arg(family).arg(shown.fontSize);
+    if (shown.colour != 0)
+        look +=
+            QStringLiteral(" color: %1;")
+                .arg(QColor(shown.colour & 255, shown.colour >> 8 & 255, shown.colour >> 16 & 255)
+                         .name());
+    box->setStyleSheet(look);
 }
 
 void Envelope::showPicture() {
@@ -269,9 +277,7 @@ void Envelope::showPicture() {
     sheet_->show(sketch, feed, size);
     if (targetLine_.isEmpty())
         return;
-    where_->setText(sketch.fits
-                        ? targetLine_
-                        : targetLine_ + tr(": what is red runs over the edge of the paper"));
+    where_->setText(sketch.fits ? targetLine_ : targetLine_ + tr(": red runs over the edge"));
     QPalette palette = this->palette();
     if (!sketch.fits)
         palette.setColor(QPalette::WindowText, Theme::of(*this).danger);

@@ -1,4 +1,6 @@
-#include "planner/AppointmentConnection.h"
+#include "planner/sqlite/SqliteAppointments.h"
+
+#include <algorithm>
 
 #include "planner/PlannerDatabase.h"
 #include "platform/StorageFailure.h"
@@ -12,11 +14,11 @@ constexpr const char* kColumns =
 
 std::string conditionText(AppointmentConnection::Condition condition) {
     switch (condition) {
-        case AppointmentConnection::Condition::Date:
+        case SqliteAppointments::Condition::Date:
             return R"("Date" = ?1 AND )";
-        case AppointmentConnection::Condition::Tag:
+        case SqliteAppointments::Condition::Tag:
             return R"("TagVariant" = ?1 AND )";
-        case AppointmentConnection::Condition::All:
+        case SqliteAppointments::Condition::All:
             break;
     }
     return {};
@@ -45,9 +47,54 @@ void bind(sqlite::Statement& statement, int parameter, const AppointmentValue& v
         statement.bindNull(parameter);
 }
 
+// Rows of one style of a day that are read one by one; a leap costs about as much.
+constexpr int kRowsBeforeLeap = 12;
+
+// The styles of the day that is being read, in the order of their names.
+struct StylesOfDay {
+    struct Style {
+        std::string name;
+        std::int64_t lastRow;
+    };
+    std::string date;
+    std::vector<Style> styles;
+    int rowsOfStyle = 0;
+    bool leapt = false;
+    bool mustBeRead = false;  // which of several styles is the last one is not known
+
+    void begin(std::string_view newDate) {
+        date = newDate;
+        styles.clear();
+        leapt = mustBeRead = false;
+    }
+
+    // True when the rest of the style is to be leapt over.
+    bool add(std::string_view name, std::int64_t row) {
+        if (styles.empty() || styles.back().name != name) {
+            styles.push_back({std::string(name), row});
+            mustBeRead = leapt;
+            rowsOfStyle = 0;
+        }
+        styles.back().lastRow = row;
+        if (++rowsOfStyle != kRowsBeforeLeap)
+            return false;
+        leapt = true;
+        mustBeRead = styles.size() > 1;
+        return true;
+    }
+
+    void show(const AppointmentConnection::VisitStyle& visit) {
+        if (styles.size() > 1)
+            std::sort(styles.begin(), styles.end(),
+                      [](const Style& a, const Style& b) { return a.lastRow < b.lastRow; });
+        for (const Style& style : styles)
+            visit(date, style.name);
+    }
+};
+
 }  // namespace
 
-AppointmentConnection::AppointmentConnection(const NativePath& path, Patience& patience)
+SqliteAppointments::SqliteAppointments(const NativePath& path, Patience& patience)
     : path_(path),
       identity_(identityOf(path)),
       database_(checkedPath(path), sqlite::Access::ReadWrite, patience) {
@@ -62,7 +109,7 @@ AppointmentConnection::AppointmentConnection(const NativePath& path, Patience& p
 }
 
 // Columns that are worked out when they are read could be made to take for ever.
-void AppointmentConnection::expectTable() {
+void SqliteAppointments::expectTable() {
     auto tables = database_.prepare(
         "SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND name = 'appoint' COLLATE NOCASE"
         " AND type = 'table'");
@@ -74,7 +121,7 @@ void AppointmentConnection::expectTable() {
                              Obstacle::NotThere);
 }
 
-sqlite::Statement& AppointmentConnection::query(Condition condition) {
+sqlite::Statement& SqliteAppointments::query(Condition condition) {
     auto& statement = queries_[static_cast<std::size_t>(condition)];
     if (!statement)
         statement.emplace(database_.prepare("SELECT " + std::string(kColumns) +
@@ -83,8 +130,8 @@ sqlite::Statement& AppointmentConnection::query(Condition condition) {
     return *statement;
 }
 
-bool AppointmentConnection::fetch(Condition condition, std::string_view value, std::int64_t behind,
-                                  std::size_t limit, std::vector<AppointmentRow>& rows) {
+bool SqliteAppointments::fetch(Condition condition, std::string_view value, std::int64_t behind,
+                               std::size_t limit, std::vector<AppointmentRow>& rows) {
     sqlite::Statement& statement = query(condition);
     statement.reset();
     if (condition != Condition::All)
@@ -96,9 +143,8 @@ bool AppointmentConnection::fetch(Condition condition, std::string_view value, s
     return count == limit;
 }
 
-std::optional<AppointmentRow> AppointmentConnection::find(Condition condition,
-                                                          std::string_view value,
-                                                          std::string_view tag) {
+std::optional<AppointmentRow> SqliteAppointments::find(Condition condition, std::string_view value,
+                                                       std::string_view tag) {
     auto statement =
         database_.prepare("SELECT " + std::string(kColumns) + " FROM appoint WHERE " +
                           conditionText(condition) + R"("TagVariant" = ?2 ORDER BY rowid LIMIT 1)");
@@ -112,15 +158,71 @@ std::optional<AppointmentRow> AppointmentConnection::find(Condition condition,
     return row;
 }
 
-void AppointmentConnection::visitDays(
-    const std::function<void(std::string_view, std::string_view)>& visit) {
+std::int64_t SqliteAppointments::version() {
+    auto statement = database_.prepare("PRAGMA data_version");
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+// A file that another program made may lack the index that leads from day to day.
+bool SqliteAppointments::hasIndexOfDays() {
+    auto columns = database_.prepare(
+        "SELECT group_concat(part) FROM (SELECT name || ' ' || coll AS part"
+        " FROM pragma_index_xinfo('appoint_day') WHERE key ORDER BY seqno)");
+    auto whole = database_.prepare(
+        "SELECT 1 FROM pragma_index_list('appoint') WHERE name = 'appoint_day' AND partial = 0");
+    return columns.step() && columns.text(0) == "Date BINARY,StyleSet BINARY" && whole.step();
+}
+
+void SqliteAppointments::visitStyles(const VisitStyle& visit) {
+    if (hasIndexOfDays())
+        return visitDistinct(visit);
     auto statement = database_.prepare(R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");
     while (statement.step())
         if (const auto date = statement.textOrNull(0))
             visit(*date, statement.text(1));
 }
 
-void AppointmentConnection::add(const Values& values) {
+// Reads the index in its order, day by day and style by style, and leaps over the rest of a style
+// that many rows of a day have: so neither many days nor many rows a day cost much.
+void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
+    // Standing on a row it keeps the table as it is, so that a leap need not lock it anew.
+    auto standing = database_.prepare("SELECT 1 FROM sqlite_master");
+    (void)standing.step();
+    auto rows = database_.prepare(
+        R"(SELECT "Date", "StyleSet", rowid FROM appoint INDEXED BY appoint_day
+           WHERE ("Date", "StyleSet") >= (?1, ?2) ORDER BY "Date", "StyleSet", rowid)");
+    rows.bindText(1, "").bindText(2, "");
+    StylesOfDay day;
+    const auto finish = [&] {
+        if (day.mustBeRead)
+            visitStylesOf(day.date, visit);
+        else
+            day.show(visit);
+    };
+    while (rows.step()) {
+        const std::string_view date = rows.text(0);
+        if (date != day.date) {
+            finish();
+            day.begin(date);
+        }
+        if (!day.add(rows.text(1), rows.integer(2)) || rows.isNull(1))
+            continue;
+        rows.reset();
+        // The next name that there can be: the engine finds it without a look at the rows between.
+        rows.bindText(1, day.date).bindText(2, day.styles.back().name + '\0');
+    }
+    finish();
+}
+
+void SqliteAppointments::visitStylesOf(std::string_view date, const VisitStyle& visit) {
+    auto statement = database_.prepare(
+        R"(SELECT "StyleSet", max(rowid) FROM appoint WHERE "Date" = ?1 GROUP BY 1 ORDER BY 2)");
+    statement.bindText(1, date);
+    while (statement.step())
+        visit(date, statement.text(0));
+}
+
+void SqliteAppointments::add(const Values& values) {
     std::string columns;
     std::string parameters;
     for (std::size_t i = 0; i < kColumnCount; ++i) {
@@ -139,7 +241,7 @@ void AppointmentConnection::add(const Values& values) {
     write(statement);
 }
 
-void AppointmentConnection::write(sqlite::Statement& statement) {
+void SqliteAppointments::write(sqlite::Statement& statement) {
     sqlite::Transaction transaction(database_);
     // While this waited for the lock another copy of the program may have put a new file in the
     // place of this one; what is written here would never be seen.
@@ -151,7 +253,7 @@ void AppointmentConnection::write(sqlite::Statement& statement) {
     transaction.commit();
 }
 
-void AppointmentConnection::change(std::int64_t number, const Values& values) {
+void SqliteAppointments::change(std::int64_t number, const Values& values) {
     std::string assignments;
     for (std::size_t i = 0; i < kColumnCount; ++i)
         if (values[i])
@@ -168,7 +270,7 @@ void AppointmentConnection::change(std::int64_t number, const Values& values) {
         throw StorageFailure("The appointment is no longer in the planner.", Obstacle::NoSuchRow);
 }
 
-void AppointmentConnection::remove(std::int64_t number) {
+void SqliteAppointments::remove(std::int64_t number) {
     auto statement = database_.prepare("DELETE FROM appoint WHERE rowid = ?1");
     write(statement.bindInteger(1, number));
     if (database_.changedRows() == 0)
