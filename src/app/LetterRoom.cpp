@@ -35,6 +35,14 @@ void LetterRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::Insert2, [this] { onSelectedLine(&LetterCommands::addLetterHead); });
 }
 
+void LetterRoom::print(ReportBooks books) {
+    using Books = MergePrint::Books;
+    if (books == ReportBooks::Both)
+        mergePrint_.run(Books::Both);
+    else
+        mergePrint_.run(books == ReportBooks::White ? Books::White : Books::Yellow);
+}
+
 void LetterRoom::onSelectedLine(void (LetterCommands::*add)(const std::string&)) {
     const std::string line = pane_.selectedLine();
     if (line.empty())

@@ -17,6 +17,7 @@
 #include "docpad/forms/PadEditFont.h"
 #include "docpad/forms/PadEditText.h"
 #include "phonebook/PhonebookStore.h"
+#include "reports/Reports.h"
 
 namespace velmora {
 
@@ -31,8 +32,8 @@ class LetterRoom {
 
     void bindCommands(CommandSet& commands);
 
-    // Prints DocPad's text as letters to the entries of the books.
-    [[nodiscard]] MergePrint& mergePrint() { return mergePrint_; }
+    // Prints DocPad's text as letters to the entries of the books, which are one at least.
+    void print(ReportBooks books);
 
   private:
     void onSelectedLine(void (LetterCommands::*add)(const std::string&));

@@ -1,19 +1,21 @@
 #include "app/PrintRoom.h"
 
 #include <QLabel>
+#include <utility>
 
 #include "core/forms/PlannerPage.h"
-#include "core/forms/StatusBar.h"
 #include "planner/EventsOfDay.h"
 #include "platform/controls/SSDay.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 
-PrintRoom::PrintRoom(World& world, Calendar& calendar, PrintJobs& printing)
+PrintRoom::PrintRoom(World& world, Calendar& calendar, PrintJobs& printing,
+                     std::function<void()> openListing)
     : world_(world),
       calendar_(calendar),
       printing_(printing),
+      openListing_(std::move(openListing)),
       question_(world.codePage),
       setup_(printing, question_, world.messages) {}
 
@@ -43,7 +45,7 @@ void PrintRoom::printWhatIsOnShow() {
     if (calendar_.dayViewShown())
         printDay();
     else
-        calendar_.status().show(kNotYet);
+        openListing_();
 }
 
 }  // namespace velmora

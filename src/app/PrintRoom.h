@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "app/World.h"
 #include "core/CommandSet.h"
 #include "core/PrintJobs.h"
@@ -13,8 +15,9 @@ namespace velmora {
 // chooses it.
 class PrintRoom {
   public:
-    // All must outlive the room.
-    PrintRoom(World& world, Calendar& calendar, PrintJobs& printing);
+    // `openListing` opens the dialog that prints a listing. All must outlive the room.
+    PrintRoom(World& world, Calendar& calendar, PrintJobs& printing,
+              std::function<void()> openListing);
 
     void bindCommands(CommandSet& commands);
 
@@ -25,6 +28,7 @@ class PrintRoom {
     World& world_;
     Calendar& calendar_;
     PrintJobs& printing_;
+    std::function<void()> openListing_;
     QtPrinterQuestion question_;
     PrinterSetup setup_;
 };

@@ -31,7 +31,10 @@ Program::Program(const NativePath& nativeProgramFolder)
                .runCommand = [this](CommandName command) { run(command); }}),
       tasks_(world_, calendar_, jobs_.printing()),
       fonts_(world_, calendar_),
-      printing_(world_, calendar_, jobs_.printing()),
+      reports_(world_, calendar_, phonebook_.store(), jobs_.printing(),
+               {.mergePrint = [this](ReportBooks books) { letterRoom_.print(books); },
+                .endProgram = [this](const std::string& text) { endAfter(text); }}),
+      printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),
       accessories_(world_, calendar_,
@@ -125,6 +128,7 @@ void Program::bindCommands() {
     search_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
     printing_.bindCommands(commands_);
+    reports_.bindCommands(commands_);
     paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }

@@ -16,6 +16,7 @@
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
 #include "app/PrintRoom.h"
+#include "app/ReportRoom.h"
 #include "app/SearchRoom.h"
 #include "app/TaskRoom.h"
 #include "app/WindowRoom.h"
@@ -92,6 +93,7 @@ class Program {
     EventsRoom events_;
     TaskRoom tasks_;
     FontRoom fonts_;
+    ReportRoom reports_;
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;

@@ -188,11 +188,9 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
 
 TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
-        Commands::mergeprntmnu,  Commands::runmnu,    Commands::backupmnu,
-        Commands::exitwinmnu,    Commands::Setupmnu,  Commands::repprnt,
-        Commands::importplanner, Commands::faxmnu,    Commands::Importmnu,
-        Commands::importoldmnu,  Commands::exportmnu, Commands::Explorer,
-        Commands::Control,
+        Commands::runmnu,        Commands::backupmnu, Commands::exitwinmnu, Commands::Setupmnu,
+        Commands::importplanner, Commands::faxmnu,    Commands::Importmnu,  Commands::importoldmnu,
+        Commands::exportmnu,     Commands::Explorer,  Commands::Control,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;

@@ -1,0 +1,56 @@
+#include "phonebook/NameIndex.h"
+
+#include <algorithm>
+
+#include "platform/Text.h"
+
+namespace velmora {
+namespace {
+
+// NULs tell the parts apart; a company has none before it.
+std::string personKey(const std::string& upperLast, const std::string& upperFirst) {
+    return upperLast + '\0' + upperFirst;
+}
+
+}  // namespace
+
+WantedName::WantedName(std::string_view line, const CodePage& codePage) : codePage_(&codePage) {
+    const std::size_t comma = line.find(',');
+    if (comma == std::string_view::npos) {
+        company_ = codePage.upper(trimBlanks(line));
+        return;
+    }
+    constexpr std::size_t kCommaAndBlank = 2;
+    isPerson_ = true;
+    last_ = codePage.upper(trimBlanks(line.substr(0, comma)));
+    first_ = codePage.upper(trimBlanks(line.substr(std::min(comma + kCommaAndBlank, line.size()))));
+}
+
+bool WantedName::fits(RecordView record) const {
+    const auto is = [&](Field field, const std::string& upper) {
+        return codePage_->upper(record.text(field)) == upper;
+    };
+    if (isPerson_)
+        return !last_.empty() && is(Field::Last, last_) && is(Field::First, first_);
+    return !company_.empty() && record.isEmpty(Field::Last) && is(Field::Company, company_);
+}
+
+std::string WantedName::key() const {
+    return isPerson_ ? personKey(last_, first_) : company_;
+}
+
+void NameIndex::add(RecordNumber number, RecordView record) {
+    const auto upper = [&](Field field) { return codePage_.upper(record.text(field)); };
+    const std::string key = record.isEmpty(Field::Last)
+                                ? upper(Field::Company)
+                                : personKey(upper(Field::Last), upper(Field::First));
+    if (!key.empty())
+        records_[key].push_back(number);
+}
+
+const std::vector<RecordNumber>& NameIndex::of(const WantedName& name) const {
+    const auto found = records_.find(name.key());
+    return found == records_.end() ? none_ : found->second;
+}
+
+}  // namespace velmora

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "phonebook/BookRecords.h"
+#include "phonebook/RecordView.h"
+#include "platform/CodePage.h"
+
+namespace velmora {
+
+// A name from a list of names, as everything that goes through a whole book looks it up: what
+// stands before the first comma is the last name, what begins with the second character behind it
+// the first name; without a comma it is a company. Case does not count.
+class WantedName {
+  public:
+    // `codePage` must outlive the name.
+    WantedName(std::string_view line, const CodePage& codePage);
+
+    [[nodiscard]] bool isPerson() const { return isPerson_; }
+
+    // A name that begins with a comma fits none; a company none with a last name.
+    [[nodiscard]] bool fits(RecordView record) const;
+
+    // Equal for all names that fit the same records.
+    [[nodiscard]] std::string key() const;
+
+  private:
+    const CodePage* codePage_;
+    bool isPerson_ = false;
+    std::string last_;  // upper-cased, as the others
+    std::string first_;
+    std::string company_;
+};
+
+// Which records of a book have which name, so that a run over many names need not read the whole
+// book for each. It knows the book as it was when its records were added; whoever uses it looks at
+// the record again.
+class NameIndex {
+  public:
+    // `codePage` must outlive the index.
+    explicit NameIndex(const CodePage& codePage) : codePage_(codePage) {}
+
+    void clear() { records_.clear(); }
+
+    // Records come in the order of the book.
+    void add(RecordNumber number, RecordView record);
+
+    // The records that may fit, in the order of the book.
+    [[nodiscard]] const std::vector<RecordNumber>& of(const WantedName& name) const;
+
+  private:
+    const CodePage& codePage_;
+    std::unordered_map<std::string, std::vector<RecordNumber>> records_;
+    const std::vector<RecordNumber> none_;
+};
+
+}  // namespace velmora
