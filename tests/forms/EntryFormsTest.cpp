@@ -83,6 +83,7 @@ TEST_F(EntryFormsTest, AtTheEndOfTheProgramTheValuesAreKeptAtOnceAndStay) {
         type(form);
         forms.keepForNextStart();
         EXPECT_EQ(abandoned(), kAdair);
+        recovery.seal();
         form.reject();
     });
     EXPECT_EQ(abandoned(), kAdair);

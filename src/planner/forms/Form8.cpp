@@ -1,5 +1,6 @@
 #include "planner/forms/Form8.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -24,6 +25,7 @@ constexpr QSize kFormSize(540, 306);
 constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kBesideCorner(620 / kTwipsPerPixel, 50 / kTwipsPerPixel);
 constexpr int kInterval = 60000;  // milliseconds
+constexpr int kFollows = 1000;    // milliseconds
 
 }  // namespace
 
@@ -114,13 +116,25 @@ void Form8::place() {
     moveInto(beside_->screen()->availableGeometry(), *this);
 }
 
-void Form8::showBeside(const QWidget& window) {
+bool Form8::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == beside_ && event->type() == QEvent::Move && isVisible() && shown_.isValid() &&
+        !shown_.hasExpired(kFollows))
+        place();
+    return Dialog::eventFilter(watched, event);
+}
+
+void Form8::showBeside(QWidget& window) {
     makeControls();
-    beside_ = &window;
+    if (!isVisible())
+        shown_.start();
+    if (beside_ != &window) {
+        beside_ = &window;
+        window.installEventFilter(this);
+    }
     bringToFront();
 }
 
-void Form8::presentBeside(const QWidget& window) {
+void Form8::presentBeside(QWidget& window) {
     rebuild();
     showBeside(window);
 }

@@ -251,9 +251,15 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
 }
 
 void EntryList::mouseDoubleClickEvent(QMouseEvent* event) {
-    QListView::mouseDoubleClickEvent(event);
+    // A press like any other: who clicks a line and drags it at once drags it.
+    mousePressEvent(event);
     const bool onLine = indexAt(event->position().toPoint()).isValid();
-    if (event->button() == Qt::LeftButton && onLine && hasSelection())
+    clickedTwice_ = event->button() == Qt::LeftButton && onLine && hasSelection();
+}
+
+void EntryList::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    if (std::exchange(clickedTwice_, false) && event->button() == Qt::LeftButton)
         emit lineActivated();
 }
 
@@ -333,6 +339,7 @@ void EntryList::startDrag(Qt::DropActions actions) {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     if (selected.isEmpty())
         return;
+    clickedTwice_ = false;
     emit dragBegins();
     auto* drag = new QDrag(this);
     drag->setMimeData(lines_->mimeData(selected));

@@ -90,6 +90,7 @@ class EntryList final : public QListView {
                           const QItemSelection& deselected) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -105,8 +106,9 @@ class EntryList final : public QListView {
     EntryLines* lines_;
     QString emptyText_;
     KeyboardFocus focus_;
-    int choices_ = 0;         // selections made so far; tells a press whether it made one
-    bool byProgram_ = false;  // the selection is being changed by an operation of this class
+    int choices_ = 0;            // selections made so far; tells a press whether it made one
+    bool clickedTwice_ = false;  // and the button is still down
+    bool byProgram_ = false;     // the selection is being changed by an operation of this class
 };
 
 }  // namespace velmora
