@@ -114,7 +114,9 @@ void PadPage::lay(QTextLayout& layout, std::size_t row, const Preedit* preedit,
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     option.setTabStopDistance(kTabStop);
-    option.setTextDirection(rightToLeft(begin) ? Qt::RightToLeft : Qt::LeftToRight);
+    const bool turned = rightToLeft(begin);
+    option.setTextDirection(turned ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setAlignment(turned ? Qt::AlignRight : Qt::AlignLeft);
     layout.setTextOption(option);
     if (preedit != nullptr)
         layout.setPreeditArea(static_cast<int>(caret - begin), preedit->text);
