@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "core/ControlFont.h"
 #include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
-#include "core/ControlFont.h"
 #include "docpad/LetterHead.h"
 #include "docpad/PadText.h"
 #include "docpad/Signature.h"

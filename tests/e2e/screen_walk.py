@@ -2,9 +2,9 @@
 """Opens Velmora and its windows one after the other, by keys alone, and looks whether each fits the
 screen: the frame inside, the buttons inside the frame.
 
-Usage: tests/e2e/screen_walk.py WIDTH HEIGHT
+Usage: tests/e2e/screen_walk.py WIDTH HEIGHT SCALE
 
-WIDTH and HEIGHT are those of the screen in device pixels. Ends with 1, and one line for each thing
+WIDTH and HEIGHT are those of the screen in device pixels, SCALE of which make one of ours. Ends with 1, and one line for each thing
 that does not fit. Runs on a display of its own: test_screens.py starts it.
 """
 
@@ -35,8 +35,12 @@ WINDOWS = (
 
 def window_geometry(window):
     """(left, top, right, bottom) of a window's frame in device pixels."""
-    told = dict(re.findall(r"^(\w+)=(-?\d+)$", xdo("getwindowgeometry", "--shell", window), re.M))
-    left, top, width, height = (int(told[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    # The place that xdotool tells counts the frame twice.
+    told = subprocess.run(["xwininfo", "-id", window], capture_output=True, text=True,
+                          check=True).stdout
+    left, top, width, height = (int(re.search(name + r":\s+(-?\d+)", told)[1]) for name in
+                                ("Absolute upper-left X", "Absolute upper-left Y", "Width",
+                                 "Height"))
     frame = subprocess.run(["xprop", "-id", window, "_NET_FRAME_EXTENTS"], capture_output=True,
                            text=True, check=True).stdout
     sides = [int(side) for side in re.findall(r"\d+", frame.partition("=")[2])] or [0] * 4
@@ -44,8 +48,10 @@ def window_geometry(window):
 
 
 class Walk:
-    def __init__(self, width, height):
-        self.size = (width, height)
+    def __init__(self, width, height, scale):
+        self.size = (int(width), int(height))
+        # On the smallest screens the desk scrolls up and down.
+        self.desk_scrolls = self.size[1] / float(scale) < 600
         self.problems = []
         self.desk = Desk()
         self.program = self.desk.start()
@@ -58,13 +64,13 @@ class Walk:
         if left < 0 or top < 0 or right > self.size[0] or bottom > self.size[1]:
             self.problems.append(f"{name}: its frame is at {left}, {top} to {right}, {bottom}")
 
-    def look_at_buttons(self, name, window):
+    def look_at_buttons(self, name, window, scrolls=False):
         outside = box_of(window)
         for button in self.program.find_all(role="push button", within=window):
             box = box_of(button)
-            if (box.x < outside.x or box.y < outside.y
-                    or box.x + box.width > outside.x + outside.width
-                    or box.y + box.height > outside.y + outside.height):
+            if (box.x < outside.x or box.x + box.width > outside.x + outside.width
+                    or not scrolls and (box.y < outside.y or box.y + box.height
+                                        > outside.y + outside.height)):
                 self.problems.append(f"{name}: {button.get_name()!r} is cut off")
 
     def main_window(self):
@@ -73,7 +79,7 @@ class Walk:
             key(*(("alt+p", "Escape", "Escape"), ("alt+h", "Escape", "Escape"), ("alt+d",))[number])
             seen = ("Label1", "Picture4", "Picture3")[number]
             wait_until(lambda name=seen: self.program.shows(name), f"the pane {pane}")
-            self.look_at_buttons(pane, self.program.main)
+            self.look_at_buttons(pane, self.program.main, self.desk_scrolls)
 
     def window(self, keys, title):
         self.program.activate()
@@ -93,7 +99,7 @@ class Walk:
 
 
 def main():
-    walk = Walk(*(int(each) for each in sys.argv[1:3]))
+    walk = Walk(*sys.argv[1:4])
     try:
         walk.main_window()
         for keys, title in WINDOWS:

@@ -17,7 +17,7 @@ class Screens(unittest.TestCase):
             with self.subTest(f"{width}x{height} at {scale}"):
                 done = subprocess.run(
                     [ROOT / "tools/with-display", "/usr/bin/python3",
-                     ROOT / "tests/e2e/screen_walk.py", str(width), str(height)],
+                     ROOT / "tests/e2e/screen_walk.py", str(width), str(height), scale],
                     env={**os.environ, "VELMORA_SCREEN": f"{width}x{height}",
                          "QT_SCALE_FACTOR": scale},
                     capture_output=True, text=True)

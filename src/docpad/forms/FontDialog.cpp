@@ -19,6 +19,7 @@ namespace {
 
 constexpr QSize kSize(460, 420);
 constexpr int kSwatch = 16;
+constexpr int kBoxHeight = 30;
 
 // Red + 256 green + 65536 blue; negative is no colour.
 std::optional<QColor> colourOf(int number) {
@@ -50,6 +51,7 @@ FontDialog::FontDialog(const ControlFont& now, double smallest, double largest,
     size_->setObjectName(QStringLiteral("size"));
     size_->setRange(smallest, largest);
     size_->setValue(now.size);
+    size_->setMinimumHeight(kBoxHeight);
     sample_->setObjectName(QStringLiteral("sample"));
     sample_->setAlignment(Qt::AlignCenter);
     fillFamilies(toQt(now.name, codePage_));
