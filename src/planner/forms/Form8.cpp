@@ -1,6 +1,5 @@
 #include "planner/forms/Form8.h"
 
-#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -25,7 +24,6 @@ constexpr QSize kFormSize(540, 306);
 constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kBesideCorner(620 / kTwipsPerPixel, 50 / kTwipsPerPixel);
 constexpr int kInterval = 60000;  // milliseconds
-constexpr int kFollows = 1000;    // milliseconds
 
 }  // namespace
 
@@ -116,25 +114,13 @@ void Form8::place() {
     moveInto(beside_->screen()->availableGeometry(), *this);
 }
 
-bool Form8::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == beside_ && event->type() == QEvent::Move && isVisible() && shown_.isValid() &&
-        !shown_.hasExpired(kFollows))
-        place();
-    return Dialog::eventFilter(watched, event);
-}
-
-void Form8::showBeside(QWidget& window) {
+void Form8::showBeside(const QWidget& window) {
     makeControls();
-    if (!isVisible())
-        shown_.start();
-    if (beside_ != &window) {
-        beside_ = &window;
-        window.installEventFilter(this);
-    }
+    beside_ = &window;
     bringToFront();
 }
 
-void Form8::presentBeside(QWidget& window) {
+void Form8::presentBeside(const QWidget& window) {
     rebuild();
     showBeside(window);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <string>
 #include <vector>
@@ -29,12 +28,11 @@ class Form8 final : public Dialog {
     Form8(const EventsForToday& events, const CodePage& codePage);
 
     // Shows the form, in front and ready for Enter or Escape, beside the left top corner of a
-    // window, kept on its screen. A form that is in view stays where it is, but for the first
-    // second, in which it follows the window: the window manager may still be placing that.
-    void showBeside(QWidget& window);
+    // window, kept on its screen. A form that is in view stays where it is.
+    void showBeside(const QWidget& window);
 
     // As showBeside(), with the list as of now.
-    void presentBeside(QWidget& window);
+    void presentBeside(const QWidget& window);
 
     // The list as it is shown, or would be.
     [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
@@ -47,7 +45,6 @@ class Form8 final : public Dialog {
 
   protected:
     void place() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void makeControls();
@@ -59,8 +56,7 @@ class Form8 final : public Dialog {
     const EventsForToday& events_;
     const CodePage& codePage_;
     std::vector<std::string> lines_;
-    QPointer<QWidget> beside_;        // the window beside which the form opens
-    QElapsedTimer shown_;             // since it was placed first
+    QPointer<const QWidget> beside_;  // the window beside which the form opens
     QTimer* Timer1;                   // builds the list anew
     QLabel* Label1 = nullptr;         // "Events and Occasions Occurring Today:"
     EntryList* List1 = nullptr;       // the events

@@ -129,12 +129,14 @@ void Dialog::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
-void Dialog::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
+// Before it is on the screen: a window that is there already is moved without its frame.
+void Dialog::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        ensurePolished();
         fitToScreen();
         place();
     }
-    QDialog::showEvent(event);
+    QDialog::setVisible(visible);
 }
 
 void Dialog::present() {

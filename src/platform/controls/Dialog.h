@@ -31,6 +31,8 @@ class Dialog : public QDialog {
     // to the front as it is.
     virtual void present();
 
+    void setVisible(bool visible) override;
+
   signals:
     // A character that the code page lacks was replaced in a guarded box.
     void characterReplaced();
@@ -94,7 +96,6 @@ class Dialog : public QDialog {
     // Enter presses the button that has the focus, else the primary one; Ctrl+Enter presses the
     // primary one also where Enter types a line.
     void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
   private:
     [[nodiscard]] QScreen* targetScreen() const;

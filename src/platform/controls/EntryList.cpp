@@ -251,8 +251,8 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
 }
 
 void EntryList::mouseDoubleClickEvent(QMouseEvent* event) {
-    // A press like any other: who clicks a line and drags it at once drags it.
-    mousePressEvent(event);
+    QListView::mouseDoubleClickEvent(event);
+    // Told when the button comes up: who clicks a line and drags it at once drags it.
     const bool onLine = indexAt(event->position().toPoint()).isValid();
     clickedTwice_ = event->button() == Qt::LeftButton && onLine && hasSelection();
 }
