@@ -10,6 +10,7 @@
 #include "app/Program.h"
 #include "platform/Failure.h"
 #include "platform/controls/CalendarAccessibility.h"
+#include "platform/qt/ContextKey.h"
 #include "platform/qt/EndSignals.h"
 #include "platform/qt/TestIds.h"
 #include "platform/qt/Theme.h"
@@ -67,6 +68,8 @@ int runVelmora(int argc, char** argv) {
     TestIds testIds;
     if (TestIds::wanted())
         application.installEventFilter(&testIds);
+    ContextKey contextKey;
+    application.installEventFilter(&contextKey);
     applyLook();
     registerCalendarAccessibility();
     try {

@@ -10,6 +10,7 @@
 
 #include "forms/Widgets.h"
 #include "platform/controls/DragFormats.h"
+#include "platform/qt/ContextKey.h"
 #include "platform/qt/Theme.h"
 
 namespace velmora {
@@ -200,6 +201,19 @@ TEST_F(EntryListTest, EnterAndADoubleClickActivateTheSelectedLineOnce) {
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {40, 200});
     QTest::keyClick(&list, Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(3, activated.count());
+}
+
+TEST_F(EntryListTest, ShiftF10OpensItsMenuAsTheMenuKeyDoes) {
+    list.setLines({"Adams, Al"});
+    show();
+    ASSERT_TRUE(list.selectLine("Adams, Al"));
+    QSignalSpy wanted(&list, &EntryList::menuWanted);
+    ContextKey key;
+    qApp->installEventFilter(&key);
+    QTest::keyClick(&list, Qt::Key_F10);
+    EXPECT_EQ(0, wanted.count());
+    QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(1, wanted.count());
 }
 
 TEST_F(EntryListTest, EnterOnTheLineThatTheFocusFellOnSelectsItFirst) {
