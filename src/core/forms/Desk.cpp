@@ -83,7 +83,7 @@ void Desk::setDocPadFills(bool fills) {
     floor_->layout()->activate();
 }
 
-void Desk::fitTextMargins() {
+void Desk::fitTextMargins() const {
     const Measures& own = small_ ? kSmall : kNormal;
     parts_.text->setTextMargins(docPadFills_ ? own.wideText : own.text);
 }

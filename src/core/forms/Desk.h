@@ -53,7 +53,7 @@ class Desk final : public QScrollArea {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void fitTextMargins();
+    void fitTextMargins() const;
     void applyDocPadWidth();
 
     Parts parts_;

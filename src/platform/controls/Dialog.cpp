@@ -168,17 +168,17 @@ QPushButton* Dialog::makeHelpButton(const char* name) {
     return button;
 }
 
-void Dialog::guard(QLineEdit& box, const CodePage& codePage) {
+void Dialog::guard(QLineEdit& box, const CodePage& codePage) const {
     connect(new CodePageGuard(box, codePage), &CodePageGuard::replaced, this,
             &Dialog::characterReplaced);
 }
 
-void Dialog::guard(QComboBox& box, const CodePage& codePage) {
+void Dialog::guard(QComboBox& box, const CodePage& codePage) const {
     connect(new CodePageGuard(box, codePage), &CodePageGuard::replaced, this,
             &Dialog::characterReplaced);
 }
 
-void Dialog::guard(QPlainTextEdit& box, const CodePage& codePage, int mostBytes) {
+void Dialog::guard(QPlainTextEdit& box, const CodePage& codePage, int mostBytes) const {
     connect(new CodePageGuard(box, codePage, mostBytes), &CodePageGuard::replaced, this,
             &Dialog::characterReplaced);
 }

@@ -88,9 +88,9 @@ class Dialog : public QDialog {
     [[nodiscard]] QPushButton* makeHelpButton(const char* name);
 
     // Keeps what is typed into a box storable. `mostBytes` as in CodePageGuard.
-    void guard(QLineEdit& box, const CodePage& codePage);
-    void guard(QComboBox& box, const CodePage& codePage);
-    void guard(QPlainTextEdit& box, const CodePage& codePage, int mostBytes = 0);
+    void guard(QLineEdit& box, const CodePage& codePage) const;
+    void guard(QComboBox& box, const CodePage& codePage) const;
+    void guard(QPlainTextEdit& box, const CodePage& codePage, int mostBytes = 0) const;
 
     bool event(QEvent* event) override;
     // Enter presses the button that has the focus, else the primary one; Ctrl+Enter presses the
