@@ -298,7 +298,18 @@ class Velmora:
         return " ".join(texts)
 
     def menu(self, *captions):
-        """Picks an item of the menu bar, from head to item, by mouse."""
+        """Picks an item of the menu bar, from head to item, by mouse.
+
+        A menu closes when a window that was asked to close before goes only then: it is opened
+        once more.
+        """
+        try:
+            self._pick(captions, 5)
+        except NotSeen:
+            key("Escape")
+            self._pick(captions, PATIENCE)
+
+    def _pick(self, captions, seconds):
         for caption in captions:
             roles = ("menu item", "check menu item", "menu")
             item = wait_until(
@@ -306,7 +317,7 @@ class Velmora:
                                            if element.get_role_name() in roles
                                            and element.get_name() == text
                                            and is_showing(element)), None),
-                f"the menu item {caption!r}")
+                f"the menu item {caption!r}", seconds)
             click(item)
 
     def point_nowhere(self):
