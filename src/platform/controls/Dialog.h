@@ -43,14 +43,14 @@ class Dialog : public QDialog {
   protected:
     // Buttons from left to right.
     struct Buttons {
-        std::vector<QPushButton*> left;   // side commands
-        std::vector<QPushButton*> right;  // the doing button first, Cancel or Close last
-        QPushButton* primary = nullptr;   // what Enter presses, in the footer or not
+        std::vector<QPushButton*> left{};   // side commands
+        std::vector<QPushButton*> right{};  // the doing button first, Cancel or Close last
+        QPushButton* primary = nullptr;     // what Enter presses, in the footer or not
     };
 
     // Sizes of the inside, in device-independent px.
     struct Extent {
-        QSize first;    // when it opens for the first time, or more where its parts need more
+        QSize first{};  // when it opens for the first time, or more where its parts need more
         QSize least{};  // or more where its parts need more
         Qt::Orientations grows = Qt::Horizontal | Qt::Vertical;
     };

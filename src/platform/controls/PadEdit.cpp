@@ -116,9 +116,9 @@ void PadEdit::erase(std::size_t position) {
         change(range.first(), range.length(), {}, PadBuffer::Kind::Erasing);
 }
 
-void PadEdit::insert(const QMimeData& data) {
-    if (data.hasText())
-        replaceSelection(withCrLf(fromQt(kept(withLineFeeds(data.text())), page_.codePage())));
+void PadEdit::insert(const QMimeData& what) {
+    if (what.hasText())
+        replaceSelection(withCrLf(fromQt(kept(withLineFeeds(what.text())), page_.codePage())));
 }
 
 QString PadEdit::kept(const QString& text) {
@@ -197,8 +197,8 @@ void PadEdit::cut() {
 }
 
 void PadEdit::paste() {
-    if (const QMimeData* data = QApplication::clipboard()->mimeData())
-        insert(*data);
+    if (const QMimeData* copied = QApplication::clipboard()->mimeData())
+        insert(*copied);
 }
 
 void PadEdit::selectAll() {

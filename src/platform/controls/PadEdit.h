@@ -85,7 +85,7 @@ class PadEdit final : public QAbstractScrollArea {
     void moveCaret(PadCaret::Move move, bool extend);
 
     // Puts what was pasted or dropped in place of the selection. Takes text only.
-    void insert(const QMimeData& data);
+    void insert(const QMimeData& what);
 
     // Erases the selection, or from the caret to `position` when nothing is selected.
     void erase(std::size_t position);
