@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "planner/PlannerDatabase.h"
 #include "planner/StoredText.h"
+#include "planner/sqlite/PlannerDatabase.h"
 #include "platform/sqlite/Database.h"
 
 namespace velmora::bench {

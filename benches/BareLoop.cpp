@@ -18,6 +18,7 @@ constexpr std::size_t kWidths[] = {15, 20, 10, 50,  60,  75, 75, 75,  75, 50, 30
 constexpr std::size_t kFirst = 0, kFirstWidth = 15;
 constexpr std::size_t kLast = 15, kLastWidth = 20;
 constexpr std::size_t kCompany = 45, kCompanyWidth = 50;
+constexpr std::size_t kNumberPlaces[] = {535, 555, 575, 620}, kNumberWidth = 20;
 
 // Calls visit(record) for each full record until it returns false.
 template <typename Visit>
@@ -100,6 +101,25 @@ std::size_t countFieldsWith(const std::string& path, const std::string& upperTex
                 ++count;
             rest.remove_prefix(width);
         }
+        return true;
+    });
+    return count;
+}
+
+std::size_t countCallers(const std::string& path, const std::string& number) {
+    const std::string area = number.substr(0, 3);
+    const std::string local = number.substr(3, 3) + "-" + number.substr(6);
+    const std::string forms[] = {number, local, "(" + area + ") " + local, area + " " + local,
+                                 area + "-" + local};
+    std::size_t count = 0;
+    eachRecord(path, [&](const char* record) {
+        bool calls = false;
+        for (const std::size_t place : kNumberPlaces) {
+            const std::string_view text = trimmed(record + place, kNumberWidth);
+            for (const std::string& form : forms)
+                calls = calls || text == form;
+        }
+        count += calls ? 1 : 0;
         return true;
     });
     return count;

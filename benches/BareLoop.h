@@ -19,4 +19,8 @@ namespace velmora::bench {
 // In how many fields of all records a text stands, compared by their bytes with A to Z upper-cased.
 [[nodiscard]] std::size_t countFieldsWith(const std::string& path, const std::string& upperText);
 
+// How many entries have one of the five forms of a number of ten digits as their telephone, work,
+// fax or other number, without the blanks around it.
+[[nodiscard]] std::size_t countCallers(const std::string& path, const std::string& number);
+
 }  // namespace velmora::bench

@@ -70,8 +70,8 @@ class Phonebook {
     SettingsStore settings_{medium_};
     PosixFiles files_{NativePaths(codePage_)};
     DataLocations locations_;
-    FileBooks books_{files_, locations_, [this](const std::string& path) {
-                         return fileStampOf(files_.nativePath(path));
+    FileBooks books_{files_, locations_, [this](const std::string& book) {
+                         return fileStampOf(files_.nativePath(book));
                      }};
     PhonebookStore store_{books_, codePage_};
     SharedState state_;

@@ -10,4 +10,8 @@ Milliseconds median(std::vector<Milliseconds> samples) {
     return *middle;
 }
 
+Milliseconds quickest(const std::vector<Milliseconds>& samples) {
+    return *std::min_element(samples.begin(), samples.end());
+}
+
 }  // namespace velmora::bench

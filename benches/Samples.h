@@ -11,6 +11,9 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 // `samples` must not be empty.
 [[nodiscard]] Milliseconds median(std::vector<Milliseconds> samples);
 
+// What the work takes when nothing else wants the machine; `samples` must not be empty.
+[[nodiscard]] Milliseconds quickest(const std::vector<Milliseconds>& samples);
+
 // How long a call takes.
 template <typename Call>
 [[nodiscard]] Milliseconds timeOf(Call&& call) {

@@ -15,6 +15,7 @@
 #include "benches/BookGenerator.h"
 #include "benches/Report.h"
 #include "benches/Samples.h"
+#include "benches/TimedLoop.h"
 #include "phonebook/DatabaseSearch.h"
 #include "phonebook/FileBooks.h"
 #include "platform/files/FileStampOf.h"
@@ -32,29 +33,6 @@ namespace {
 
 constexpr int kRepetitions = 15;
 constexpr std::size_t kEntries = 30'000;
-
-// The event loop of the program; keeps the longest time between two turns.
-class TimedLoop final : public EventLoop {
-  public:
-    void yield() override {
-        const auto now = std::chrono::steady_clock::now();
-        longestGap = std::max(longestGap, Milliseconds(now - lastTurn_));
-        loop_.yield();
-        lastTurn_ = std::chrono::steady_clock::now();
-    }
-    void waitFor(std::chrono::milliseconds duration) override { loop_.waitFor(duration); }
-    void freeze(std::chrono::milliseconds duration) override { loop_.freeze(duration); }
-    void post(std::function<void()> work) override { loop_.post(std::move(work)); }
-    [[nodiscard]] bool closing() const override { return loop_.closing(); }
-
-    void begin() { lastTurn_ = std::chrono::steady_clock::now(); }
-
-    Milliseconds longestGap{0};
-
-  private:
-    QtEventLoop loop_;
-    std::chrono::steady_clock::time_point lastTurn_ = std::chrono::steady_clock::now();
-};
 
 // A search of two books of its own.
 class Search {
@@ -114,7 +92,7 @@ void compare(Search& search, const std::string& name, const std::string& upperTe
     TimedLoop timed;
     timed.begin();
     (void)search.hitsOf(upperText, timed);
-    report.figure(name + "-longest-gap", timed.longestGap.count(), "ms", 50);
+    report.figure(name + "-longest-gap", timed.longestGap().count(), "ms", 50);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "core/forms/PhonebookPage.h"
 #include "core/forms/StatusBar.h"
 #include "platform/controls/Keypad.h"
-#include "telephony/NumberDisplay.h"
+#include "telephony/KeypadNumber.h"
 #include "telephony/forms/DialerPage.h"
 
 namespace velmora {

@@ -37,6 +37,7 @@ bool DroppedLine::available() const {
 DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, EntryCommands& entries,
                        PrintJobs& printing)
     : calendar_(calendar),
+      codePage_(world.codePage),
       text_(calendar.text()),
       view_(calendar),
       dialog_(world.messages),
@@ -49,12 +50,11 @@ DocPadRoom::DocPadRoom(World& world, SharedState& state, Calendar& calendar, Ent
                calendar.status(), printer_, recovery_, world.loop}),
       recoveryTimer_([this] { return docPad_.keepInBackground(); }),
       search_(text_, world.codePage, world.messages),
-      searchForm_(search_, world.codePage, &calendar),
       focused_(world.codePage),
       clipboard_(world.codePage),
       clipboardCommands_(focused_, clipboard_),
       fontQuestion_(world.codePage),
-      fontCommand_("DocFont", FontCommand::Keeps::NameSizeAndColour, textFont_, fontQuestion_,
+      fontCommand_(keys::DocFont, FontCommand::Keeps::NameSizeAndColour, textFont_, fontQuestion_,
                    world.settings, world.loop),
       phoneLog_(world.locations.programFolder(), world.files, world.clock, world.locale),
       phoneLogViewer_(phoneLog_, docPad_, view_, dialog_, world.messages),
@@ -93,12 +93,18 @@ void DocPadRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::openmnu, [this] { docPad_.Open(); });
     commands.bind(Commands::savmnu, [this] { docPad_.Save(); });
     commands.bind(Commands::printmnu, [this] { docPad_.Print(); });
-    commands.bind(Commands::searchtxtmnu, [this] { searchForm_.present(); });
+    commands.bind(Commands::searchtxtmnu, [this] { openSearch(); });
     commands.bind(Commands::ChfontD, [this] { fontCommand_.change(); });
     commands.bind(Commands::EditCut, [this] { clipboardCommands_.EditCut(); });
     commands.bind(Commands::EditCopy, [this] { clipboardCommands_.EditCopy(); });
     commands.bind(Commands::EditPaste, [this] { clipboardCommands_.EditPaste(); });
     commands.bind(Commands::viewmnu, [this] { phoneLogViewer_.view(); });
+}
+
+void DocPadRoom::openSearch() {
+    if (!searchForm_)
+        searchForm_ = std::make_unique<TextSearch>(search_, codePage_, &calendar_);
+    searchForm_->present();
 }
 
 void DocPadRoom::keepForNextStart() {

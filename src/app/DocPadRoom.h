@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <memory>
 
 #include "app/World.h"
 #include "core/CommandSet.h"
@@ -80,8 +81,10 @@ class DocPadRoom {
 
   private:
     void connect();
+    void openSearch();
 
     Calendar& calendar_;
+    const CodePage& codePage_;
     PadEditText text_;
     CalendarDocPadView view_;
     DialogState dialog_;
@@ -91,7 +94,7 @@ class DocPadRoom {
     DocPad docPad_;
     RecoveryTimer recoveryTimer_;
     PadSearch search_;
-    TextSearch searchForm_;
+    std::unique_ptr<TextSearch> searchForm_;  // made when it is wanted
     FocusedWidget focused_;
     SystemClipboard clipboard_;
     ClipboardCommands clipboardCommands_;

@@ -5,25 +5,25 @@
 namespace velmora {
 
 ControlFont CalendarFont::font() const {
-    const QFont font = calendar_.fontOf(target_);
+    const QFont font = fonts_.fontOf(target_);
     return {.name = fromQt(font.family(), codePage_),
             .size = font.pointSizeF(),
-            .colour = calendar_.colourOf(target_)};
+            .colour = fonts_.colourOf(target_)};
 }
 
 void CalendarFont::setFont(const ControlFont& font) {
-    calendar_.setFont(target_, {.face = font.name, .size = font.size, .colour = font.colour});
+    fonts_.setFont(target_, {.face = font.name, .size = font.size, .colour = font.colour});
 }
 
 FontRoom::FontRoom(World& world, Calendar& calendar)
     : calendar_(calendar),
       question_(world.codePage),
-      dayFont_(calendar, FontTarget::DayView, world.codePage),
-      listFont_(calendar, FontTarget::EntryList, world.codePage),
+      dayFont_(calendar.textFonts(), FontTarget::DayView, world.codePage),
+      listFont_(calendar.textFonts(), FontTarget::EntryList, world.codePage),
       // The day view's colour is read at start but never stored.
-      dayCommand_("PlanFont", FontCommand::Keeps::NameAndSize, dayFont_, question_, world.settings,
-                  world.loop),
-      listCommand_("ListFont", FontCommand::Keeps::NameSizeAndColour, listFont_, question_,
+      dayCommand_(keys::PlanFont, FontCommand::Keeps::NameAndSize, dayFont_, question_,
+                  world.settings, world.loop),
+      listCommand_(keys::ListFont, FontCommand::Keeps::NameSizeAndColour, listFont_, question_,
                    world.settings, world.loop) {}
 
 void FontRoom::bindCommands(CommandSet& commands) {

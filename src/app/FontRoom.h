@@ -12,14 +12,14 @@ namespace velmora {
 // The font of the day view or of the entry list, as the font commands see it.
 class CalendarFont final : public FontHolder {
   public:
-    CalendarFont(Calendar& calendar, FontTarget target, const CodePage& codePage)
-        : calendar_(calendar), target_(target), codePage_(codePage) {}
+    CalendarFont(CalendarTextFonts& fonts, FontTarget target, const CodePage& codePage)
+        : fonts_(fonts), target_(target), codePage_(codePage) {}
 
     [[nodiscard]] ControlFont font() const override;
     void setFont(const ControlFont& font) override;
 
   private:
-    Calendar& calendar_;
+    CalendarTextFonts& fonts_;
     FontTarget target_;
     const CodePage& codePage_;
 };

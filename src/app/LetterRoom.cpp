@@ -36,11 +36,11 @@ void LetterRoom::bindCommands(CommandSet& commands) {
 }
 
 void LetterRoom::print(ReportBooks books) {
-    using Books = MergePrint::Books;
+    using WhichBooks = MergePrint::WhichBooks;
     if (books == ReportBooks::Both)
-        mergePrint_.run(Books::Both);
+        mergePrint_.run(WhichBooks::Both);
     else
-        mergePrint_.run(books == ReportBooks::White ? Books::White : Books::Yellow);
+        mergePrint_.run(books == ReportBooks::White ? WhichBooks::White : WhichBooks::Yellow);
 }
 
 void LetterRoom::onSelectedLine(void (LetterCommands::*add)(const std::string&)) {

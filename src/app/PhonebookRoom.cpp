@@ -21,6 +21,7 @@ PhonebookRoom::PhonebookRoom(World& world, SharedState& state, Calendar& calenda
       writer_(store_, world.messages),
       pane_(calendar),
       letters_(state, store_, pane_),
+      patient_(world.loop, calendar.status(), input_),
       pendingWish_(
           state, [this](int kind) { letters_.SelectBook(static_cast<std::int16_t>(kind)); },
           [this](int index) { letters_.LetterClick(index); }),
@@ -28,7 +29,8 @@ PhonebookRoom::PhonebookRoom(World& world, SharedState& state, Calendar& calenda
                      world.runningPrograms),
       entryForms_({world.messages, calendar.status(), world.codePage, entryRecovery_, calendar}),
       entries_({state, world.settings, store_, writer_, letters_, world.messages,
-                [&calendar] { calendar.flipCheck1(); }},
+                [&calendar] { calendar.flipCheck1(); },
+                [this](const std::function<void()>& work) { patient_.run(work); }},
                pane_, calendar.status(), entryForms_),
       entryResume_(entryRecovery_, entries_, world.messages) {
     connect();

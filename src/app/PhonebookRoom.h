@@ -6,6 +6,7 @@
 #include "app/EntryForms.h"
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PatientCommand.h"
 #include "core/PendingWish.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
@@ -16,6 +17,7 @@
 #include "phonebook/FileBooks.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
+#include "platform/qt/QtUserInput.h"
 
 namespace velmora {
 
@@ -53,6 +55,8 @@ class PhonebookRoom {
     EntryWriter writer_;
     CalendarPhonebookPane pane_;
     LetterView letters_;
+    QtUserInput input_;
+    PatientCommand patient_;
     PendingWish pendingWish_;
     EntryRecovery entryRecovery_;
     EntryForms entryForms_;

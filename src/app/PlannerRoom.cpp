@@ -8,10 +8,11 @@
 #include <utility>
 
 #include "app/PlannerWiring.h"
+#include "core/forms/Desk.h"
 #include "core/forms/LeftColumn.h"
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
-#include "planner/PlannerDatabase.h"
+#include "planner/sqlite/PlannerDatabase.h"
 #include "platform/Failure.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/PaneButton.h"
@@ -29,17 +30,17 @@ constexpr const char* kPlannerIsEmpty =
 }  // namespace
 
 CalendarPlannerDesk::CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
-                                         Schedule& schedule, WeekWindow& week,
+                                         std::function<void()> openSchedule, WeekWindow& week,
                                          std::function<void(const std::string&)> endProgram)
     : calendar_(calendar),
       yearPane_(yearPane),
       panes_(panes),
-      schedule_(schedule),
+      openSchedule_(std::move(openSchedule)),
       week_(week),
       endProgram_(std::move(endProgram)) {}
 
 void CalendarPlannerDesk::ShowYearPane() {
-    yearPane_.open(calendar_.paneCorner(), calendar_.isSmall());
+    yearPane_.open(calendar_.desk().paneCorner(), calendar_.isSmall());
 }
 
 void CalendarPlannerDesk::HideYearPane() {
@@ -57,29 +58,29 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
     : world_(world),
       calendar_(calendar),
       SSYear1(new SSYear(world.locale, world.codePage, dateOf(world.clock.now()))),
-      Picture6(SSYear1, calendar.desk()),
+      Picture6(SSYear1, calendar.desk().floor()),
       day_(calendar.day()),
       month_(*calendar.leftColumn().month()),
       year_(*SSYear1),
       scheduleTimes_(scheduleTexts_, world.messages, world.clock),
-      scheduleForm_(scheduleTimes_, &calendar),
       week_(world, month_, calendar),
-      desk_(calendar, Picture6, panes, scheduleForm_, week_, std::move(endProgram)),
-      opener_(accessReader_, world.messages, world.codePage, world.files),
+      desk_(
+          calendar, Picture6, panes, [this] { openSchedule(); }, week_, std::move(endProgram)),
+      places_(accessReader_, world.messages, world.codePage, world.files),
       source_(world.files),
       store_(world.codePage, world.clock, source_),
       countingStore_(world.codePage, world.clock, source_, std::chrono::milliseconds(0)),
       count_(store_, countingStore_),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
-      folder_(world.locations, opener_, store_, planner_, desk_, world.messages),
+      folder_(world.locations, places_, store_, planner_, desk_, world.messages),
       scheduling_({state, entries, store_, planner_, day_, month_, desk_, scheduleTexts_,
                    world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
     makeSchedulingMenu();
     QObject::connect(&calendar, &Calendar::smallChanged, &connections_, [this](bool small) {
         if (Picture6.isVisible())
-            Picture6.setPlace(calendar_.paneCorner(), small);
+            Picture6.setPlace(calendar_.desk().paneCorner(), small);
     });
     QObject::connect(&calendar.day(), &SSDay::characterReplaced, &connections_,
                      [this] { calendar_.status().show(kCharacterReplaced); });
@@ -111,10 +112,17 @@ void PlannerRoom::connectControls() {
                          &connections_, [this] { popUpSchedulingMenu(); });
     QObject::connect(column.list(), &EntryList::dragBegins, &connections_,
                      [this] { warnOfEmptyPlanner(); });
-    QObject::connect(&scheduleForm_, &Schedule::applied, &connections_, [this] {
-        commitEditors();  // the new appointment loads the day anew
-        scheduling_.OnApplied();
-    });
+}
+
+void PlannerRoom::openSchedule() {
+    if (!scheduleForm_) {
+        scheduleForm_ = std::make_unique<Schedule>(scheduleTimes_, &calendar_);
+        QObject::connect(scheduleForm_.get(), &Schedule::applied, &connections_, [this] {
+            commitEditors();  // the new appointment loads the day anew
+            scheduling_.OnApplied();
+        });
+    }
+    scheduleForm_->present();
 }
 
 void PlannerRoom::makeSchedulingMenu() {

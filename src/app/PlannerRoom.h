@@ -3,6 +3,7 @@
 #include <QList>
 #include <QObject>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/PlannerAdapters.h"
@@ -18,11 +19,11 @@
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
 #include "planner/PlannerFolder.h"
-#include "planner/PlannerOpener.h"
 #include "planner/ScheduleTimes.h"
 #include "planner/Scheduling.h"
 #include "planner/forms/Schedule.h"
 #include "planner/forms/YearPane.h"
+#include "planner/sqlite/PlannerFiles.h"
 #include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
 
@@ -38,7 +39,7 @@ class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
   public:
     // All must outlive the desk. `endProgram` shows a failure and closes the program.
     CalendarPlannerDesk(Calendar& calendar, YearPane& yearPane, PaneSwitch& panes,
-                        Schedule& schedule, WeekWindow& week,
+                        std::function<void()> openSchedule, WeekWindow& week,
                         std::function<void(const std::string&)> endProgram);
 
     void SetLongDate(const std::string& text) override { calendar_.setDateLine(text); }
@@ -47,7 +48,7 @@ class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
     void CloseWeekAtAGlance() override { week_.close(); }
 
     void ShowPlannerPane() override { panes_.show(Pane::Planner); }
-    void OpenSchedule() override { schedule_.present(); }
+    void OpenSchedule() override { openSchedule_(); }
     [[nodiscard]] std::string SelectedLine() const override;
     void SetCurrentEntry(const PhonebookRecord&) override {}  // nothing reads it yet
     void EndProgram(const std::string& utf8Text) override { endProgram_(utf8Text); }
@@ -56,7 +57,7 @@ class CalendarPlannerDesk final : public PlannerDesk, public ScheduleDesk {
     Calendar& calendar_;
     YearPane& yearPane_;
     PaneSwitch& panes_;
-    Schedule& schedule_;
+    std::function<void()> openSchedule_;
     WeekWindow& week_;
     std::function<void(const std::string&)> endProgram_;
 };
@@ -92,6 +93,7 @@ class PlannerRoom {
   private:
     void connectControls();
     void makeSchedulingMenu();
+    void openSchedule();
     void popUpSchedulingMenu();
     // Twice a second: moves the line of the present time, and today's mark at midnight, and does
     // what a lock or a full disk has held up.
@@ -108,12 +110,12 @@ class PlannerRoom {
     YearAdapter year_;
     ScheduleTexts scheduleTexts_;
     ScheduleTimes scheduleTimes_;
-    Schedule scheduleForm_;
+    std::unique_ptr<Schedule> scheduleForm_;  // made when it is wanted
     WeekWindow week_;
     CalendarPlannerDesk desk_;
 
     access::ChildAccessReader accessReader_;
-    PlannerOpener opener_;
+    PlannerFiles places_;
     SqliteAppointmentSource source_;
     AppointmentStore store_;
     AppointmentStore countingStore_;

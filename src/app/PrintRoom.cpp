@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/forms/PlannerPage.h"
-#include "planner/EventsOfDay.h"
+#include "planner/DayPrint.h"
 #include "platform/controls/SSDay.h"
 #include "platform/qt/QtText.h"
 
@@ -30,13 +30,13 @@ void PrintRoom::printDay() {
     if (printing_.refuses())
         return;
     calendar_.day().commitEditor();
-    const QFont font = calendar_.fontOf(FontTarget::DayView);
+    const QFont font = calendar_.textFonts().fontOf(FontTarget::DayView);
     PrintEventsOfDay(
         printing_,
         {.tasks = calendar_.day().Tasks(),
          .fontName = fromQt(font.family(), world_.codePage),
          .fontSize = static_cast<float>(font.pointSizeF()),
-         .colour = calendar_.colourOf(FontTarget::DayView),
+         .colour = calendar_.textFonts().colourOf(FontTarget::DayView),
          .longDate = fromQt(calendar_.plannerPage().dateLine()->text(), world_.codePage)},
         world_.codePage);
 }

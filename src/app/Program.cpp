@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include <QCoreApplication>
+#include <utility>
 
 #include "core/forms/StatusBar.h"
 #include "platform/controls/PadEdit.h"
@@ -9,7 +10,7 @@
 
 namespace velmora {
 
-Program::Program(const NativePath& nativeProgramFolder)
+Program::Program(const NativePath& nativeProgramFolder, CallServices callServices)
     : world_(nativeProgramFolder),
       dialerPage_(new DialerPage),
       calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
@@ -17,6 +18,8 @@ Program::Program(const NativePath& nativeProgramFolder)
       windowRoom_(world_, state_, calendar_, commands_),
       phonebook_(world_, state_, calendar_),
       dialer_(world_, state_, calendar_, *dialerPage_, phonebook_.store()),
+      callers_(world_, calendar_, phonebook_.store(), phonebook_.entries(),
+               std::move(callServices)),
       outside_(world_, state_, calendar_, phonebook_.store()),
       jobs_(world_, calendar_),
       docPad_(world_, state_, calendar_, phonebook_.entries(), jobs_.printing()),
@@ -30,6 +33,7 @@ Program::Program(const NativePath& nativeProgramFolder)
                .ring = [this] { alarms_.sound().ring(); },
                .runCommand = [this](CommandName command) { run(command); }}),
       tasks_(world_, calendar_, jobs_.printing()),
+      fax_(world_, calendar_, docPad_.text(), jobs_.printing()),
       fonts_(world_, calendar_),
       reports_(world_, calendar_, phonebook_.store(), jobs_.printing(),
                {.mergePrint = [this](ReportBooks books) { letterRoom_.print(books); },
@@ -64,18 +68,19 @@ Program::Program(const NativePath& nativeProgramFolder)
                 .reopenDocument = [this] { docPad_.docPad().LoadAtStart(); },
                 .colourCalendars = [this] { planner_.colourCalendars(); },
                 .showToday = [this] { planner_.showToday(); }}),
-      closeDown_(windowRoom_.tray(),
-                 {.commitEditors = [this] { planner_.commitEditors(); },
-                  .mayClose = [this] { return docPad_.mayClose(); },
-                  .keepText = [this] { docPad_.keepForNextStart(); },
-                  .keepForms = [this] { phonebook_.keepForNextStart(); },
-                  .sealKept =
-                      [this] {
-                          docPad_.sealKept();
-                          phonebook_.sealKept();
-                      },
-                  .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.shape()); },
-                  .endScans = [this] { world_.loop.beginClosing(); }}) {
+      closeDown_(
+          windowRoom_.tray(),
+          {.commitEditors = [this] { planner_.commitEditors(); },
+           .mayClose = [this] { return docPad_.mayClose(); },
+           .keepText = [this] { docPad_.keepForNextStart(); },
+           .keepForms = [this] { phonebook_.keepForNextStart(); },
+           .sealKept =
+               [this] {
+                   docPad_.sealKept();
+                   phonebook_.sealKept();
+               },
+           .keepWindow = [this] { keepWindowShape(world_.settings, calendar_.place().shape()); },
+           .endScans = [this] { world_.loop.beginClosing(); }}) {
     bindCommands();
     connectEnd();
 }
@@ -83,6 +88,7 @@ Program::Program(const NativePath& nativeProgramFolder)
 void Program::start() {
     // Posted twice, and so behind the events of today, above which the questions have to open.
     QObject::connect(&calendar_, &Calendar::firstPainted, &connections_, [this] {
+        world_.loop.post(questions_, [this] { callers_.listen(); });
         world_.loop.post(questions_, [this] {
             world_.loop.post(questions_, [this] { tellOfSettings(); });
             world_.loop.post(questions_, [this] { offerWhatWasCutOff(); });
@@ -126,6 +132,7 @@ void Program::bindCommands() {
     tasks_.bindCommands(commands_);
     accessories_.bindCommands(commands_);
     search_.bindCommands(commands_);
+    fax_.bindCommands(commands_);
     fonts_.bindCommands(commands_);
     printing_.bindCommands(commands_);
     reports_.bindCommands(commands_);

@@ -5,12 +5,15 @@
 
 #include "app/AccessoriesRoom.h"
 #include "app/AlarmRoom.h"
+#include "app/CallerRoom.h"
+#include "app/DesktopCallServices.h"
 #include "app/DialerRoom.h"
 #include "app/DocPadRoom.h"
-#include "app/EventsRoom.h"
+#include "app/FaxRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
 #include "app/LetterRoom.h"
+#include "app/OccasionRoom.h"
 #include "app/OutsideRoom.h"
 #include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
@@ -37,8 +40,10 @@ class DialerPage;
 class Program {
   public:
     // `nativeProgramFolder` holds the data that lie beside the program, as programFolder() gives
-    // it. Throws Failure when there is no place for data or settings.
-    explicit Program(const NativePath& nativeProgramFolder = programFolder());
+    // it. Throws Failure when there is no place for data or settings. `callServices` is asked once,
+    // after the first paint, where callers are to be told.
+    explicit Program(const NativePath& nativeProgramFolder = programFolder(),
+                     CallServices callServices = desktopCallServices);
 
     // Runs the start-up list; the window is in view afterwards.
     void start();
@@ -84,14 +89,16 @@ class Program {
     WindowRoom windowRoom_;
     PhonebookRoom phonebook_;
     DialerRoom dialer_;
+    CallerRoom callers_;
     OutsideRoom outside_;
     JobRoom jobs_;
     DocPadRoom docPad_;
     LetterRoom letterRoom_;
     PlannerRoom planner_;
     AlarmRoom alarms_;
-    EventsRoom events_;
+    OccasionRoom events_;
     TaskRoom tasks_;
+    FaxRoom fax_;
     FontRoom fonts_;
     ReportRoom reports_;
     PrintRoom printing_;

@@ -8,25 +8,25 @@
 namespace velmora {
 
 float DocPadSizeOnScreen::editorSize() const {
-    return static_cast<float>(calendar_.fontOf(FontTarget::DocPad).pointSizeF());
+    return static_cast<float>(fonts_.fontOf(FontTarget::DocPad).pointSizeF());
 }
 
 void DocPadSizeOnScreen::setEditorSize(float points) {
-    calendar_.setFont(FontTarget::DocPad,
-                      {.face = fromQt(calendar_.fontOf(FontTarget::DocPad).family(), codePage_),
-                       .size = points,
-                       .colour = calendar_.colourOf(FontTarget::DocPad)});
+    fonts_.setFont(FontTarget::DocPad,
+                   {.face = fromQt(fonts_.fontOf(FontTarget::DocPad).family(), codePage_),
+                    .size = points,
+                    .colour = fonts_.colourOf(FontTarget::DocPad)});
 }
 
 ReportRoom::ReportRoom(World& world, Calendar& calendar, const PhonebookStore& store,
                        PrintJobs& printing, Reports::Actions actions)
     : calendar_(calendar),
       printing_(printing),
-      editor_(calendar, world.codePage),
+      editor_(calendar.textFonts(), world.codePage),
       reports_({printing, store, world.settings, editor_, world.clock, world.locale},
                calendar.status(), std::move(actions)),
       targets_(world.printer, world.printService, world.codePage),
-      form_(reports_, targets_, world.codePage, &calendar) {}
+      codePage_(world.codePage) {}
 
 void ReportRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::repprnt, [this] {
@@ -38,18 +38,24 @@ void ReportRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::mergeprntmnu, [this] { openMerge(); });
 }
 
+Form6& ReportRoom::form() {
+    if (!form_)
+        form_ = std::make_unique<Form6>(reports_, targets_, codePage_, &calendar_);
+    return *form_;
+}
+
 void ReportRoom::open(ReportKind kind) {
     if (printing_.refuses())
         return;
     reports_.begin(kind);
-    form_.present();
+    form().present();
 }
 
 void ReportRoom::openMerge() {
     if (printing_.refuses())
         return;
     reports_.beginMerge();
-    form_.present();
+    form().present();
 }
 
 }  // namespace velmora

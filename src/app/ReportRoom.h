@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "app/World.h"
 #include "core/CommandSet.h"
 #include "core/PrintJobs.h"
@@ -14,14 +16,14 @@ namespace velmora {
 // The size of DocPad's text on the screen, as listings see it.
 class DocPadSizeOnScreen final : public EditorSize {
   public:
-    explicit DocPadSizeOnScreen(Calendar& calendar, const CodePage& codePage)
-        : calendar_(calendar), codePage_(codePage) {}
+    DocPadSizeOnScreen(CalendarTextFonts& fonts, const CodePage& codePage)
+        : fonts_(fonts), codePage_(codePage) {}
 
     [[nodiscard]] float editorSize() const override;
     void setEditorSize(float points) override;
 
   private:
-    Calendar& calendar_;
+    CalendarTextFonts& fonts_;
     const CodePage& codePage_;
 };
 
@@ -40,13 +42,15 @@ class ReportRoom {
   private:
     void open(ReportKind kind);
     void openMerge();
+    [[nodiscard]] Form6& form();
 
     Calendar& calendar_;
     PrintJobs& printing_;
     DocPadSizeOnScreen editor_;
     Reports reports_;
     QtPrintTargets targets_;
-    Form6 form_;
+    const CodePage& codePage_;
+    std::unique_ptr<Form6> form_;  // made when it is wanted
 };
 
 }  // namespace velmora

@@ -9,6 +9,7 @@
 #include "app/Application.h"
 #include "app/Program.h"
 #include "platform/Failure.h"
+#include "platform/bus/SilentBus.h"
 #include "platform/controls/CalendarAccessibility.h"
 #include "platform/qt/ContextKey.h"
 #include "platform/qt/EndSignals.h"
@@ -64,6 +65,7 @@ class KeepingAtExit {
 int runVelmora(int argc, char** argv) {
     // A write beyond a limit on file sizes is to fail like any other, not to end the program.
     std::signal(SIGXFSZ, SIG_IGN);
+    forgetSilentSessionBus();
     Application application(argc, argv);
     TestIds testIds;
     if (TestIds::wanted())

@@ -2,6 +2,7 @@
 
 #include <QToolButton>
 
+#include "core/forms/ClockLabel.h"
 #include "core/forms/CommandMenus.h"
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
@@ -19,9 +20,9 @@ WindowRoom::WindowRoom(World& world, SharedState& state, Calendar& calendar,
       commands_(commands),
       panes_(calendar, calendar.status()),
       docPadSize_(calendar, state, panes_),
-      clockLine_(calendar, world.settings, world.clock, world.locale),
+      clockLine_(calendar.clock(), world.settings, world.clock, world.locale),
       trayIcon_([this](unsigned message) { tray_.OnTrayMessage(message); }),
-      tray_(trayIcon_, calendar) {
+      tray_(trayIcon_, calendar.place()) {
     connectCommands();
     connectParts();
 }

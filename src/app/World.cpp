@@ -1,6 +1,7 @@
 #include "app/World.h"
 
 #include <QLocale>
+#include <utility>
 
 #include "platform/files/ProgramFolder.h"
 #include "platform/files/TemporaryName.h"
@@ -15,10 +16,10 @@ std::string withoutSeparator(const char* name) {
 
 }  // namespace
 
-World::World(const NativePath& programFolder)
+World::World(NativePath programFolder)
     : codePage(CodePage::forLocale(QLocale::system().name().toStdString())),
       locale(localeFormats(QLocale::system(), codePage)),
-      nativeProgramFolder(programFolder),
+      nativeProgramFolder(std::move(programFolder)),
       books(codePage, clock,
             {withoutSeparator(kYellowPagesFile), withoutSeparator(kWhitePagesFile)}),
       files(

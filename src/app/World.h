@@ -24,7 +24,7 @@ namespace velmora {
 // and the printers.
 struct World {
     // `programFolder` is the folder of the data beside the program.
-    explicit World(const NativePath& programFolder);
+    explicit World(NativePath programFolder);
 
     CodePage codePage;
     LocaleFormats locale;

@@ -3,22 +3,22 @@
 namespace velmora {
 
 void ClockLine::restore() {
-    form_.setTwentyFourHourTick(settings_.readSwitch("24hr") == "YES");
+    face_.setTwentyFourHourTick(settings_.read(keys::TwentyFourHours));
 }
 
 void ClockLine::tick() {
     const NamedFormat format =
-        form_.twentyFourHourTick() ? NamedFormat::ShortTime : NamedFormat::MediumTime;
+        face_.twentyFourHourTick() ? NamedFormat::ShortTime : NamedFormat::MediumTime;
     const std::string text = formatMoment(clock_.now(), format, locale_);
-    if (text != form_.clockText())
-        form_.setClockText(text);
+    if (text != face_.clockText())
+        face_.setClockText(text);
 }
 
 void ClockLine::toggleTwentyFourHours() {
-    const bool ticked = !form_.twentyFourHourTick();
-    form_.setTwentyFourHourTick(ticked);
+    const bool ticked = !face_.twentyFourHourTick();
+    face_.setTwentyFourHourTick(ticked);
     tick();
-    settings_.Save("24hr", ticked ? "YES" : "NO");
+    settings_.save(keys::TwentyFourHours, ticked);
 }
 
 }  // namespace velmora

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/MainForm.h"
+#include "core/ClockFace.h"
 #include "core/SettingsStore.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
@@ -10,9 +10,9 @@ namespace velmora {
 // The clock of the main window and its 24-hour switch.
 class ClockLine {
   public:
-    ClockLine(MainForm& form, SettingsStore& settings, const Clock& clock,
+    ClockLine(ClockFace& face, SettingsStore& settings, const Clock& clock,
               const LocaleFormats& locale)
-        : form_(form), settings_(settings), clock_(clock), locale_(locale) {}
+        : face_(face), settings_(settings), clock_(clock), locale_(locale) {}
 
     // Ticks or unticks the menu item as the setting says.
     void restore();
@@ -25,7 +25,7 @@ class ClockLine {
     void toggleTwentyFourHours();
 
   private:
-    MainForm& form_;
+    ClockFace& face_;
     SettingsStore& settings_;
     const Clock& clock_;
     const LocaleFormats& locale_;

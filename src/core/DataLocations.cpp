@@ -17,12 +17,12 @@ DataLocations::DataLocations(std::string programFolder, const SettingsStore& set
 std::string DataLocations::BookFolder(const std::string& fileName) const {
     const std::string name = codePage_.upper(fileName);
     std::string folder;
-    const auto choose = [&](const char* part, const char* key) {
+    const auto choose = [&](const char* part, const TextKey& key) {
         if (name.find(part) != std::string::npos)
             folder = folderOf(key);
     };
-    choose("DATAY", "Yellow");
-    choose("DATAW", "White");
+    choose("DATAY", keys::Yellow);
+    choose("DATAW", keys::White);
     return folder.empty() ? programFolder_ : folder;
 }
 
@@ -31,7 +31,7 @@ std::string DataLocations::BookPath(const std::string& fileName) const {
 }
 
 std::string DataLocations::PlannerDatabasePath() const {
-    const std::string folder = folderOf("Calendar");
+    const std::string folder = folderOf(keys::Calendar);
     if (!folder.empty() && files_.exists(folder + kPlannerDatabaseFile))
         return folder + kPlannerDatabaseFile;
     return programFolder_ + kPlannerDatabaseFile;
@@ -39,7 +39,7 @@ std::string DataLocations::PlannerDatabasePath() const {
 
 std::optional<std::string> DataLocations::whyUnknown() const {
     try {
-        for (const char* key : {"Yellow", "White", "Calendar"})
+        for (const TextKey& key : {keys::Yellow, keys::White, keys::Calendar})
             (void)folderOf(key);
     } catch (const Failure& failure) {
         return failure.what();
@@ -47,8 +47,8 @@ std::optional<std::string> DataLocations::whyUnknown() const {
     return std::nullopt;
 }
 
-std::string DataLocations::folderOf(std::string_view key) const {
-    return std::string(trimBlanks(settings_.readOrFail(key)));
+std::string DataLocations::folderOf(const TextKey& key) const {
+    return settings_.readOrFail(key);
 }
 
 std::string DataLocations::HelpFilePath() const {

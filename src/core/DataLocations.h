@@ -45,7 +45,7 @@ class DataLocations {
     [[nodiscard]] const std::string& programFolder() const { return programFolder_; }
 
   private:
-    [[nodiscard]] std::string folderOf(std::string_view key) const;
+    [[nodiscard]] std::string folderOf(const TextKey& key) const;
 
     std::string programFolder_;
     const SettingsStore& settings_;

@@ -11,25 +11,13 @@ struct WindowTopic {
 };
 
 constexpr auto kWindows = std::to_array<WindowTopic>({
-    {"AddForm", "add-entry"},
-    {"Form4", "search"},
-    {"Other", "associates"},
-    {"Schedule", "scheduling"},
-    {"Alarm", "alarms"},
-    {"AlarmAlert", "alarms"},
-    {"Form3", "tasks"},
-    {"Form10", "tasks"},
-    {"Monthly", "tasks"},
-    {"TextSearch", "docpad-search"},
-    {"Form9", "docpad"},
-    {"FontDialog", "fonts"},
-    {"PrinterDialog", "printing"},
-    {"Calculator", "calculator"},
-    {"WeekataGlance", "week"},
-    {"Form7", "datewarden"},
-    {"Form8", "events"},
-    {"Envelope", "envelope"},
-    {"HelpWindow", "help"},
+    {"AddForm", "add-entry"},     {"Form4", "search"},       {"Other", "associates"},
+    {"CallID", "callers"},        {"Faxer", "fax"},          {"Schedule", "scheduling"},
+    {"Alarm", "alarms"},          {"AlarmAlert", "alarms"},  {"Form3", "tasks"},
+    {"Form10", "tasks"},          {"Monthly", "tasks"},      {"TextSearch", "docpad-search"},
+    {"Form9", "docpad"},          {"FontDialog", "fonts"},   {"PrinterDialog", "printing"},
+    {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
+    {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

@@ -35,39 +35,39 @@ void StartUp::run() {
     ignoringErrors(parts_.openPlannerDatabase);
     clockLine_.restore();
     restoreFonts();
-    form_.setLastNumber(settings_.Read("LastNumber"));
+    form_.setLastNumber(settings_.read(keys::LastNumber));
     form_.setDateLine(formatMoment(clock_.now(), "dddd, mmmm dd, yyyy", locale_));
     openEvents();
     ignoringErrors(parts_.setDayLimits);
     ignoringErrors(parts_.reopenDocument);
     form_.raisePaneButton(Pane::Planner);
     clockLine_.tick();
-    form_.setShape(storedWindowShape(settings_));
-    form_.showCentred(kRaiseOfWindow);
+    form_.place().setShape(storedWindowShape(settings_));
+    form_.place().showCentred(kRaiseOfWindow);
     ignoringErrors(parts_.colourCalendars);
     ignoringErrors(parts_.showToday);
 }
 
 void StartUp::restoreFonts() {
-    form_.setFont(FontTarget::DocPad, storedFont(settings_, "DocFont"));
-    form_.setFont(FontTarget::DayView, storedFont(settings_, "PlanFont"));
-    form_.setFont(FontTarget::EntryList, storedFont(settings_, "ListFont"));
+    TextFonts& fonts = form_.textFonts();
+    fonts.setFont(FontTarget::DocPad, storedFont(settings_, keys::DocFont));
+    fonts.setFont(FontTarget::DayView, storedFont(settings_, keys::PlanFont));
+    fonts.setFont(FontTarget::EntryList, storedFont(settings_, keys::ListFont));
 }
 
 void StartUp::openEvents() {
-    if (settings_.Read("EventStart").empty() || settings_.readSwitch("EventStart") == "1")
+    if (settings_.read(keys::EventStart))
         ignoringErrors(parts_.showEvents);
     ignoringErrors(parts_.keepEventsInFront);
 }
 
-FontChoice storedFont(const SettingsStore& settings, std::string_view key) {
+FontChoice storedFont(const SettingsStore& settings, const FontKey& key) {
     FontChoice font;
-    const std::string name(key);
-    if (const std::string face = settings.Read(name); !face.empty())
+    if (const std::string face = settings.read(key.face); !face.empty())
         font.face = face;
-    if (const std::string size = settings.Read(name + "S"); !size.empty())
+    if (const std::string size = settings.read(key.size); !size.empty())
         font.size = readNumber(size);
-    if (const std::string colour = settings.Read(name + "C"); !colour.empty())
+    if (const std::string colour = settings.read(key.colour); !colour.empty())
         ignoringErrors([&] { font.colour = roundToWhole(readNumber(colour)); });
     return font;
 }

@@ -52,6 +52,6 @@ class StartUp {
 
 // The font of three settings: face, size and colour, each only when it is not empty. A colour
 // that is no whole number of 32 bits is left out.
-[[nodiscard]] FontChoice storedFont(const SettingsStore& settings, std::string_view key);
+[[nodiscard]] FontChoice storedFont(const SettingsStore& settings, const FontKey& key);
 
 }  // namespace velmora

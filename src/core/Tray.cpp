@@ -15,7 +15,7 @@ void Tray::InitTray() {
 
 void Tray::OnTrayMessage(unsigned message) {
     if (message == TrayIcon::kLeftDoubleClick || message == TrayIcon::kRightDoubleClick)
-        form_.bringToFront();
+        place_.bringToFront();
 }
 
 }  // namespace velmora

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/MainForm.h"
+#include "core/MainFormPlace.h"
 #include "platform/TrayIcon.h"
 
 namespace velmora {
@@ -10,7 +10,7 @@ namespace velmora {
 // The program's place in the tray.
 class Tray {
   public:
-    Tray(TrayIcon& icon, MainForm& form) : icon_(icon), form_(form) {}
+    Tray(TrayIcon& icon, MainFormPlace& place) : icon_(icon), place_(place) {}
 
     // Adds the icon with its tip. Without a tray on the desktop nothing happens.
     void InitTray();
@@ -22,7 +22,7 @@ class Tray {
 
   private:
     TrayIcon& icon_;
-    MainForm& form_;
+    MainFormPlace& place_;
 };
 
 }  // namespace velmora

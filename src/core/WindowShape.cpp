@@ -8,7 +8,6 @@
 namespace velmora {
 namespace {
 
-constexpr const char* kKey = "WindowShape";
 constexpr int kLongest = 32767;  // of any side of a window
 
 // Four numbers with one blank between them, each from 0 to kLongest.
@@ -32,7 +31,7 @@ std::optional<std::array<int, 4>> readNumbers(const std::string& text) {
 }  // namespace
 
 WindowShape storedWindowShape(const SettingsStore& settings) {
-    const auto numbers = readNumbers(settings.Read(kKey));
+    const auto numbers = readNumbers(settings.read(keys::WindowShape));
     if (!numbers)
         return {};
     const auto& [width, height, maximized, docPad] = *numbers;
@@ -43,8 +42,8 @@ void keepWindowShape(SettingsStore& settings, const WindowShape& shape) {
     const std::string text = std::to_string(shape.width) + ' ' + std::to_string(shape.height) +
                              ' ' + (shape.maximized ? "1" : "0") + ' ' +
                              std::to_string(shape.docPadWidth);
-    if (settings.Read(kKey) != text)
-        settings.Save(kKey, text);
+    if (settings.read(keys::WindowShape) != text)
+        settings.save(keys::WindowShape, text);
 }
 
 }  // namespace velmora

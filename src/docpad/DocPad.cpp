@@ -64,7 +64,7 @@ void DocPad::New() {
     parts_.text.setBytes("");
     ignoringErrors([&] { parts_.recovery.discard(); });
     showCaption(kUntitled);
-    parts_.settings.Save("Doc", "");
+    parts_.settings.save(keys::Doc, "");
 }
 
 void DocPad::Open() {
@@ -87,7 +87,7 @@ void DocPad::Open() {
         }
         showCaption("DocPad - " + parts_.dialog.fileTitle());
     }
-    parts_.settings.Save("Doc", name);
+    parts_.settings.save(keys::Doc, name);
 }
 
 bool DocPad::Save() {
@@ -122,11 +122,11 @@ void DocPad::Print() {
 }
 
 void DocPad::LoadAtStart() {
-    if (parts_.settings.readSwitch("KeepDoc") != "1")
+    if (!parts_.settings.read(keys::KeepDoc))
         return;
     if (changed() && !mayReplaceText())
         return;
-    const std::string name = parts_.settings.Read("Doc");
+    const std::string name = parts_.settings.read(keys::Doc);
     if (trimBlanks(name).empty() || !parts_.files.exists(name))
         return;
     ignoringErrors([&] {

@@ -6,21 +6,10 @@
 #include "platform/Text.h"
 
 namespace velmora {
-namespace {
-
-std::string captionOf(const SettingsStore& settings, const char* key) {
-    const std::string value = settings.Read(key);
-    const std::string_view caption = trimBlanks(value);
-    return caption.empty() ? key : std::string(caption);
-}
-
-}  // namespace
 
 EntryTextStyle readEntryTextStyle(const SettingsStore& settings) {
-    const std::string numbers = settings.Read("LetterTel");
-    const std::string_view shown = trimBlanks(numbers);
-    return {shown.empty() || shown == "1", captionOf(settings, "Custom1"),
-            captionOf(settings, "Custom2")};
+    return {settings.read(keys::LetterTel), settings.read(keys::Custom1),
+            settings.read(keys::Custom2)};
 }
 
 std::string entryText(RecordView entry, const EntryTextStyle& style) {

@@ -9,9 +9,9 @@ namespace velmora {
 
 // What the text of an entry holds beside name and address.
 struct EntryTextStyle {
-    bool withNumbers = true;          // numbers, mail, memo and all that is behind the address
-    std::string custom1 = "Custom1";  // captions of the two fields of the user's own
-    std::string custom2 = "Custom2";
+    bool withNumbers = true;  // numbers, mail, memo and all that is behind the address
+    std::string custom1;      // captions of the two fields of the user's own
+    std::string custom2;
 };
 
 // From the settings "LetterTel", "Custom1" and "Custom2".

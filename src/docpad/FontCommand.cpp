@@ -26,10 +26,10 @@ void FontCommand::change() {
         return;
     target_.setFont(chosen);
     settings_.batch([&] {
-        settings_.Save(key_, chosen.name);
-        settings_.Save(key_ + "S", decimal(chosen.size));
+        settings_.save(key_.face, chosen.name);
+        settings_.save(key_.size, decimal(chosen.size));
         if (keeps_ == Keeps::NameSizeAndColour)
-            settings_.Save(key_ + "C", std::to_string(chosen.colour));
+            settings_.save(key_.colour, std::to_string(chosen.colour));
     });
 }
 

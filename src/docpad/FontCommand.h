@@ -1,22 +1,19 @@
 #pragma once
 
-#include <string>
-
 #include "core/ControlFont.h"
 #include "core/SettingsStore.h"
 #include "platform/EventLoop.h"
 
 namespace velmora {
 
-// The font of one control and the settings that keep it: the name under a key such as "DocFont",
-// the size and the colour under the same key with "S" and "C" behind it.
+// The font of one control and the settings that keep it.
 class FontCommand {
   public:
     enum class Keeps { NameSizeAndColour, NameAndSize };
 
-    FontCommand(std::string key, Keeps keeps, FontHolder& target, FontQuestion& dialog,
+    FontCommand(const FontKey& key, Keeps keeps, FontHolder& target, FontQuestion& dialog,
                 SettingsStore& settings, const EventLoop& loop)
-        : key_(std::move(key)),
+        : key_(key),
           keeps_(keeps),
           target_(target),
           dialog_(dialog),
@@ -29,7 +26,7 @@ class FontCommand {
     void change();
 
   private:
-    std::string key_;
+    FontKey key_;
     Keeps keeps_;
     FontHolder& target_;
     FontQuestion& dialog_;

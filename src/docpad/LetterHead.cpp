@@ -57,7 +57,7 @@ bool isNumber(std::string_view text) {
 }
 
 LetterStyle readLetterStyle(const SettingsStore& settings) {
-    return {readNumber(settings.Read("LetterTab")) == 1.0, settings.Read("DefaultSal")};
+    return {settings.read(keys::LetterTab), settings.read(keys::DefaultSalutation)};
 }
 
 std::string nameLine(RecordView entry) {

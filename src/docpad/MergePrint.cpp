@@ -18,38 +18,14 @@ using namespace std::chrono_literals;
 
 constexpr const char* kWait = "Please Wait While Printing...";
 constexpr const char* kPrinting = "Printing: Merge Document   Page ";
-constexpr const char* kQueueIsFull =
-    "The printer takes no more letters now. Waiting; the printer icon cancels.";
 constexpr std::size_t kMostNames = 30001;
 constexpr std::size_t kLongestNameInTitle = 60;
 constexpr float kDateSize = 10;  // points
 constexpr auto kBetweenBooks = 3s;
-constexpr auto kBeforeNextTry = 2s;
 
-std::string identityOf(bool isPerson, std::string_view name, std::string_view first,
-                       const CodePage& codePage) {
-    std::string identity(1, isPerson ? 'P' : 'C');
-    identity += codePage.upper(name);
-    identity += '\0';
-    identity += codePage.upper(first);
-    return identity;
-}
-
-// Of the entry that a name stands for; nothing for a name that stands for none.
-std::string identityOf(const std::string& name, const CodePage& codePage) {
-    const ListLineParts parts = splitListLine(name);
-    if (parts.isPerson)
-        return parts.last.empty() ? std::string()
-                                  : identityOf(true, parts.last, parts.first, codePage);
-    return identityOf(false, parts.company, {}, codePage);
-}
-
-std::string identityOf(RecordView record, const CodePage& codePage) {
-    if (!listLine(record, codePage))
-        return {};
-    return record.isEmpty(Field::Last)
-               ? identityOf(false, record.text(Field::Company), {}, codePage)
-               : identityOf(true, record.text(Field::Last), record.text(Field::First), codePage);
+// Of a record that stands in the list.
+bool isNamed(RecordView record, const WantedName& name, const CodePage& codePage) {
+    return name.fits(record) && listLine(record, codePage);
 }
 
 }  // namespace
@@ -71,14 +47,14 @@ std::string addressBlock(RecordView entry, const LetterStyle& style) {
     return block;
 }
 
-void MergePrint::run(Books books) {
+void MergePrint::run(WhichBooks books) {
     static_cast<void>(parts_.printing.runSeries([&](PrintSeries& series) {
         bool goesOn = true;
-        if (books != Books::White)
+        if (books != WhichBooks::White)
             goesOn = mergeBook(series, kYellowPages);
-        if (books == Books::Both && goesOn)
+        if (books == WhichBooks::Both && goesOn)
             series.waitFor(kBetweenBooks);
-        if (books != Books::Yellow && goesOn)
+        if (books != WhichBooks::Yellow && goesOn)
             mergeBook(series, kWhitePages);
     }));
 }
@@ -108,7 +84,7 @@ bool MergePrint::mergeBook(PrintSeries& series, std::int16_t book) {
             return;
         tooMany = run.state.ReportNames.size() > kMostNames;
         if (!tooMany)
-            printLetters(series, run, file, letter);
+            printLetters(run, file, letter);
     });
     index_.clear();
     if (tooMany)
@@ -119,8 +95,7 @@ bool MergePrint::mergeBook(PrintSeries& series, std::int16_t book) {
     return !noFile && !tooMany;
 }
 
-void MergePrint::printLetters(PrintSeries& series, PrintRun& run, const std::string& bookFile,
-                              const Letter& letter) {
+void MergePrint::printLetters(PrintRun& run, const std::string& bookFile, const Letter& letter) {
     std::vector<std::string>& names = run.state.ReportNames;
     if (!names.empty())
         SortNameList(names, 0, static_cast<int>(names.size()) - 1,
@@ -137,7 +112,7 @@ void MergePrint::printLetters(PrintSeries& series, PrintRun& run, const std::str
         const std::string title = "Letter to " + names[i].substr(0, kLongestNameInTitle) + " (" +
                                   std::to_string(i + 1) + " of " + std::to_string(names.size()) +
                                   ")";
-        if (!send(series, run, letter, *entry, title))
+        if (!send(run, letter, *entry, title))
             return;
         run.tell(kPrinting + std::to_string(i + 1));
     }
@@ -153,7 +128,7 @@ bool MergePrint::readNames(PrintRun& run, const std::string& bookFile) {
     while (scan.next()) {
         if (auto line = listLine(scan.record(), codePage)) {
             run.state.ReportNames.push_back(std::move(*line));
-            index_.try_emplace(identityOf(scan.record(), codePage), scan.number());
+            index_.add(scan.number(), scan.record());
         }
         if (!run.goOn())
             return false;
@@ -167,18 +142,17 @@ bool MergePrint::readNames(PrintRun& run, const std::string& bookFile) {
 std::optional<PhonebookRecord> MergePrint::find(PrintRun& run, const std::string& bookFile,
                                                 const std::string& name) {
     const CodePage& codePage = parts_.store.codePage();
-    const std::string identity = identityOf(name, codePage);
-    const auto known = index_.find(identity);
-    if (identity.empty() || known == index_.end())
+    const WantedName wanted(name, codePage);
+    const std::vector<RecordNumber>& known = index_.of(wanted);
+    if (known.empty())
         return std::nullopt;
     const OpenBook book = parts_.store.Open(bookFile);
     PhonebookRecord entry;
-    if (book.ReadAt(known->second, entry) && identityOf(entry, codePage) == identity)
+    if (book.ReadAt(known.front(), entry) && isNamed(entry, wanted, codePage))
         return entry;
     BookScan scan = book.scan();
     while (scan.next()) {
-        if (identityOf(scan.record(), codePage) == identity) {
-            known->second = scan.number();
+        if (isNamed(scan.record(), wanted, codePage)) {
             const auto bytes = scan.record().bytes();
             return PhonebookRecord(std::span<const char>(bytes.data(), bytes.size()));
         }
@@ -188,31 +162,21 @@ std::optional<PhonebookRecord> MergePrint::find(PrintRun& run, const std::string
     return std::nullopt;
 }
 
-// Prints one letter and sends it; where the queue takes none now, waits and tries again. False when
-// the run was called off.
-bool MergePrint::send(PrintSeries& series, PrintRun& run, const Letter& letter,
-                      const PhonebookRecord& entry, const std::string& title) {
+// Prints one letter and sends it. False when the run was called off.
+bool MergePrint::send(PrintRun& run, const Letter& letter, const PhonebookRecord& entry,
+                      const std::string& title) {
     PrintSurface& printer = run.printer;
-    while (true) {
-        printer.SetScaleMode(kInches);
-        printer.SetFontName(letter.font.name);
-        printer.SetForeColor(letter.font.colour);
-        printer.SetFontSize(kDateSize);
-        printer.Print(letter.date);
-        printer.SetFontSize(static_cast<float>(letter.font.size));
-        printer.PrintPart("\r\n\r\n");
-        printer.Print(addressBlock(entry, letter.style));
-        printer.PrintPart(letter.body);
-        printer.Print("\r\n" + letter.signature);
-        try {
-            return run.endJob(title);
-        } catch (const QueueIsFull&) {
-            run.tell(kQueueIsFull);
-            series.waitFor(kBeforeNextTry);
-            if (!run.goOn())
-                return false;
-        }
-    }
+    printer.SetScaleMode(kInches);
+    printer.SetFontName(letter.font.name);
+    printer.SetForeColor(letter.font.colour);
+    printer.SetFontSize(kDateSize);
+    printer.Print(letter.date);
+    printer.SetFontSize(static_cast<float>(letter.font.size));
+    printer.PrintPart("\r\n\r\n");
+    printer.Print(addressBlock(entry, letter.style));
+    printer.PrintPart(letter.body);
+    printer.Print("\r\n" + letter.signature);
+    return run.endJob(title);
 }
 
 }  // namespace velmora

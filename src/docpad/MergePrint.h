@@ -4,7 +4,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "docpad/LetterHead.h"
 #include "docpad/PadText.h"
 #include "docpad/Signature.h"
+#include "phonebook/NameIndex.h"
 #include "phonebook/PhonebookStore.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
@@ -24,7 +24,7 @@ namespace velmora {
 // salutation and the user's signature, each a job of its own.
 class MergePrint {
   public:
-    enum class Books { Yellow, White, Both };
+    enum class WhichBooks { Yellow, White, Both };
 
     // All must outlive it.
     struct Parts {
@@ -41,12 +41,12 @@ class MergePrint {
         std::function<void(const std::string& utf8Text)> endAfter;
     };
 
-    explicit MergePrint(Parts parts) : parts_(std::move(parts)) {}
+    explicit MergePrint(Parts parts) : parts_(std::move(parts)), index_(parts_.store.codePage()) {}
 
     // Asks for the signature and prints, for each of the books. Cancelling the signature ends that
     // book only. Returns when all is sent or called off; nothing happens while another job runs, as
     // the status line says.
-    void run(Books books);
+    void run(WhichBooks books);
 
   private:
     // What is the same in all letters of a book.
@@ -57,19 +57,16 @@ class MergePrint {
         ControlFont font;
         LetterStyle style;
     };
-    using Index = std::unordered_map<std::string, RecordNumber>;
-
     bool mergeBook(PrintSeries& series, std::int16_t book);
-    void printLetters(PrintSeries& series, PrintRun& run, const std::string& bookFile,
-                      const Letter& letter);
+    void printLetters(PrintRun& run, const std::string& bookFile, const Letter& letter);
     [[nodiscard]] bool readNames(PrintRun& run, const std::string& bookFile);
     [[nodiscard]] std::optional<PhonebookRecord> find(PrintRun& run, const std::string& bookFile,
                                                       const std::string& name);
-    [[nodiscard]] bool send(PrintSeries& series, PrintRun& run, const Letter& letter,
-                            const PhonebookRecord& entry, const std::string& title);
+    [[nodiscard]] bool send(PrintRun& run, const Letter& letter, const PhonebookRecord& entry,
+                            const std::string& title);
 
     Parts parts_;
-    Index index_;  // where the entry of a name lies, by its upper-cased identity
+    NameIndex index_;
 };
 
 // The address of a letter: each filled line with its line end, then the salutation between blank

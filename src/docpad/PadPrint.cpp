@@ -18,12 +18,6 @@ constexpr float kTopBelowHead = 1.0F;
 constexpr const char* kUntitled = "Untitled";
 constexpr std::size_t kMoreText = 10;  // bytes by which a page is tried to be longer
 
-bool isOn(const SettingsStore& settings, const char* key, bool unset) {
-    const std::string value = settings.Read(key);
-    const std::string_view shown = trimBlanks(value);
-    return shown.empty() ? unset : shown == "1";
-}
-
 }  // namespace
 
 bool PadPrint::PrintDocPad() {
@@ -36,7 +30,7 @@ bool PadPrint::PrintDocPad() {
     font_ = parts_.font.font();
     text_ = parts_.text.bytes();
     position_ = 0;
-    withHead_ = isOn(parts_.settings, "Header", true);
+    withHead_ = parts_.settings.read(keys::Header);
     const PrintTask task{.title = title,
                          .fontName = font_.name,
                          .orientation = PageOrientation::Portrait,
@@ -49,7 +43,7 @@ bool PadPrint::PrintDocPad() {
 void PadPrint::printPages(PrintRun& run) {
     PrintSurface& printer = run.printer;
     printer.SetFontSize(kCapacitySize);
-    if (isOn(parts_.settings, "Wordwrap", false))
+    if (parts_.settings.read(keys::Wordwrap))
         text_ = wrapped(printer, text_);
     printer.SetFontSize(static_cast<float>(font_.size));
     const double height = static_cast<double>(printer.TextHeight(text_)) +

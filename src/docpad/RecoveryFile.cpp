@@ -10,7 +10,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kSlots = 9;
 constexpr std::string_view kHead = "Velmora DocPad recovery 2\n";
 // Without the line of the moment.
 constexpr std::string_view kEarlierHead = "Velmora DocPad recovery 1\n";
@@ -55,24 +54,20 @@ std::optional<RecoveryFile::Kept> parse(std::string_view bytes) {
 }  // namespace
 
 void RecoveryFile::keep(const std::string& text, const std::string& documentName) {
-    if (sealed_)
+    if (slots_.sealed())
         return;
     ignoringErrors([&] { settle(); });
-    const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
-    files_.writePrivately(path, contents(text, documentName));
-    ownPath_ = path;
+    slots_.keep(contents(text, documentName));
 }
 
 void RecoveryFile::keepInBackground(const std::string& text, const std::string& documentName) {
     settle();
-    if (sealed_)
+    if (slots_.sealed())
         return;
-    if (ownPath_.empty())
-        ownPath_ = freeSlot();
-    writing_ = std::async(std::launch::async,
-                          [&files = files_, path = ownPath_, bytes = contents(text, documentName)] {
-                              files.writePrivately(path, bytes);
-                          });
+    writing_ = std::async(std::launch::async, [&files = files_, path = slots_.claim(),
+                                               bytes = contents(text, documentName)] {
+        files.writePrivately(path, bytes);
+    });
 }
 
 bool RecoveryFile::busy() const {
@@ -87,17 +82,14 @@ void RecoveryFile::settle() {
 
 void RecoveryFile::discard() {
     ignoringErrors([&] { settle(); });
-    if (sealed_ || ownPath_.empty())
-        return;
-    if (files_.exists(ownPath_))
-        files_.remove(ownPath_);
-    ownPath_.clear();
+    slots_.discard();
 }
 
 std::vector<RecoveryFile::Kept> RecoveryFile::abandoned(const std::string& present) {
     std::vector<Kept> found;
-    for (int number = 1; number <= kSlots; ++number) {
-        auto kept = readAbandoned(slot(number));
+    for (const std::string& path : slots_.all()) {
+        std::optional<Kept> kept;
+        ignoringErrors([&] { kept = readAbandoned(path); });
         if (kept && (kept->text.empty() || kept->text == present))
             ignoringErrors([&] { forget(*kept); });
         else if (kept)
@@ -114,28 +106,13 @@ void RecoveryFile::take(const Kept& kept) {
         keep(kept.text, kept.documentName);
         return;
     }
-    const std::string before = ownPath_;
-    files_.writePrivately(kept.path, contents(kept.text, kept.documentName));
-    ownPath_ = kept.path;
-    if (!before.empty() && before != kept.path)
-        ignoringErrors([&] { files_.remove(before); });
+    slots_.takeOver(kept.path, contents(kept.text, kept.documentName));
 }
 
 void RecoveryFile::forget(const Kept& kept) {
     // Another copy may have taken it meanwhile.
-    if (!sealed_ && stillAbandoned(kept))
-        files_.remove(kept.path);
-}
-
-std::string RecoveryFile::slot(int number) const {
-    return folder_ + "\\docpad.recovery" + std::to_string(number);
-}
-
-std::string RecoveryFile::freeSlot() const {
-    for (int number = 1; number <= kSlots; ++number)
-        if (!files_.exists(slot(number)))
-            return slot(number);
-    throw Failure("DocPad's text can not be kept for recovery: all places for it are taken.");
+    if (!slots_.sealed() && stillAbandoned(kept))
+        slots_.forget(kept.path);
 }
 
 std::string RecoveryFile::contents(const std::string& text, const std::string& documentName) const {
@@ -147,18 +124,14 @@ std::string RecoveryFile::contents(const std::string& text, const std::string& d
 }
 
 std::optional<RecoveryFile::Kept> RecoveryFile::readAbandoned(const std::string& path) const {
-    std::optional<Kept> result;
-    ignoringErrors([&] {
-        if (!files_.exists(path))
-            return;
-        const auto bytes = files_.readWhole(path, std::numeric_limits<std::int64_t>::max());
-        auto kept = bytes ? parse(*bytes) : std::nullopt;
-        if (!kept || programs_.runs(kept->mark))
-            return;
-        kept->path = path;
-        result = std::move(kept);
-    });
-    return result;
+    if (!files_.exists(path))
+        return std::nullopt;
+    const auto bytes = files_.readWhole(path, std::numeric_limits<std::int64_t>::max());
+    auto kept = bytes ? parse(*bytes) : std::nullopt;
+    if (!kept || programs_.runs(kept->mark))
+        return std::nullopt;
+    kept->path = path;
+    return kept;
 }
 
 bool RecoveryFile::stillAbandoned(const Kept& kept) const {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/RecoverySlots.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/RunningPrograms.h"
@@ -26,9 +27,12 @@ class RecoveryFile {
     };
 
     // `folder` is one of this user on this machine, without a separator at its end.
-    RecoveryFile(std::string folder, Files& files, const RunningPrograms& programs,
+    RecoveryFile(const std::string& folder, Files& files, const RunningPrograms& programs,
                  const Clock& clock)
-        : folder_(std::move(folder)), files_(files), programs_(programs), clock_(clock) {}
+        : slots_(folder + "\\docpad.recovery", "DocPad's text", files),
+          files_(files),
+          programs_(programs),
+          clock_(clock) {}
     ~RecoveryFile() = default;
     RecoveryFile(const RecoveryFile&) = delete;
     RecoveryFile& operator=(const RecoveryFile&) = delete;
@@ -58,26 +62,23 @@ class RecoveryFile {
 
     // From here on nothing is kept or removed any more: the program ends, and what is kept is for
     // the next start.
-    void seal() { sealed_ = true; }
+    void seal() { slots_.seal(); }
 
     // Removes a text that was left behind. Throws Failure.
     void forget(const Kept& kept);
 
   private:
-    [[nodiscard]] std::string slot(int number) const;
-    [[nodiscard]] std::string freeSlot() const;
     [[nodiscard]] std::string contents(const std::string& text,
                                        const std::string& documentName) const;
+    // Throw Failure when the file is there and can not be read.
     [[nodiscard]] std::optional<Kept> readAbandoned(const std::string& path) const;
     [[nodiscard]] bool stillAbandoned(const Kept& kept) const;
 
-    std::string folder_;
+    RecoverySlots slots_;
     Files& files_;
     const RunningPrograms& programs_;
     const Clock& clock_;
-    std::string ownPath_;  // nothing while nothing is kept
     std::future<void> writing_;
-    bool sealed_ = false;
 };
 
 }  // namespace velmora

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "phonebook/EntryCard.h"
+#include "phonebook/CardText.h"
 #include "phonebook/HitLine.h"
 #include "phonebook/ListLine.h"
 #include "platform/Failure.h"
@@ -79,7 +79,7 @@ void Associates::showEntry(const std::string& line) {
         PhonebookRecord record;
         if (const auto number = book.FindByListLine(middle(line, kEntryAt)))
             if (book.ReadAt(*number, record))
-                view_.showDetails(entryCard(record, kAssociateCard));
+                view_.showDetails(cardText(record, kAssociateCard));
     } catch (const Failure& failure) {
         messages_.standardError(failure.what());
     }

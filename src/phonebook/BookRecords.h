@@ -39,8 +39,8 @@ class BookRecords {
     // overwritten is never left half old and half new.
     virtual void write(RecordNumber number, const PhonebookRecord& record) = 0;
 
-    // Keeps all others from writing until unlock(). False where this can not be done; waits a few
-    // seconds at most, then throws: somebody else holds it.
+    // Keeps all others from writing until unlock(). False where this can not be done. Waits
+    // a moment only, then throws StorageFailure (Obstacle::InUse): somebody else holds it.
     [[nodiscard]] virtual bool lock() = 0;
     virtual void unlock() = 0;
 

@@ -17,12 +17,6 @@ constexpr std::size_t kNameAt = 4;
 // eight of them are done in some 10 microseconds, in which nobody sees the window stand still.
 constexpr RecordNumber kRecordsPerTurn = 8;
 
-std::string captionOf(const SettingsStore& settings, const char* key, const char* fallback) {
-    const std::string setting = settings.Read(key);
-    const std::string_view chosen = trimBlanks(setting);
-    return chosen.empty() ? fallback : std::string(chosen);
-}
-
 std::int16_t bookOfLine(const std::string& hitLine) {
     switch (hitLine.front()) {
         case kYellowLetter:
@@ -37,8 +31,8 @@ std::int16_t bookOfLine(const std::string& hitLine) {
 }  // namespace
 
 CustomCaptions DatabaseSearch::customCaptions() const {
-    return {captionOf(parts_.settings, "Custom1", "Custom 1"),
-            captionOf(parts_.settings, "Custom2", "Custom 2")};
+    return {parts_.settings.read(keys::Custom1InSearch),
+            parts_.settings.read(keys::Custom2InSearch)};
 }
 
 void DatabaseSearch::opened() {

@@ -15,6 +15,13 @@ void EntryCommands::newEntry() {
     openForm(editor);
 }
 
+void EntryCommands::newEntryWith(const Entry& values) {
+    parts_.state.EntryChangeMode = 0;
+    NewEntryEditor editor(parts_);
+    ResumedEditor begun(editor, values);
+    openForm(begun);
+}
+
 void EntryCommands::changeEntry() {
     std::string line = pane_.selectedLine();
     if (line.empty()) {
@@ -64,7 +71,7 @@ void EntryCommands::openForm(EntryEditor& editor) {
 void EntryCommands::confirmThen(const char* question, const std::function<void()>& work) {
     const bool done = succeeds([&] {
         if (parts_.messages.ask("Confirmation:", question, Answer::No))
-            work();
+            parts_.patiently(work);
     });
     if (done)
         (void)succeeds([&] { parts_.view.reload(); });

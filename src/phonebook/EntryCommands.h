@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "phonebook/Entry.h"
 #include "phonebook/EntryDraft.h"
 #include "phonebook/EntryEditors.h"
 #include "phonebook/EntryFormOpener.h"
@@ -23,6 +24,9 @@ class EntryCommands {
 
     // Opens the form for a new entry.
     void newEntry();
+
+    // The same, with values to begin with.
+    void newEntryWith(const Entry& values);
 
     // Opens the form with the selected entry.
     void changeEntry();

@@ -12,10 +12,8 @@ bool hasComma(const std::string& text) {
     return text.find(',') != std::string::npos;
 }
 
-std::string customCaption(const SettingsStore& settings, const char* key, const char* fallback) {
-    const std::string setting = settings.Read(key);
-    const std::string_view chosen = trimBlanks(setting);
-    return chosen.empty() ? fallback : std::string(chosen) + ":";
+std::string captionBefore(const SettingsStore& settings, const TextKey& key) {
+    return settings.has(key) ? settings.read(key) + ":" : settings.read(key);
 }
 
 constexpr const char* kChangedTitle = "Changed Meanwhile";
@@ -29,11 +27,11 @@ CheckedEntryEditor::CheckedEntryEditor(const EntryEditorParts& parts)
     : parts_(parts), bookFile_(parts.state.BookFile) {}
 
 std::string CheckedEntryEditor::custom1Caption() const {
-    return customCaption(parts_.settings, "Custom1", "Custom1:");
+    return captionBefore(parts_.settings, keys::Custom1OnForm);
 }
 
 std::string CheckedEntryEditor::custom2Caption() const {
-    return customCaption(parts_.settings, "Custom2", "Custom2");
+    return captionBefore(parts_.settings, keys::Custom2OnForm);
 }
 
 EntryEditor::Outcome CheckedEntryEditor::apply(const Entry& values) {
@@ -99,7 +97,9 @@ Entry NewEntryEditor::load() {
 }
 
 bool NewEntryEditor::write(const PhonebookRecord& record) {
-    return parts_.writer.add(bookFile_, record);
+    bool added = false;
+    parts_.patiently([&] { added = parts_.writer.add(bookFile_, record); });
+    return added;
 }
 
 ChangeEntryEditor::ChangeEntryEditor(const EntryEditorParts& parts, std::string line)
@@ -129,7 +129,11 @@ Entry ChangeEntryEditor::load() {
 bool ChangeEntryEditor::write(const PhonebookRecord& record) {
     std::optional<PhonebookRecord> seen = loaded_;
     for (;;) {
-        switch (parts_.writer.change(bookFile_, line_, record, isLoaded_ ? &seen : nullptr)) {
+        auto result = EntryWriter::ChangeResult::Written;
+        parts_.patiently([&] {
+            result = parts_.writer.change(bookFile_, line_, record, isLoaded_ ? &seen : nullptr);
+        });
+        switch (result) {
             case EntryWriter::ChangeResult::Written:
                 return true;
             case EntryWriter::ChangeResult::NameTaken:

@@ -27,6 +27,9 @@ struct EntryEditorParts {
     // Flips the main window's hidden check box, which makes the window do what PendingBook and
     // PendingLetter ask for before this returns.
     std::function<void()> flipCheck1;
+
+    // Runs what writes to a book, and waits while another copy of the program does.
+    std::function<void(const std::function<void()>&)> patiently = [](const auto& work) { work(); };
 };
 
 // The checks, the messages and the way back to the main window, which adding and changing share.

@@ -5,49 +5,21 @@
 namespace velmora {
 namespace {
 
-constexpr int kSlots = 9;
 constexpr std::uint64_t kLongest = 1 << 20;  // bytes; far beyond any entry
 constexpr std::string_view kHead = "Velmora entry recovery 1\n";
 
 }  // namespace
 
 void EntryRecovery::keep(const EntryDraft& draft) {
-    if (sealed_)
-        return;
-    const std::string path = ownPath_.empty() ? freeSlot() : ownPath_;
-    files_.writePrivately(path, std::string(kHead) + programs_.ownMark() + "\n" + bytesOf(draft));
-    ownPath_ = path;
-}
-
-void EntryRecovery::discard() {
-    if (sealed_ || ownPath_.empty())
-        return;
-    files_.remove(ownPath_);
-    ownPath_.clear();
+    slots_.keep(std::string(kHead) + programs_.ownMark() + "\n" + bytesOf(draft));
 }
 
 std::vector<EntryRecovery::Kept> EntryRecovery::abandoned() const {
     std::vector<Kept> all;
-    for (int number = 1; number <= kSlots; ++number)
-        if (auto draft = readAbandoned(slot(number)))
-            all.push_back({std::move(*draft), slot(number)});
+    for (const std::string& path : slots_.all())
+        if (auto draft = readAbandoned(path))
+            all.push_back({std::move(*draft), path});
     return all;
-}
-
-void EntryRecovery::forget(const Kept& kept) {
-    if (!sealed_)
-        files_.remove(kept.path);
-}
-
-std::string EntryRecovery::slot(int number) const {
-    return folder_ + "\\entry.recovery" + std::to_string(number);
-}
-
-std::string EntryRecovery::freeSlot() const {
-    for (int number = 1; number <= kSlots; ++number)
-        if (!files_.exists(slot(number)))
-            return slot(number);
-    throw Failure("The entry can not be kept for recovery: all places for it are taken.");
 }
 
 std::optional<EntryDraft> EntryRecovery::readAbandoned(const std::string& path) const {

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/RecoverySlots.h"
 #include "phonebook/EntryDraft.h"
 #include "platform/Files.h"
 #include "platform/RunningPrograms.h"
@@ -24,36 +25,34 @@ class EntryRecovery {
 
     // `folder` is one of this user on this machine, without a separator at its end. The other two
     // must outlive this object.
-    EntryRecovery(std::string folder, Files& files, const RunningPrograms& programs)
-        : folder_(std::move(folder)), files_(files), programs_(programs) {}
+    EntryRecovery(const std::string& folder, Files& files, const RunningPrograms& programs)
+        : slots_(folder + "\\entry.recovery", "The entry", files),
+          files_(files),
+          programs_(programs) {}
 
     // Replaces what this copy has kept so far. Throws Failure; what was kept before then stands.
     void keep(const EntryDraft& draft);
 
     // Removes what this copy has kept, if anything. Throws Failure.
-    void discard();
+    void discard() { slots_.discard(); }
 
     // From here on nothing is kept or removed any more: the program ends, and what is kept is for
     // the next start.
-    void seal() { sealed_ = true; }
+    void seal() { slots_.seal(); }
 
     // All that was left behind. Files that are damaged or can not be read are passed over. Never
     // fails.
     [[nodiscard]] std::vector<Kept> abandoned() const;
 
     // Removes what was left behind. Throws Failure.
-    void forget(const Kept& kept);
+    void forget(const Kept& kept) { slots_.forget(kept.path); }
 
   private:
-    [[nodiscard]] std::string slot(int number) const;
-    [[nodiscard]] std::string freeSlot() const;
     [[nodiscard]] std::optional<EntryDraft> readAbandoned(const std::string& path) const;
 
-    std::string folder_;
-    Files& files_;
+    RecoverySlots slots_;
+    const Files& files_;
     const RunningPrograms& programs_;
-    std::string ownPath_;  // nothing while nothing is kept
-    bool sealed_ = false;
 };
 
 }  // namespace velmora

@@ -53,21 +53,18 @@ void EntryWriter::takeBack(OpenBook& book, const Write& write) {
 }
 
 bool EntryWriter::add(const std::string& bookFile, const PhonebookRecord& record) {
-    return addUnlessRefused(bookFile, record).has_value();
-}
-
-std::optional<EntryWriter::Write> EntryWriter::addUnlessRefused(const std::string& bookFile,
-                                                                const PhonebookRecord& record) {
     for (bool agreed = false;; agreed = true) {
         {
             OpenBook book = store_.Open(bookFile);
             const OpenBook::Lock lock(book);
             const Slot slot = book.FindSlot(record, agreed ? SlotMode::Overwrite : SlotMode::Add);
-            if (!slot.mustAsk)
-                return write(book, slot.number, record);
+            if (!slot.mustAsk) {
+                book.WriteAt(slot.number, record);
+                return true;
+            }
         }
         if (!messages_.ask(kApplicationTitle, kOverwriteQuestion, Answer::No))
-            return std::nullopt;
+            return false;
     }
 }
 
@@ -134,33 +131,39 @@ void EntryWriter::move(const std::string& fromBook, const std::string& toBook,
         if (!number || !book.ReadAt(*number, record))
             return;
     }
-    const auto added = addUnlessRefused(toBook, record);
-    if (!added)
-        return;
-    try {
-        removeIfUnchanged(fromBook, *number, record);
-    } catch (const Failure&) {
-        ignoringErrors([&] {
-            OpenBook book = store_.Open(toBook);
-            const OpenBook::Lock lock(book);
-            takeBack(book, *added);
-        });
-        throw;
+    SlotMode mode = SlotMode::Add;
+    while (!moveUnlessMustAsk(fromBook, toBook, {*number, record}, mode)) {
+        if (!messages_.ask(kApplicationTitle, kOverwriteQuestion, Answer::No))
+            return;
+        mode = SlotMode::Overwrite;
     }
 }
 
-// The books are never locked both at once: two copies of the program that move in opposite
-// directions would wait for each other.
-void EntryWriter::removeIfUnchanged(const std::string& bookFile, RecordNumber number,
-                                    const PhonebookRecord& record) {
-    OpenBook book = store_.Open(bookFile);
-    const OpenBook::Lock lock(book);
+bool EntryWriter::moveUnlessMustAsk(const std::string& fromBook, const std::string& toBook,
+                                    const Seen& entry, SlotMode mode) {
+    OpenBook from = store_.Open(fromBook);
+    OpenBook to = store_.Open(toBook);
+    // In one order in all copies of the program, so that no two wait for each other; and until the
+    // end, so that what was begun can be taken back.
+    const bool fromIsFirst = fromBook < toBook;
+    const OpenBook::Lock first(fromIsFirst ? from : to);
+    const OpenBook::Lock second(fromIsFirst ? to : from);
     PhonebookRecord now;
-    if (!book.ReadAt(number, now) || !areEqual(now, record))
+    if (!from.ReadAt(entry.number, now) || !areEqual(now, entry.record))
         throw Failure(
             "The entry was changed by another copy of the program while it was moved. It stays "
             "where it was.");
-    book.Tombstone(number);
+    const Slot slot = to.FindSlot(entry.record, mode);
+    if (slot.mustAsk)
+        return false;
+    const Write written = write(to, slot.number, entry.record);
+    try {
+        from.Tombstone(entry.number);
+    } catch (const Failure&) {
+        ignoringErrors([&] { takeBack(to, written); });
+        throw;
+    }
+    return true;
 }
 
 }  // namespace velmora

@@ -14,7 +14,8 @@ namespace velmora {
 // one lock of the book, and the user is asked only while no book is open. Where more than one write
 // is needed, the one that keeps the entry comes first, so that a power cut leaves it twice rather
 // than nowhere; a write that fails is taken back. All throw Failure when a book can not be read or
-// written.
+// written, and StorageFailure (Obstacle::InUse), with nothing written, while another copy of the
+// program is writing to it.
 class EntryWriter {
   public:
     // Both must outlive the writer.
@@ -64,10 +65,15 @@ class EntryWriter {
     static Write write(OpenBook& book, RecordNumber number, const PhonebookRecord& record);
     static void takeBack(OpenBook& book, const Write& write);
 
-    std::optional<Write> addUnlessRefused(const std::string& bookFile,
-                                          const PhonebookRecord& record);
-    void removeIfUnchanged(const std::string& bookFile, RecordNumber number,
-                           const PhonebookRecord& record);
+    // An entry, as it was found.
+    struct Seen {
+        RecordNumber number;
+        PhonebookRecord record;
+    };
+
+    // False where the user is to be asked first; nothing was written then.
+    [[nodiscard]] bool moveUnlessMustAsk(const std::string& fromBook, const std::string& toBook,
+                                         const Seen& entry, SlotMode mode);
 
     const PhonebookStore& store_;
     Messages& messages_;

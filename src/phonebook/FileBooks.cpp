@@ -20,9 +20,10 @@ BookFile::BookFile(std::unique_ptr<RandomFile> file, WriteTrace trace,
     : file_(std::move(file)), trace_(std::move(trace)), stamp_(std::move(stamp)), writes_(writes) {
     if (!trace_.isThere())
         return;
-    // Where it can not be finished now, the book is read as it is.
+    // Where it can not be finished now, perhaps since it is just being written, the book is read as
+    // it is.
     ignoringErrors([&] {
-        if (lock())
+        if (lock(std::chrono::milliseconds(0)))
             unlock();
     });
 }
@@ -43,8 +44,8 @@ void BookFile::write(RecordNumber number, const PhonebookRecord& record) {
         file_->writeAt(offsetOf(number), record.bytes());
 }
 
-bool BookFile::lock() {
-    isLocked_ = file_->lock();
+bool BookFile::lock(std::chrono::milliseconds patience) {
+    isLocked_ = file_->lock(patience);
     if (isLocked_ && trace_.isThere()) {
         ++writes_;
         ignoringErrors([&] { trace_.finish(*file_); });  // the trace stays for the next

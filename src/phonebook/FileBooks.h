@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -26,11 +27,16 @@ class BookFile final : public BookRecords {
     [[nodiscard]] RecordNumber count() const override;
     [[nodiscard]] std::size_t read(RecordNumber first, std::span<char> target) const override;
     void write(RecordNumber number, const PhonebookRecord& record) override;
-    [[nodiscard]] bool lock() override;
+    [[nodiscard]] bool lock() override { return lock(kPatience); }
     void unlock() override;
     [[nodiscard]] BookState state() const override;
 
   private:
+    // The window stands still meanwhile.
+    static constexpr std::chrono::milliseconds kPatience{200};
+
+    [[nodiscard]] bool lock(std::chrono::milliseconds patience);
+
     std::unique_ptr<RandomFile> file_;
     WriteTrace trace_;
     std::function<FileStamp()> stamp_;

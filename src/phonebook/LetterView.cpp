@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "phonebook/Buckets.h"
-#include "phonebook/EntryCard.h"
+#include "phonebook/CardText.h"
 #include "phonebook/ListLine.h"
 
 namespace velmora {
@@ -42,7 +42,7 @@ void LetterView::ListClick() {
     PhonebookRecord record;
     if (const auto number = book.FindByListLine(line))
         if (book.ReadAt(*number, record))
-            pane_.showDetails(entryCard(record));
+            pane_.showDetails(cardText(record));
 }
 
 void LetterView::SelectBook(std::int16_t kind) {

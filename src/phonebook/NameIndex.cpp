@@ -28,7 +28,7 @@ WantedName::WantedName(std::string_view line, const CodePage& codePage) : codePa
 
 bool WantedName::fits(RecordView record) const {
     const auto is = [&](Field field, const std::string& upper) {
-        return codePage_->upper(record.text(field)) == upper;
+        return codePage_->equalIgnoringCase(record.text(field), upper);
     };
     if (isPerson_)
         return !last_.empty() && is(Field::Last, last_) && is(Field::First, first_);

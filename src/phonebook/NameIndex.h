@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -45,6 +46,9 @@ class NameIndex {
     explicit NameIndex(const CodePage& codePage) : codePage_(codePage) {}
 
     void clear() { records_.clear(); }
+
+    // So many records are to be added.
+    void reserve(RecordNumber records) { records_.reserve(static_cast<std::size_t>(records)); }
 
     // Records come in the order of the book.
     void add(RecordNumber number, RecordView record);

@@ -57,19 +57,14 @@ bool changesTwoSectors(std::uint64_t offset, RecordSpan old, RecordSpan record) 
     return first < last && (offset + first) / kSectorSize != (offset + last - 1) / kSectorSize;
 }
 
-// True when each sector of the slot is either the old or the new one, and not all are the same.
-bool isMixture(std::uint64_t offset, RecordSpan now, RecordSpan old, RecordSpan record) {
+// True when the slot holds some bytes of the old and some of the new record, and no others. Where
+// the one ends and the other begins depends on the disk, and on how far a write came that failed.
+bool isMixture(RecordSpan now, RecordSpan old, RecordSpan record) {
     if (std::ranges::equal(now, old) || std::ranges::equal(now, record))
         return false;
-    for (std::size_t at = 0; at < kRecordSize;) {
-        const std::size_t size =
-            std::min<std::size_t>(kSectorSize - (offset + at) % kSectorSize, kRecordSize - at);
-        const auto sector = now.subspan(at, size);
-        if (!std::ranges::equal(sector, old.subspan(at, size)) &&
-            !std::ranges::equal(sector, record.subspan(at, size)))
+    for (std::size_t at = 0; at < kRecordSize; ++at)
+        if (now[at] != old[at] && now[at] != record[at])
             return false;
-        at += size;
-    }
     return true;
 }
 
@@ -104,9 +99,10 @@ void WriteTrace::overwrite(RandomFile& book, std::uint64_t offset, RecordSpan re
 }
 
 void WriteTrace::finish(RandomFile& book) {
-    if (const auto begun = read()) {
+    const auto begun = read();
+    if (begun && begun->offset < book.size()) {
         const RecordBytes now = bytesAt(book, begun->offset);
-        if (isMixture(begun->offset, now, begun->old, begun->record))
+        if (isMixture(now, begun->old, begun->record))
             book.writeAt(begun->offset, begun->record);
     }
     remove();

@@ -3,7 +3,7 @@
 namespace velmora {
 
 void AlarmSound::ring() const {
-    const std::string file = settings_.Read("AlarmSound");
+    const std::string file = settings_.read(keys::AlarmSound);
     if (!file.empty() && files_.exists(file))
         sound_.play(file);
     else

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "planner/AppointmentConversion.h"
 #include "planner/DayStyleCollector.h"
 #include "planner/StoredText.h"
 #include "platform/DateText.h"
@@ -208,12 +209,8 @@ void AppointmentStore::Delete() {
 
 void AppointmentStore::Add(const Appointment& appointment) {
     AddNew();
-    Put(Column::TagVariant, storedMoment(appointment.tag));
-    Put(Column::Date, appointment.day ? writeDate(*appointment.day) : std::string());
-    Put(Column::BeginTime, appointment.begin);
-    Put(Column::EndTime, appointment.end);
-    Put(Column::Desc, appointment.text);
-    Put(Column::StyleSet, appointment.style);
+    const AppointmentRow row = rowOf(appointment);
+    std::copy(row.values.begin(), row.values.end(), put_.begin());
     Update();
 }
 

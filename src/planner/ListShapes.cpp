@@ -9,7 +9,9 @@ constexpr std::int64_t kMostAlarms = 5000;
 constexpr std::int64_t kMostToDoLines = 5000;
 constexpr std::int64_t kMostTasksOfADay = 9000;
 
-NumberedListShape tasksUnder(const std::string& prefix, std::string_view timeSuffix) {
+NumberedListShape tasksUnder(KeyFamily family, const std::string& day,
+                             std::string_view timeSuffix) {
+    const std::string prefix = std::string(family.prefix) + day + "\\";
     return {.countKey = prefix + "NumTasks",
             .prefix = prefix,
             .timeSuffix = timeSuffix,
@@ -29,7 +31,8 @@ std::string_view weekdayNameOf(std::chrono::year_month_day date) {
 
 NumberedListShape alarmsOf(std::chrono::year_month_day date) {
     const std::string key =
-        "Alarms\\" + formatMoment(std::chrono::local_days(date), "mmddyyyy", LocaleFormats());
+        std::string(keys::Alarms.prefix) +
+        formatMoment(std::chrono::local_days(date), "mmddyyyy", LocaleFormats());
     return {.countKey = key,
             .prefix = key,
             .timeSuffix = "T",
@@ -38,23 +41,24 @@ NumberedListShape alarmsOf(std::chrono::year_month_day date) {
 }
 
 NumberedListShape toDoLines() {
-    return {.countKey = "Tasks\\NumTasks",
-            .prefix = "Tasks\\",
+    const std::string prefix(keys::Tasks.prefix);
+    return {.countKey = prefix + "NumTasks",
+            .prefix = prefix,
             .timeSuffix = "",
             .messageSuffix = "",
             .mostEntries = kMostToDoLines};
 }
 
 NumberedListShape weeklyTasksOf(std::string_view weekday) {
-    return tasksUnder("Weekly\\" + std::string(weekday) + "\\", "T");
+    return tasksUnder(keys::Weekly, std::string(weekday), "T");
 }
 
 NumberedListShape monthlyTasksOf(unsigned day) {
-    return tasksUnder("Monthly\\" + std::to_string(day) + "\\", "");
+    return tasksUnder(keys::Monthly, std::to_string(day), "");
 }
 
 NumberedListShape occasionsOf(std::string_view month, unsigned day) {
-    return tasksUnder("Events\\" + std::string(month) + "\\" + twoDigits(day) + "\\", "");
+    return tasksUnder(keys::Events, std::string(month) + "\\" + twoDigits(day), "");
 }
 
 }  // namespace velmora

@@ -57,13 +57,11 @@ void Planner::SetCalendarStyleSets() {
 }
 
 void Planner::SetTimeLimits() {
-    const auto limit = [&](const char* key, const char* otherwise) {
-        const int hour = readWhole(settings_.Read(key));
-        return hour == 0 ? std::string(otherwise)
-                         : formatTimeText(std::to_string(hour) + ":00", "h:NN AM/PM", formats_);
+    const auto limit = [&](const NumberKey& key) {
+        return formatTimeText(std::to_string(settings_.read(key)) + ":00", "h:NN AM/PM", formats_);
     };
-    ignoringErrors([&] { day_.SetLastTime(limit("PlannerEnd", "11:00 PM")); });
-    ignoringErrors([&] { day_.SetFirstTime(limit("PlannerStart", "12:00 AM")); });
+    ignoringErrors([&] { day_.SetLastTime(limit(keys::PlannerEnd)); });
+    ignoringErrors([&] { day_.SetFirstTime(limit(keys::PlannerStart)); });
 }
 
 void Planner::UpdateDays() {

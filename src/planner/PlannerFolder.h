@@ -6,7 +6,7 @@
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
 #include "planner/PlannerControls.h"
-#include "planner/PlannerOpener.h"
+#include "planner/PlannerPlaces.h"
 #include "platform/Messages.h"
 
 namespace velmora {
@@ -15,7 +15,7 @@ namespace velmora {
 class PlannerFolder {
   public:
     // `planner` works on `store`.
-    PlannerFolder(const DataLocations& locations, PlannerOpener& opener, AppointmentStore& store,
+    PlannerFolder(const DataLocations& locations, PlannerPlaces& places, AppointmentStore& store,
                   Planner& planner, PlannerDesk& desk, Messages& messages);
 
     // At start-up: the database in the folder "Calendar" if there is one, else that of the
@@ -29,10 +29,11 @@ class PlannerFolder {
     void Move(const std::string& folder);
 
   private:
+    void open(const std::string& path);
     void show();
 
     const DataLocations& locations_;
-    PlannerOpener& opener_;
+    PlannerPlaces& places_;
     AppointmentStore& store_;
     Planner& planner_;
     PlannerDesk& desk_;

@@ -13,7 +13,6 @@ namespace {
 
 using std::chrono::year_month_day;
 
-constexpr const char* kKeptUnder = "UnstoredAppointments";
 constexpr int kLongestWait = 16;  // calls of TryAgain()
 constexpr std::chrono::seconds kTimeToRead{5};
 
@@ -107,7 +106,7 @@ void Planner::KeepUnstored() {
     if (text == kept_)
         return;
     ignoringErrors([&] {
-        settings_.Save(kKeptUnder, text);
+        settings_.save(keys::UnstoredAppointments, text);
         kept_ = text;
     });
 }
@@ -115,9 +114,9 @@ void Planner::KeepUnstored() {
 void Planner::TakeOver() {
     ignoringErrors([&] {
         settings_.batch([&] {
-            unstored_ = UnstoredTasks::read(settings_.Read(kKeptUnder));
+            unstored_ = UnstoredTasks::read(settings_.read(keys::UnstoredAppointments));
             if (!unstored_.empty())
-                settings_.remove(kKeptUnder);
+                settings_.remove(keys::UnstoredAppointments);
         });
     });
 }

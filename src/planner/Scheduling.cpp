@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "planner/EventBooking.h"
+#include "planner/DateReference.h"
 #include "platform/DateText.h"
 #include "platform/StorageFailure.h"
 #include "platform/Text.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -27,14 +28,10 @@ class RandomFile {
     // is filled with NULs. Throws Failure; a file that would have grown then has its old length.
     virtual void writeAt(std::uint64_t offset, std::span<const char> bytes) = 0;
 
-    // Cuts the file to `size` bytes, not more than it has. Throws Failure, always so where a kind
-    // of file can not do it.
-    virtual void shorten(std::uint64_t size);
-
     // Takes the advisory lock that keeps other copies of the program from writing between a scan
-    // and the write that follows. Returns false where the file system has no locks. Waits a few
-    // seconds at most, then throws Failure: another copy holds it.
-    [[nodiscard]] virtual bool lock() = 0;
+    // and the write that follows. Returns false where the file system has no locks. Waits for
+    // `patience`, then throws StorageFailure (Obstacle::InUse): another copy holds it.
+    [[nodiscard]] virtual bool lock(std::chrono::milliseconds patience) = 0;
     virtual void unlock() = 0;
 };
 
@@ -61,7 +58,7 @@ class Files {
     virtual void writeWhole(const std::string& path, std::string_view bytes) = 0;
 
     // As writeWhole(), but a file that is made anew can be read by its owner only.
-    virtual void writePrivately(const std::string& path, std::string_view bytes);
+    virtual void writePrivately(const std::string& path, std::string_view bytes) = 0;
 
     // Puts `bytes` behind the end in one write, so that lines of two copies of the program never
     // mix. A missing file is created; its folder never is. Throws Failure.

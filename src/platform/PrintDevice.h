@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Failure.h"
 #include "platform/PrintJob.h"
 
 // What a recorded job stands on: something that measures, and something that prints.
@@ -34,12 +33,6 @@ class PrintMetrics {
     // margins of a quarter inch.
     [[nodiscard]] virtual PrintableArea printableArea(const std::string& printer,
                                                       PageOrientation orientation) const = 0;
-};
-
-// The printer takes no more jobs now, but may later. The job that was refused is gone.
-class QueueIsFull : public Failure {
-  public:
-    using Failure::Failure;
 };
 
 // The printers of this machine.

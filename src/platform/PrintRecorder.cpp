@@ -14,33 +14,66 @@ constexpr double kTabStop = 0.5;  // inches
 // A sum of heights may come out a little too big; such a line still fits.
 constexpr double kRounding = 1e-4;
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::string rest = withLf(text);
-    for (char& c : rest)
-        if (const auto byte = static_cast<unsigned char>(c);
-            (byte < 0x20 && c != '\n' && c != '\t') || byte == 0x7F)
-            c = ' ';
-    std::vector<std::string> lines;
-    std::size_t begin = 0;
-    for (std::size_t end = 0; (end = rest.find('\n', begin)) != std::string::npos; begin = end + 1)
-        lines.push_back(rest.substr(begin, end - begin));
-    lines.push_back(rest.substr(begin));
-    return lines;
+bool isControl(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
 }
 
+// A text as it is printed: line ends are "\n", other control characters but tabs are blanks. Most
+// texts are that already, and are not copied.
+class ShownText {
+  public:
+    explicit ShownText(const std::string& text)
+        : rest_(text), isPlain_(std::none_of(text.begin(), text.end(), isControl)) {
+        if (isPlain_)
+            return;
+        changed_ = withLf(text);
+        std::replace_if(
+            changed_.begin(), changed_.end(),
+            [](char c) { return isControl(c) && c != '\n' && c != '\t'; }, ' ');
+        rest_ = changed_;
+    }
+    ShownText(const ShownText&) = delete;
+    ShownText& operator=(const ShownText&) = delete;
+
+    [[nodiscard]] std::size_t lineCount() const {
+        return 1 + static_cast<std::size_t>(std::count(rest_.begin(), rest_.end(), '\n'));
+    }
+
+    // Takes the next line; there is one at least.
+    [[nodiscard]] std::string_view takeLine() {
+        const std::size_t end = isPlain_ ? std::string_view::npos : rest_.find('\n');
+        const std::string_view line = rest_.substr(0, end);
+        isOver_ = end == std::string_view::npos;
+        rest_.remove_prefix(isOver_ ? rest_.size() : end + 1);
+        return line;
+    }
+
+    // The last line was taken.
+    [[nodiscard]] bool isOver() const { return isOver_; }
+
+  private:
+    std::string changed_;
+    std::string_view rest_;
+    bool isPlain_;  // without any control character
+    bool isOver_ = false;
+};
+
 // Calls see(piece, offset) for the pieces of a line between its tabs. Offsets are inches from the
-// beginning of the line. Returns where the line ends.
+// beginning of the line. Returns where the line ends if that is wanted: measuring takes long.
 template <typename See>
-double forPiecesOf(std::string_view line, const PrintMetrics& metrics, const PrintFont& font,
-                   See&& see) {
+double forPiecesOf(std::string_view line, bool endWanted, const PrintMetrics& metrics,
+                   const PrintFont& font, See&& see) {
     double at = 0;
     while (true) {
         const std::size_t tab = line.find('\t');
+        const bool isLast = tab == std::string_view::npos;
         const std::string_view piece = line.substr(0, tab);
         if (!piece.empty())
             see(piece, at);
-        at += piece.empty() ? 0 : metrics.textWidth(font, piece);
-        if (tab == std::string_view::npos)
+        if (!piece.empty() && (endWanted || !isLast))
+            at += metrics.textWidth(font, piece);
+        if (isLast)
             return at;
         at = (std::floor(at / kTabStop) + 1) * kTabStop;
         line.remove_prefix(tab + 1);
@@ -62,13 +95,15 @@ float PrintRecorder::heightOf(std::size_t count) const {
 }
 
 float PrintRecorder::TextHeight(const std::string& text) const {
-    return heightOf(linesOf(text).size());
+    return heightOf(ShownText(text).lineCount());
 }
 
 float PrintRecorder::TextWidth(const std::string& text) const {
     double widest = 0;
-    for (const std::string& line : linesOf(text))
-        widest = std::max(widest, forPiecesOf(line, metrics_, font_, [](auto, double) {}));
+    ShownText lines(text);
+    while (!lines.isOver())
+        widest = std::max(
+            widest, forPiecesOf(lines.takeLine(), true, metrics_, font_, [](auto, double) {}));
     return static_cast<float>(widest);
 }
 
@@ -91,19 +126,20 @@ bool PrintRecorder::fits(double lineTop, double lineHeight) {
     return lineTop <= 0 || lineTop + lineHeight <= *pageHeight_ + kRounding;
 }
 
-double PrintRecorder::put(std::string_view line) {
+double PrintRecorder::put(std::string_view line, bool widthWanted) {
     PrintPage& page = job().pages.back();
-    return forPiecesOf(line, metrics_, font_, [&](std::string_view piece, double offset) {
+    const auto print = [&](std::string_view piece, double offset) {
         page.emplace_back(PrintedText{.x = static_cast<float>(x_ + offset),
                                       .y = y_,
                                       .text = std::string(piece),
                                       .font = font_,
                                       .colour = colour_});
-    });
+    };
+    return forPiecesOf(line, widthWanted, metrics_, font_, print);
 }
 
-float PrintRecorder::putLines(const std::string& text) {
-    const std::vector<std::string> lines = linesOf(text);
+float PrintRecorder::putLines(const std::string& text, bool goesOnBehind) {
+    ShownText lines(text);
     const double lineHeight = metrics_.lineHeight(font_);
     // Sums begin at the first line on the page, so that they are those of a caller who adds
     // TextHeight() to the position.
@@ -112,30 +148,31 @@ float PrintRecorder::putLines(const std::string& text) {
     const auto below = [&](std::size_t count) {
         return static_cast<float>(top + static_cast<double>(heightOf(count)));
     };
-    for (std::size_t i = 0; i < lines.size(); ++i, ++above) {
-        if (i > 0) {
-            x_ = 0;
-            y_ = below(above);
-        }
+    while (true) {
+        const std::string_view line = lines.takeLine();
         if (!fits(y_, lineHeight)) {
-            job().pages.emplace_back();
+            beginPage();
             y_ = 0;
             top = 0;
             above = 0;
         }
-        const double width = put(lines[i]);
-        if (i + 1 == lines.size())
+        const double width = put(line, goesOnBehind && lines.isOver());
+        ++above;
+        if (lines.isOver()) {
             x_ = static_cast<float>(x_ + width);
+            return below(above);
+        }
+        x_ = 0;
+        y_ = below(above);
     }
-    return below(above);
 }
 
 void PrintRecorder::PrintPart(const std::string& text) {
-    putLines(text);
+    putLines(text, true);
 }
 
 void PrintRecorder::Print(const std::string& text) {
-    y_ = putLines(text);
+    y_ = putLines(text, false);
     x_ = 0;
 }
 
@@ -146,8 +183,15 @@ void PrintRecorder::Line(float x1, float y1, float x2, float y2, int colour) {
     y_ = y2;
 }
 
+// Pages of a job resemble each other.
+void PrintRecorder::beginPage() {
+    std::vector<PrintPage>& pages = job().pages;
+    const std::size_t marks = pages.back().size();
+    pages.emplace_back().reserve(marks);
+}
+
 void PrintRecorder::NewPage() {
-    job().pages.emplace_back();
+    beginPage();
     x_ = 0;
     y_ = 0;
 }

@@ -72,11 +72,12 @@ class PrintRecorder : public PrintSurface {
     // `count` lines of the font, in inches.
     [[nodiscard]] float heightOf(std::size_t count) const;
     [[nodiscard]] bool fits(double lineTop, double lineHeight);
-    // Prints a line of text at the position and tells its width.
-    double put(std::string_view line);
-    // Prints a text, with the position behind its last character then. Returns where the line below
-    // it is.
-    float putLines(const std::string& text);
+    // Prints a line of text at the position. Returns its width where that is wanted.
+    double put(std::string_view line, bool widthWanted);
+    // Prints a text, with the position on its last line then, behind it where the next text is to
+    // stand there. Returns where the line below it is.
+    float putLines(const std::string& text, bool goesOnBehind);
+    void beginPage();
     void endJob();
 
     const PrintMetrics& metrics_;

@@ -51,11 +51,14 @@ bool isBlankOrNul(std::string_view text) {
 }
 
 std::string_view fieldText(std::string_view rawField) {
-    const std::size_t last = rawField.find_last_not_of(kBlankOrNul);
-    if (last == std::string_view::npos)
-        return {};
-    rawField = rawField.substr(0, last + 1);
-    return rawField.substr(rawField.find_first_not_of(kBlank));
+    // The fields of a book are mostly padding, and whole books are read: no search for each byte.
+    std::size_t end = rawField.size();
+    while (end > 0 && (rawField[end - 1] == ' ' || rawField[end - 1] == '\0'))
+        --end;
+    std::size_t begin = 0;
+    while (begin < end && rawField[begin] == ' ')
+        ++begin;
+    return rawField.substr(begin, end - begin);
 }
 
 double readNumber(std::string_view text) {

@@ -13,17 +13,11 @@ namespace velmora {
 namespace {
 
 // The event loop runs after so many records: a turn of it takes longer than the look at a record.
-constexpr RecordNumber kRecordsPerTurn = 8;
+constexpr RecordNumber kRecordsPerTurn = 32;
 
 constexpr const char* kWait = "Please Wait While Printing...";
 constexpr float kLargestOnScreen = 12;  // points; more than this becomes
 constexpr float kInsteadOnScreen = 7;
-
-std::string captionOf(const SettingsStore& settings, const char* key) {
-    const std::string setting = settings.Read(key);
-    const std::string_view chosen = trimBlanks(setting);
-    return std::string(chosen.empty() ? key : chosen);
-}
 
 }  // namespace
 
@@ -67,17 +61,19 @@ void BookReport::run(PrintRun& run) {
          ++state.ReportIndex) {
         run.tell(kWait);
         printName(run, pages, state.ReportNames[static_cast<std::size_t>(state.ReportIndex)]);
-        if (state.ReportIndex % kRecordsPerTurn == 0)
+        if (state.ReportIndex % kRecordsPerTurn == 0) {
             (void)run.goOn();
+            eventsRan_ = true;
+        }
     }
 }
 
 ReportPages::Look BookReport::look() const {
     return {.face = profile_.inEditorFace ? docPadFace(parts_.settings) : listFace(parts_.settings),
-            .colour = readWhole(parts_.settings.Read("ListFontC")),
+            .colour = readWhole(parts_.settings.read(keys::ListFont.colour)),
             .editorSize = parts_.editor.editorSize(),
-            .custom1 = captionOf(parts_.settings, "Custom1"),
-            .custom2 = captionOf(parts_.settings, "Custom2"),
+            .custom1 = parts_.settings.read(keys::Custom1),
+            .custom2 = parts_.settings.read(keys::Custom2),
             .date = formatMoment(parts_.clock.now(), "mm-dd-yyyy", parts_.locale)};
 }
 
@@ -100,6 +96,8 @@ bool BookReport::readBook(PrintRun& run, const std::function<void(RecordView)>& 
     book_.emplace(parts_.store.Open(bookFile_));
     version_ = book_->state().version;
     index_.emplace(parts_.store.codePage());
+    index_->reserve(book_->recordCount());
+    eventsRan_ = true;  // a long book is read with events
     BookScan records = book_->scan();
     while (!tooManyNames_ && records.next()) {
         index_->add(records.number(), records.record());
@@ -110,8 +108,11 @@ bool BookReport::readBook(PrintRun& run, const std::function<void(RecordView)>& 
     return true;
 }
 
+// Between two turns of the event loop nobody but another program can write, and a turn comes soon.
 bool BookReport::refreshIndex(PrintRun& run) {
-    return book_->state().version == version_ || readBook(run, [](RecordView) {});
+    if (!std::exchange(eventsRan_, false) || book_->state().version == version_)
+        return true;
+    return readBook(run, [](RecordView) {});
 }
 
 // Goes forward in the book, whatever happens to it in a page turn.
@@ -129,7 +130,8 @@ void BookReport::printName(PrintRun& run, ReportPages& pages, const std::string&
             continue;
         if (profile_.shrinksEditor && !wanted.isPerson())
             shrinkEditor();
-        pages.print(record, name, wanted.isPerson());
+        if (pages.print(record, name, wanted.isPerson()))
+            eventsRan_ = true;
     }
 }
 

@@ -71,6 +71,7 @@ class BookReport {
     std::optional<OpenBook> book_;
     std::string version_;  // of the book, when it was indexed
     std::optional<NameIndex> index_;
+    bool eventsRan_ = false;  // so that the book may be another one than when it was indexed
     bool tooManyNames_ = false;
 };
 

@@ -20,15 +20,9 @@ struct SheetSettings {
 };
 
 SheetSettings readSettings(const SettingsStore& settings) {
-    const auto caption = [&](const char* key) {
-        const std::string value = settings.Read(key);
-        const std::string_view shown = trimBlanks(value);
-        return std::string(shown.empty() ? std::string_view(key) : shown);
-    };
-    const std::string numbers = settings.Read("LetterTel");
-    return {.custom1 = caption("Custom1"),
-            .custom2 = caption("Custom2"),
-            .numbers = trimBlanks(numbers).empty() || trimBlanks(numbers) == "1"};
+    return {.custom1 = settings.read(keys::Custom1),
+            .custom2 = settings.read(keys::Custom2),
+            .numbers = settings.read(keys::LetterTel)};
 }
 
 // Puts an entry onto a sheet.

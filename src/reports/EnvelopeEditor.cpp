@@ -17,50 +17,29 @@ constexpr double kLargestFont = 14;
 constexpr double kAddressSize = 12;  // points, as long as nobody chose one
 constexpr int kWhite = 0xFFFFFF;
 
-// The settings of the lines' fonts, each with "S" and "C" put before its number for size and
-// colour.
-struct FontKey {
-    const char* letters;  // "RFont"
-    const char* number;
-};
-constexpr std::array<FontKey, kEnvelopeLines> kFontKeys{{{"RFont", "1"},
-                                                         {"RFont", "2"},
-                                                         {"RFont", "3"},
-                                                         {"RFont", "4"},
-                                                         {"AFont", "2"},
-                                                         {"AFont", "3"},
-                                                         {"AFont", "4"},
-                                                         {"AFont", "5"},
-                                                         {"AFont", "6"},
-                                                         {"AFont", "10"},
-                                                         {"AFont", "11"}}};
-
 // Line 4 of the return address is stored under keys of its own and loaded from those of line 3.
 constexpr std::size_t kLastReturnLine = 3;
 
-std::string keyOf(const FontKey& key, const char* kind = "") {
-    return std::string(key.letters) + kind + key.number;
-}
-
-std::string returnKey(std::size_t line) {
-    return "Return" + std::to_string(line + 1);
+const FontKey& fontKey(std::size_t line) {
+    return line < kReturnLines ? keys::ReturnFonts.at(line)
+                               : keys::AddressFonts.at(line - kReturnLines);
 }
 
 void readFont(const SettingsStore& settings, const FontKey& key, EnvelopeLine& line) {
-    if (const std::string name = settings.Read(keyOf(key)); !name.empty())
+    if (const std::string name = settings.read(key.face); !name.empty())
         line.fontName = name;
-    if (const double size = readNumber(settings.Read(keyOf(key, "S"))); size > 0)
+    if (const double size = readNumber(settings.read(key.size)); size > 0)
         line.fontSize = size;
-    if (const std::string text = settings.Read(keyOf(key, "C")); !text.empty()) {
+    if (const std::string text = settings.read(key.colour); !text.empty()) {
         const int colour = readWhole(text);
         line.colour = colour < 0 || colour > kWhite ? 0 : colour;
     }
 }
 
 void saveFont(SettingsStore& settings, const FontKey& key, const EnvelopeLine& line) {
-    settings.Save(keyOf(key), line.fontName);
-    settings.Save(keyOf(key, "S"), numberText(line.fontSize));
-    settings.Save(keyOf(key, "C"), std::to_string(line.colour));
+    settings.save(key.face, line.fontName);
+    settings.save(key.size, numberText(line.fontSize));
+    settings.save(key.colour, std::to_string(line.colour));
 }
 
 std::string joined(std::initializer_list<std::string_view> parts) {
@@ -88,10 +67,10 @@ void EnvelopeEditor::load() {
     for (std::size_t i = 0; i < kEnvelopeLines; ++i) {
         EnvelopeLine& line = content_.lines[i];
         if (i < kReturnLines)
-            line.text = parts_.settings.Read(returnKey(i));
+            line.text = parts_.settings.read(keys::Return.at(i));
         else
             line.fontSize = kAddressSize;
-        readFont(parts_.settings, kFontKeys[i == kLastReturnLine ? kLastReturnLine - 1 : i], line);
+        readFont(parts_.settings, fontKey(i == kLastReturnLine ? kLastReturnLine - 1 : i), line);
     }
 }
 
@@ -112,8 +91,8 @@ void EnvelopeEditor::formatBarcode() {
 void EnvelopeEditor::saveReturnAddress() {
     parts_.settings.batch([this] {
         for (std::size_t i = 0; i < kReturnLines; ++i) {
-            parts_.settings.Save(returnKey(i), content_.lines[i].text);
-            saveFont(parts_.settings, kFontKeys[i], content_.lines[i]);
+            parts_.settings.save(keys::Return.at(i), content_.lines[i].text);
+            saveFont(parts_.settings, fontKey(i), content_.lines[i]);
         }
     });
 }
@@ -129,7 +108,7 @@ bool EnvelopeEditor::chooseFont(std::size_t line) {
     present.fontSize = chosen->size;
     present.colour = std::max(chosen->colour, 0);
     if (line >= kReturnLines)
-        parts_.settings.batch([&] { saveFont(parts_.settings, kFontKeys[line], present); });
+        parts_.settings.batch([&] { saveFont(parts_.settings, fontKey(line), present); });
     return true;
 }
 
@@ -140,7 +119,7 @@ PrintEnd EnvelopeEditor::print() {
                          .failureIsTold = FailureIsTold::OnTheStatusLine};
     return parts_.printing.run(task, [this](PrintRun& run) {
         const EnvelopeContent content = content_;
-        const EnvelopeFeed feed = readEnvelopeFeed(parts_.settings, parts_.codePage);
+        const EnvelopeFeed feed = readEnvelopeFeed(parts_.settings);
         parts_.messages.tell("Envelope",
                              "Please insert an envelope in your manual feed tray, or select your "
                              "envelope feeder.");

@@ -1,9 +1,13 @@
 #include "reports/EnvelopePage.h"
 
-#include "platform/Text.h"
+#include <array>
 
 namespace velmora {
 namespace {
+
+// In the order of keys::kEnvelopePositions.
+constexpr std::array<EnvelopePosition, keys::kEnvelopePositions.size()> kPositions{
+    EnvelopePosition::Left, EnvelopePosition::Center, EnvelopePosition::Right};
 
 constexpr float kTopFeedX = 1.45F;  // inches
 constexpr float kAddressX = 5.0F;
@@ -36,17 +40,10 @@ void printLine(PrintSurface& printer, const EnvelopeLine& line) {
 
 }  // namespace
 
-EnvelopeFeed readEnvelopeFeed(const SettingsStore& settings, const CodePage& codePage) {
-    EnvelopeFeed feed;
-    const std::string position = codePage.upper(trimBlanks(settings.Read("EnvelopePrinting")));
-    if (position == "LEFT")
-        feed.position = EnvelopePosition::Left;
-    else if (position == "RIGHT")
-        feed.position = EnvelopePosition::Right;
-    else if (!position.empty() && position != "CENTER")
-        feed.position.reset();
-    feed.top = settings.Read("EnvTop") == "ON";
-    return feed;
+EnvelopeFeed readEnvelopeFeed(const SettingsStore& settings) {
+    const auto position = settings.read(keys::EnvelopePrinting);
+    return {.position = position ? std::optional(kPositions.at(*position)) : std::nullopt,
+            .top = settings.read(keys::EnvelopeAtTop)};
 }
 
 void printEnvelopePage(PrintSurface& printer, const EnvelopeContent& content,

@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "core/SettingsStore.h"
-#include "platform/CodePage.h"
 #include "platform/PrintSurface.h"
 #include "reports/EnvelopeContent.h"
 
@@ -22,8 +21,7 @@ struct EnvelopeFeed {
 };
 
 // "EnvelopePrinting" and "EnvTop".
-[[nodiscard]] EnvelopeFeed readEnvelopeFeed(const SettingsStore& settings,
-                                            const CodePage& codePage);
+[[nodiscard]] EnvelopeFeed readEnvelopeFeed(const SettingsStore& settings);
 
 // Prints the eleven lines, the empty ones, too, and the barcode above the address, on a fresh page
 // in landscape. The barcode has the face and the colour of the last line of the return address.

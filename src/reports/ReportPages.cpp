@@ -85,7 +85,7 @@ void ReportPages::tellPage(bool withTotal) {
     run_.tell(text);
 }
 
-void ReportPages::print(const PhonebookRecord& record, const std::string& name, bool isPerson) {
+bool ReportPages::print(const PhonebookRecord& record, const std::string& name, bool isPerson) {
     if (profile_.sizeAtEachEntry)
         run_.printer.SetFontSize(entrySize());
     for (const ReportRow& row : profile_.rows)
@@ -93,8 +93,10 @@ void ReportPages::print(const PhonebookRecord& record, const std::string& name, 
     endEntry();
     const bool moreFollow = run_.state.ReportIndex < run_.state.ReportCount - 1;
     const double full = moreFollow ? profile_.fullWithMore : profile_.fullAtLast;
-    if (static_cast<double>(run_.printer.CurrentY()) >= full)
+    const bool isFull = static_cast<double>(run_.printer.CurrentY()) >= full;
+    if (isFull)
         turnPage();
+    return isFull;
 }
 
 void ReportPages::printRow(const ReportRow& row, const PhonebookRecord& record,

@@ -31,8 +31,8 @@ class ReportPages {
     void begin();
 
     // Prints an entry under a name as it stands in the list of names, and turns the page behind it
-    // where the page is full. Events may run then.
-    void print(const PhonebookRecord& record, const std::string& name, bool isPerson);
+    // where the page is full. True when events ran meanwhile, as they do when a page is turned.
+    bool print(const PhonebookRecord& record, const std::string& name, bool isPerson);
 
   private:
     void estimatePages();

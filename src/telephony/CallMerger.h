@@ -1,8 +1,8 @@
 #pragma once
 
 #include <chrono>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -14,22 +14,17 @@ class CallMerger {
     using Time = std::chrono::steady_clock::time_point;
     static constexpr std::chrono::seconds kSameCall{5};
 
-    // True when `service` tells of a call that no other one has told of.
-    [[nodiscard]] bool isNew(const std::string& service, const std::string& number, Time now) {
-        const bool known = last_ && last_->number == number && last_->service != service &&
-                           now - last_->at <= kSameCall;
-        if (!known)
-            last_ = Report{service, number, now};
-        return !known;
-    }
+    // True when `service` tells of a call that no other one has told of. Numbers are compared by
+    // their digits, where they have any: each service sets its own marks between them.
+    [[nodiscard]] bool isNew(const std::string& service, const std::string& number, Time now);
 
   private:
-    struct Report {
-        std::string service;
+    struct Call {
         std::string number;
-        Time at;
+        Time at;                            // of its first report
+        std::vector<std::string> services;  // that have told of it
     };
-    std::optional<Report> last_;
+    std::vector<Call> calls_;  // of the last seconds, the oldest first
 };
 
 }  // namespace velmora

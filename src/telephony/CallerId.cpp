@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "phonebook/EntryCard.h"
+#include "phonebook/CardText.h"
 #include "phonebook/HitLine.h"
 #include "phonebook/RecordState.h"
 #include "platform/Failure.h"
@@ -37,12 +37,12 @@ bool isYellow(const std::string& line, const CodePage& codePage) {
 }  // namespace
 
 void CallerId::listenTo(TelephonyLine& line) {
-    if (parts_.settings.Read("CallerID") == "ON")
+    if (isSwitchedOn(parts_.settings))
         line.activate([this](const Caller& caller) { onCall(caller); });
 }
 
 void CallerId::onCall(const Caller& caller) {
-    if (parts_.settings.readSwitch("CallerID") == "ON")
+    if (!parts_.loop.closing() && parts_.settings.read(keys::CallerId))
         onNumber(caller.number);
 }
 
@@ -97,7 +97,7 @@ void CallerId::showEntry(const std::string& line) {
     parts_.report.showCard("", yellow);
     ignoringErrors([&] {
         if (const auto record = entryOf(line))
-            parts_.report.showCard(entryCard(*record, kCallerCard), yellow);
+            parts_.report.showCard(cardText(*record, kCallerCard), yellow);
     });
 }
 

@@ -29,12 +29,17 @@ class CallerId {
     };
     explicit CallerId(const Parts& parts) : parts_(parts) {}
 
+    // Whether the setting says that the line is to be listened to.
+    [[nodiscard]] static bool isSwitchedOn(const SettingsStore& settings) {
+        return settings.read(keys::CallerIdAtStart);
+    }
+
     // Listens to the line for as long as both live, if the setting says so now.
     void listenTo(TelephonyLine& line);
 
-    // One incoming call. The setting may have changed since: then nothing happens. Events run while
-    // the books are searched; a call that comes in then is searched for first, in the same list,
-    // and the search under way goes on with its number.
+    // One incoming call. The setting may have changed since: then nothing happens, as when the
+    // program is closing. Events run while the books are searched; a call that comes in then is
+    // searched for first, in the same list, and the search under way goes on with its number.
     void onCall(const Caller& caller);
 
     // A call of this number, whatever the setting says.

@@ -1,5 +1,8 @@
 #include "telephony/DialSettings.h"
 
+#include <array>
+#include <optional>
+
 #include "platform/Text.h"
 
 namespace velmora {
@@ -7,15 +10,11 @@ namespace {
 
 constexpr std::size_t kAreaCodeWithin = 4;
 
-std::string trimmed(const SettingsStore& settings, const char* key) {
-    return std::string(trimBlanks(settings.Read(key)));
-}
+// In the order of keys::kDialModes.
+constexpr std::array<const char*, keys::kDialModes.size()> kCommands{"ATDT", "ATDP"};
 
-// By its exact letters.
-std::string commandFor(const std::string& mode) {
-    if (mode == "Tone" || mode.empty())
-        return "ATDT";
-    return mode == "Pulse" ? "ATDP" : "";
+std::string commandFor(std::optional<std::size_t> mode) {
+    return mode ? kCommands.at(*mode) : "";
 }
 
 // The last character of "COM3".
@@ -26,16 +25,16 @@ int portOf(const std::string& name) {
 }  // namespace
 
 DialSettings DialSettings::read(const SettingsStore& settings) {
-    return {.port = portOf(trimmed(settings, "ComPort")),
-            .command = commandFor(settings.Read("ComType")),
-            .prefix = settings.Read("ComPrefix"),
-            .initialisation = trimmed(settings, "ComInit"),
+    return {.port = portOf(settings.read(keys::ComPort)),
+            .command = commandFor(settings.read(keys::ComType)),
+            .prefix = settings.read(keys::ComPrefix),
+            .initialisation = settings.read(keys::ComInit),
             .log = logsCalls(settings),
-            .areaCode = trimmed(settings, "LocalAreaCode")};
+            .areaCode = settings.read(keys::LocalAreaCode)};
 }
 
 bool logsCalls(const SettingsStore& settings) {
-    return readNumber(settings.Read("LogPhone")) == 1;
+    return settings.read(keys::LogPhone);
 }
 
 std::string withoutAreaCode(const std::string& number, const std::string& areaCode,

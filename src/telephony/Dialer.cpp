@@ -58,7 +58,7 @@ void Dialer::Send() {
     std::string number = parts_.pane.number();
     DialNumber(number);
     parts_.pane.enableHangUp(true);
-    parts_.settings.Save("LastNumber", parts_.pane.number());
+    parts_.settings.save(keys::LastNumber, parts_.pane.number());
 }
 
 void Dialer::dialEntry(Field field) {

@@ -48,9 +48,6 @@ class Dialer {
     void hangUp();
     void hangUpCall();
 
-    // The display's number as the program starts: the last one that was sent.
-    [[nodiscard]] std::string lastNumber() const { return parts_.settings.Read("LastNumber"); }
-
   private:
     void dial(std::string& number);
     void endCall();

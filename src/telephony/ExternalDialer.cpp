@@ -5,9 +5,9 @@
 namespace velmora {
 
 void ExternalDialer::start(const std::string& number) {
-    std::string program(trimBlanks(settings_.Read("Dialer")));
-    if (program.empty())
-        program = systemFolder_ + "\\dialer.exe";
+    std::string program = settings_.read(keys::Dialer);
+    if (!settings_.has(keys::Dialer))
+        program.insert(0, systemFolder_);
     if (files_.exists(program))
         starter_.start(program, {});
     if (codePage_.lower(program).find("dialer.exe") == std::string::npos)

@@ -35,14 +35,14 @@ void MailAndWeb::runMailProgram() {
     if (usesDesktop())
         parts_.opener.open(kMailScheme);
     else
-        runNamedProgram("EMail");
+        runNamedProgram(keys::EMail);
 }
 
 void MailAndWeb::runBrowser() {
     if (usesDesktop())
         goToHomePage();
     else
-        runNamedProgram("Browser");
+        runNamedProgram(keys::Browser);
 }
 
 void MailAndWeb::mailToProduct() {
@@ -56,7 +56,7 @@ void MailAndWeb::goToHomePage() {
 }
 
 bool MailAndWeb::usesDesktop() const {
-    return parts_.settings.readSwitch("IEEnhanced") == "YES";
+    return parts_.settings.read(keys::IEEnhanced);
 }
 
 void MailAndWeb::mailTo(std::string_view address) {
@@ -65,9 +65,9 @@ void MailAndWeb::mailTo(std::string_view address) {
         parts_.opener.open(link);
         return;
     }
-    const std::string path = setting("Email");
+    const std::string path = setting(keys::EMail);
     CommandLine command = readCommandLine(path, parts_.files, parts_.starter);
-    std::vector<std::string> arguments = splitArguments(setting("EmailSettings"));
+    std::vector<std::string> arguments = splitArguments(setting(keys::EMailSettings));
     // Two kinds of programs are told by their path what to do, the second one whatever the first.
     const std::string lowerPath = parts_.codePage.lower(path);
     if (lowerPath.find("eudora") != std::string::npos)
@@ -85,7 +85,7 @@ void MailAndWeb::goTo(std::string_view page) {
             parts_.opener.open(target);
         return;
     }
-    CommandLine command = readCommandLine(setting("Browser"), parts_.files, parts_.starter);
+    CommandLine command = readCommandLine(setting(keys::Browser), parts_.files, parts_.starter);
     const std::string_view argument = trimBlanks(page);
     if (!argument.empty() && argument.front() != '-')
         command.arguments.emplace_back(argument);
@@ -93,8 +93,8 @@ void MailAndWeb::goTo(std::string_view page) {
         parts_.starter.start(command.program, command.arguments);
 }
 
-void MailAndWeb::runNamedProgram(const char* key) {
-    const std::string path = parts_.settings.Read(key);
+void MailAndWeb::runNamedProgram(const TextKey& key) {
+    const std::string path = parts_.settings.read(key);
     if (path.size() < kShortestPath)
         parts_.messages.warn("Please Click Setup",
                              "In order to run this application, please specify it in Setup.");
@@ -104,8 +104,8 @@ void MailAndWeb::runNamedProgram(const char* key) {
 }
 
 // A value that came from a system call may end in a NUL.
-std::string MailAndWeb::setting(const char* key) const {
-    std::string value = parts_.settings.Read(key);
+std::string MailAndWeb::setting(const TextKey& key) const {
+    std::string value = parts_.settings.read(key);
     if (!value.empty() && value.back() == '\0')
         value.pop_back();
     return value;

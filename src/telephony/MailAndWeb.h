@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/ProductAddresses.h"
 #include "core/SettingsStore.h"
@@ -31,7 +32,7 @@ class MailAndWeb {
         ProductAddresses addresses;
         std::string programFolder;  // without a separator at its end
     };
-    explicit MailAndWeb(const Parts& parts) : parts_(parts) {}
+    explicit MailAndWeb(Parts parts) : parts_(std::move(parts)) {}
 
     // "&E-Mail", "&Web" and "Open &File".
     void mailToEntry();
@@ -50,8 +51,8 @@ class MailAndWeb {
     [[nodiscard]] bool usesDesktop() const;
     void mailTo(std::string_view address);
     void goTo(std::string_view page);
-    void runNamedProgram(const char* key);
-    [[nodiscard]] std::string setting(const char* key) const;
+    void runNamedProgram(const TextKey& key);
+    [[nodiscard]] std::string setting(const TextKey& key) const;
 
     Parts parts_;
 };

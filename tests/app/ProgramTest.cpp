@@ -10,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/CommandTable.h"
@@ -23,11 +24,17 @@
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
 #include "platform/controls/TrashCan.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/qt/Theme.h"
+#include "platform/sqlite/SqliteSettings.h"
+#include "support/FakeCallService.h"
 #include "support/TemporaryFolder.h"
+#include "telephony/forms/CallID.h"
 
 namespace velmora {
 namespace {
+
+constexpr int kManyTurns = 20000;  // entries that take the event loop several turns
 
 // The whole program in folders of its own, without the events of today.
 class ProgramTest : public testing::Test {
@@ -38,14 +45,69 @@ class ProgramTest : public testing::Test {
     }
 
     void start() {
-        program.emplace(NativePath(folder.path()));
+        start([] { return std::vector<std::unique_ptr<CallService>>(); });
+    }
+    void start(CallServices services) {
+        program.emplace(NativePath(folder.path()), std::move(services));
         program->start();
         program->window().activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window()));
     }
+    // Starts with a telephone service that the test makes ring once it is heard.
+    test::FakeCallService& startWithTelephone() {
+        SqliteSettings medium(configurationFolder() / "settings.db");
+        SettingsStore(medium).Save("CallerID", "ON");
+        SettingsStore(medium).Save("LogPhone", "1");
+        test::FakeCallService* telephone = nullptr;
+        start([&telephone] {
+            std::vector<std::unique_ptr<CallService>> services;
+            services.push_back(std::make_unique<test::FakeCallService>());
+            telephone = static_cast<test::FakeCallService*>(services.front().get());
+            return services;
+        });
+        if (!QTest::qWaitFor([&] { return telephone && telephone->isHeard(); }))
+            throw std::runtime_error("the service is not heard");
+        return *telephone;
+    }
+    static CallID* report() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* form = qobject_cast<CallID*>(window))
+                return form;
+        return nullptr;
+    }
     template <typename Control>
     Control& inWindow(const char* name) {
         return *program->window().findChild<Control*>(QLatin1String(name));
+    }
+
+    // Yellow Pages so long that the event loop runs while they are looked through; one entry,
+    // "Adair1000", has a number.
+    void fillBook(int entries) {
+        std::string book;
+        for (int i = 0; i < entries; ++i) {
+            PhonebookRecord record;
+            record.assign(Field::First, "Ann");
+            record.assign(Field::Last, "Adair" + std::to_string(i));
+            if (i == 1000)
+                record.assign(Field::Phone, "5165551212");
+            book.append(record.bytes().data(), record.bytes().size());
+        }
+        folder.write("DATAY.QEL", book);
+    }
+    // The form of the search, ready to look for `text`.
+    Form4* openSearch(const char* text) {
+        program->commands().run(Commands::searchi);
+        auto* form = program->window().findChild<Form4*>();
+        if (form)
+            form->findChild<QLineEdit*>("Text1")->setText(QLatin1String(text));
+        return form;
+    }
+    static const std::vector<std::string>& linesOf(const QWidget& form) {
+        return test::named<EntryList>(form, "List1").lines();
+    }
+    // All lines of the latest call are there.
+    static bool isReported() {
+        return report()->isVisible() && test::named<EntryList>(*report(), "List1").isEnabled();
     }
 
     // Lets `work` run from the event loop, ends the program from `during`, which is called while
@@ -81,19 +143,10 @@ TEST_F(ProgramTest, MayGoWhileAnAppointmentIsBeingTyped) {
 }
 
 TEST_F(ProgramTest, EndsInTheMiddleOfASearch) {
-    std::string book;
-    for (int i = 0; i < 2000; ++i) {
-        PhonebookRecord record;
-        record.assign(Field::First, "Ann");
-        record.assign(Field::Last, "Adair" + std::to_string(i));
-        book.append(record.bytes().data(), record.bytes().size());
-    }
-    folder.write("DATAY.QEL", book);
+    fillBook(2000);
     start();
-    program->commands().run(Commands::searchi);
-    auto* form = program->window().findChild<Form4*>();
+    Form4* form = openSearch("no such text");
     ASSERT_NE(form, nullptr);
-    form->findChild<QLineEdit*>("Text1")->setText("no such text");
     bool searching = false;
     endDuring(
         [&] {
@@ -186,11 +239,117 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     EXPECT_EQ(pad.bytes(), "Buy milk\r\n");
 }
 
+TEST_F(ProgramTest, NoTelephoneServiceIsAskedUnlessTheSettingSaysSo) {
+    bool asked = false;
+    start([&asked] {
+        asked = true;
+        return std::vector<std::unique_ptr<CallService>>();
+    });
+    program->window().repaint();  // painted once more, and so painted before
+    for (int turn = 0; turn < 5; ++turn)
+        QCoreApplication::processEvents();
+    EXPECT_FALSE(asked);
+    EXPECT_EQ(report(), nullptr);
+}
+
+TEST_F(ProgramTest, ACallIsReportedAndLoggedAndANewEntryTakesItsNumber) {
+    qputenv("VELMORA_COUNTRY", "de");
+    test::FakeCallService& telephone = startWithTelephone();
+    qunsetenv("VELMORA_COUNTRY");
+    telephone.ring({"", "+4930123456"});
+    ASSERT_TRUE(QTest::qWaitFor([] { return report()->isVisible(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return program->window().status().text() == "No matching entries to incoming call found.";
+    }));
+    EXPECT_TRUE(
+        QString::fromStdString(folder.read("phonelog.txt")).endsWith("\tIncoming\t030123456\r\n"));
+
+    bool answered = false;
+    QTimer::singleShot(0, report(), [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        EXPECT_EQ(test::named<QLineEdit>(*form, "Text9").text(), "030123456");
+        test::named<QPushButton>(*report(), "NewEntry").click();
+        EXPECT_EQ(program->window().status().text(),
+                  "Answer the open dialog first, then make the new entry.");
+        answered = true;
+        form->close();
+    });
+    test::named<QPushButton>(*report(), "NewEntry").click();
+    EXPECT_TRUE(answered);
+}
+
+TEST_F(ProgramTest, EndsInTheMiddleOfACall) {
+    std::string book;
+    for (int i = 0; i < 2000; ++i)
+        book.append(PhonebookRecord().bytes().data(), kRecordSize);
+    folder.write("DATAY.QEL", book);
+    test::FakeCallService& telephone = startWithTelephone();
+    endDuring(
+        [&] {
+            telephone.ring({"", "5165551212"});
+        },
+        [&] {
+            auto* form = report();
+            return form->isVisible() && !test::named<EntryList>(*form, "List1").isEnabled();
+        });
+}
+
+TEST_F(ProgramTest, ACallDuringASearchIsReportedAtOnceAndNeitherDisturbsTheOther) {
+    fillBook(kManyTurns);
+    test::FakeCallService& telephone = startWithTelephone();
+    Form4* form = openSearch("adair1000");
+    ASSERT_NE(form, nullptr);
+    auto& search = test::named<QPushButton>(*form, "Command1");
+    search.click();
+    const std::vector<std::string> undisturbed = linesOf(*form);
+    ASSERT_EQ(undisturbed.size(), 11U);
+
+    bool rung = false;
+    bool searching = true;
+    bool reportedBeforeTheEnd = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (!std::exchange(rung, true))
+            telephone.ring({"", "5165551212"});
+        reportedBeforeTheEnd |= searching && isReported();
+    });
+    watch.start(0);
+    search.click();
+    searching = false;
+    EXPECT_TRUE(reportedBeforeTheEnd);
+    EXPECT_EQ(linesOf(*form), undisturbed);
+    EXPECT_EQ(linesOf(*report()), std::vector<std::string>{"Y: Adair1000, Ann"});
+}
+
+TEST_F(ProgramTest, ASearchThatBeginsDuringACallEndsWellAndSoDoesTheCall) {
+    fillBook(kManyTurns);
+    test::FakeCallService& telephone = startWithTelephone();
+    Form4* form = openSearch("adair1000");
+    ASSERT_NE(form, nullptr);
+
+    bool searched = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (!report()->isVisible() || isReported() || std::exchange(searched, true))
+            return;
+        test::named<QPushButton>(*form, "Command1").click();
+        EXPECT_EQ(linesOf(*form).size(), 11U);
+        EXPECT_FALSE(isReported());
+    });
+    watch.start(0);
+    telephone.ring({"", "5165551212"});
+    EXPECT_TRUE(QTest::qWaitFor([] { return isReported(); }));
+    EXPECT_TRUE(searched);
+    EXPECT_EQ(linesOf(*form).size(), 11U);
+    EXPECT_EQ(linesOf(*report()), std::vector<std::string>{"Y: Adair1000, Ann"});
+}
+
 TEST_F(ProgramTest, EachCommandIsBoundOrKnownNotToBeBuilt) {
     const std::set<std::string_view> notBuilt{
-        Commands::runmnu,        Commands::backupmnu, Commands::exitwinmnu, Commands::Setupmnu,
-        Commands::importplanner, Commands::faxmnu,    Commands::Importmnu,  Commands::importoldmnu,
-        Commands::exportmnu,     Commands::Explorer,  Commands::Control,
+        Commands::runmnu,        Commands::backupmnu, Commands::exitwinmnu,   Commands::Setupmnu,
+        Commands::importplanner, Commands::Importmnu, Commands::importoldmnu, Commands::exportmnu,
+        Commands::Explorer,      Commands::Control,
     };
     program.emplace(NativePath(folder.path()));
     std::set<std::string_view> rows;

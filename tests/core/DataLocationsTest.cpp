@@ -82,12 +82,5 @@ TEST(SettingsStore, TheMailSettingIsFoundInEitherSpelling) {
     EXPECT_EQ(settings.Read("EmailSettings"), "/n");
 }
 
-TEST(SettingsStore, SwitchesAreTrimmedAndUpperCased) {
-    test::MemorySettings medium;
-    SettingsStore settings(medium);
-    settings.Save("24hr", " yes ");
-    EXPECT_EQ(settings.readSwitch("24hr"), "YES");
-}
-
 }  // namespace
 }  // namespace velmora

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "docpad/DocPadWorld.h"
+#include "support/Soak.h"
 
 namespace velmora {
 namespace {
@@ -84,7 +85,7 @@ TEST_F(DocPadDamage, AProcessThatIsKilledWhileItSavesLeavesTheOldOrTheNewFileWho
     const std::string path = folder.file("docs/a.txt");
     const std::string one(400000, '1');
     const std::string two(300000, '2');
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < test::soaked(20); ++round) {
         folder.write("docs/a.txt", one);
         int started[2];
         ASSERT_EQ(pipe(started), 0);
@@ -93,7 +94,7 @@ TEST_F(DocPadDamage, AProcessThatIsKilledWhileItSavesLeavesTheOldOrTheNewFileWho
         if (child == 0) {
             PosixFiles own{NativePaths(CodePage::western())};
             for (int i = 0;; ++i) {
-                if (i == round && write(started[1], "s", 1) != 1)
+                if (i == round % 20 && write(started[1], "s", 1) != 1)
                     _exit(1);
                 own.writeWhole(path, i % 2 == 0 ? two : one);
             }

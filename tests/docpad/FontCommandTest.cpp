@@ -38,8 +38,8 @@ class FontCommandTest : public ::testing::Test {
     test::MemorySettings medium;
     SettingsStore settings{medium};
     test::FakeEventLoop loop;
-    FontCommand command{"DocFont", FontCommand::Keeps::NameSizeAndColour, target, dialog, settings,
-                        loop};
+    FontCommand command{
+        keys::DocFont, FontCommand::Keeps::NameSizeAndColour, target, dialog, settings, loop};
 };
 
 TEST_F(FontCommandTest, AppliesAndSavesWhatIsChosen) {
@@ -74,7 +74,7 @@ TEST_F(FontCommandTest, AWholeSizeHasNoPoint) {
 }
 
 TEST_F(FontCommandTest, SavesNoColourWhereNoneIsKept) {
-    FontCommand planner("PlanFont", FontCommand::Keeps::NameAndSize, target, dialog, settings,
+    FontCommand planner(keys::PlanFont, FontCommand::Keeps::NameAndSize, target, dialog, settings,
                         loop);
     settings.Save("PlanFontC", "255");
     planner.change();

@@ -12,16 +12,16 @@ class DeskTest(unittest.TestCase):
         self.yellow = self.desk.book("DATAY.QEL")
         self.white = self.desk.book("DATAW.QEL")
 
-    def start(self, yellow=None, white=None):
+    def start(self, yellow=None, white=None, **environment):
         """Starts the program on books of these bytes; a book of None is missing."""
         for book, content in ((self.yellow, yellow), (self.white, white)):
             if content is not None:
                 book.write_bytes(content)
-        self.program = self.desk.start()
+        self.program = self.desk.start(**environment)
         return self.program
 
-    def start_in_phonebook(self, yellow=None, white=None):
-        self.start(yellow, white)
+    def start_in_phonebook(self, yellow=None, white=None, **environment):
+        self.start(yellow, white, **environment)
         self.program.show_pane("Phonebook")
         return self.program
 

@@ -87,9 +87,7 @@ class Walk:
         opened = wait_until(lambda: next((each for each in self.program.windows()
                                           if each != self.program.main
                                           and each.get_name().startswith(title)), None), title)
-        number = wait_until(lambda: xdo("search", "--all", "--onlyvisible", "--pid",
-                                        self.program.process.pid, "--name",
-                                        "^" + re.escape(opened.get_name())).split(), title)[-1]
+        number = self.program.window_ids(opened.get_name())[-1]
         self.look_at_frame(title, number)
         self.look_at_buttons(title, opened)
         name = opened.get_name()

@@ -53,6 +53,8 @@ class PrintTest(DeskTest):
             click(self.program.find(name=caption, within=dialog))
         click(self.program.find(name="Ok", role="push button", within=dialog))
         self.program.wait_closed("Printer Setup")
+        # The printer is looked up once more before it is the current one.
+        wait_until(lambda: not self.program.shows("Image8"), "the end of the choice")
 
     def save_as(self, path):
         self.program.dialog(PDF)

@@ -6,6 +6,7 @@ Needs a display with a window manager and a message bus: tools/with-display give
 import contextlib
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import tempfile
@@ -261,15 +262,19 @@ class Velmora:
 
     # Acting
 
-    def main_window_id(self):
-        """The main window's number on the display."""
+    def window_ids(self, title):
+        """The numbers on the display of the windows of this title, of which there is one at least."""
         def on_display():
             # A search that finds nothing fails.
             with contextlib.suppress(NotSeen):
                 return xdo("search", "--all", "--onlyvisible", "--pid", self.process.pid,
-                           "--name", f"^{self.main.get_name()}$").split()
+                           "--name", f"^{re.escape(title)}$").split()
             return None
-        return wait_until(on_display, "the main window on the display")[0]
+        return wait_until(on_display, f"the window {title!r} on the display")
+
+    def main_window_id(self):
+        """The main window's number on the display."""
+        return self.window_ids(self.main.get_name())[0]
 
     def activate(self):
         xdo("windowactivate", self.main_window_id())

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QPushButton>
+
 #include "core/forms/LeftColumn.h"
+#include "core/forms/PhonebookPage.h"
 #include "forms/CalendarFixture.h"
+#include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 
 namespace velmora {
@@ -22,6 +26,25 @@ TEST_F(CalendarPhonebookPaneTest, AnEmptyLetterIsNamedInTheList) {
     EXPECT_EQ(list.emptyText(), "No entries under #.");
     pane.showLetter(0);
     EXPECT_EQ(list.emptyText(), "No entries under A.");
+}
+
+TEST_F(CalendarPhonebookPaneTest, HangUpStandsInTheUpperRightCornerOfTheCard) {
+    PhonebookPage& page = calendar.phonebookPage();
+    const auto fromCorner = [&page] {
+        const QPushButton& hangUp = *page.hangUpButton();
+        const EntryCard& card = *page.card();
+        return hangUp.mapTo(&page, QPoint(hangUp.width(), 0)) -
+               card.mapTo(&page, QPoint(card.width(), 0));
+    };
+    calendar.raisePaneButton(Pane::Phonebook);
+    page.hangUpButton()->show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fromCorner(), QPoint(-14, 14));
+    for (const QSize size : {QSize(1400, 900), QSize(1024, 566)}) {
+        calendar.resize(size);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(fromCorner(), QPoint(-14, 14));
+    }
 }
 
 TEST_F(CalendarPhonebookPaneTest, ALineThatTheProgramSelectsShowsNoEntryByItself) {

@@ -17,6 +17,7 @@
 #include <set>
 
 #include "core/CommandTable.h"
+#include "core/forms/ClockLabel.h"
 #include "core/forms/CommandMenus.h"
 #include "core/forms/Desk.h"
 #include "core/forms/DocPadColumn.h"
@@ -68,7 +69,7 @@ TEST_F(CalendarTest, TheClockAndTheDialedNumberAreReadToAssistiveTools) {
         return QAccessible::queryAccessibleInterface(&test::named<QWidget>(calendar, name))
             ->text(QAccessible::Name);
     };
-    calendar.setClockText("10:42 AM");
+    calendar.clock().setClockText("10:42 AM");
     EXPECT_EQ(told("Label8"), "10:42 AM");
     EXPECT_EQ(told("Label16"), "No number");
     calendar.setLastNumber("555-0113");
@@ -126,14 +127,6 @@ TEST_F(CalendarTest, AMenuItemAndItsKeyReportTheSameCommand) {
     calendar.menus().item("savmnu")->trigger();
     QTest::mouseClick(calendar.mainKeys().button("Save"), Qt::LeftButton);
     EXPECT_EQ(chosen, (std::vector<std::string>{"savmnu", "savmnu"}));
-}
-
-TEST_F(CalendarTest, TheCommandAloneDecidesAboutTheTick) {
-    calendar.menus().item("twentyfourhr")->trigger();
-    EXPECT_FALSE(calendar.twentyFourHourTick());
-    calendar.setTwentyFourHourTick(true);
-    calendar.menus().item("twentyfourhr")->trigger();
-    EXPECT_TRUE(calendar.twentyFourHourTick());
 }
 
 TEST_F(CalendarTest, AFlipOfTheHiddenBoxIsHeardBeforeItReturns) {
@@ -259,40 +252,6 @@ TEST_F(CalendarTest, OnAScreenThatIsSmallerStillDocPadGivesWayAndTheRestScrolls)
     EXPECT_FALSE(desk().verticalScrollBar()->isVisible()) << "the day has";
 }
 
-TEST_F(CalendarTest, OpensInTheMiddleOfTheScreenInTheShapeItHad) {
-    calendar.hide();
-    calendar.setShape({1200, 700, false, 350});
-    calendar.showCentred(0);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
-    EXPECT_EQ(calendar.size(), QSize(1200, 700));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.docPad().width() == 350; }))
-        << calendar.docPad().width();
-    const QRect room = calendar.screen()->availableGeometry();
-    const QPoint off = calendar.frameGeometry().center() - room.center();
-    EXPECT_LE(std::abs(off.x()), 20);
-    EXPECT_LE(std::abs(off.y()), 20);
-    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, false, 350}));
-}
-
-TEST_F(CalendarTest, AShapeThatTheScreenHasNoRoomForIsMadeSmaller) {
-    calendar.hide();
-    calendar.setShape({9000, 9000, false, 9000});
-    calendar.showCentred(170);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
-    const QRect room = calendar.screen()->availableGeometry();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return room.contains(calendar.frameGeometry()); }));
-    EXPECT_LE(calendar.docPad().width(), 520);
-}
-
-TEST_F(CalendarTest, ComesBackMaximizedAndKnowsItsSizeBesideThat) {
-    calendar.hide();
-    calendar.setShape({1200, 700, true, 0});
-    calendar.showCentred(0);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return calendar.isMaximized(); }));
-    EXPECT_EQ(calendar.shape(), (WindowShape{1200, 700, true, 0}));
-}
-
 TEST_F(CalendarTest, EveryControlThatTakesTheFocusHasANameToBeSpoken) {
     for (const auto* widget : calendar.findChildren<QWidget*>()) {
         if (!(widget->focusPolicy() & Qt::TabFocus))
@@ -340,22 +299,6 @@ TEST_F(CalendarTest, TheTabKeyVisitsTheControlsInReadingOrder) {
         EXPECT_GT(at, last) << name.toStdString() << " in " << visited.join(" ").toStdString();
         last = at;
     }
-}
-
-TEST_F(CalendarTest, AFontIsAppliedPieceByPiece) {
-    calendar.setFont(FontTarget::DocPad, {.face = "Liberation Mono", .size = {}, .colour = 255});
-    EXPECT_EQ(calendar.text().font().families(), QStringList("Liberation Mono"));
-    EXPECT_EQ(calendar.text().ink(), QColor(255, 0, 0));
-    const double size = calendar.leftColumn().list()->font().pointSizeF();
-    calendar.setFont(FontTarget::EntryList, {.face = {}, .size = 12.0, .colour = 0x00FF00});
-    EXPECT_NE(size, 12.0);
-    EXPECT_EQ(calendar.leftColumn().list()->font().pointSizeF(), 12.0);
-    EXPECT_EQ(calendar.leftColumn().list()->palette().color(QPalette::Active, QPalette::Text),
-              QColor(0, 255, 0));
-    calendar.setFont(FontTarget::DayView, {.face = {}, .size = {}, .colour = 0xFF0000});
-    EXPECT_EQ(calendar.day().textColor(), QColor(0, 0, 255));
-    calendar.setFont(FontTarget::DocPad, {.face = {}, .size = 0.0, .colour = -1});
-    EXPECT_EQ(calendar.text().ink(), std::nullopt);
 }
 
 TEST_F(CalendarTest, TheIconThatCancelsAPrintJobIsThereOnlyWhileItCan) {

@@ -138,7 +138,9 @@ TEST_F(ContextMenusTest, ALineIsScheduledByTheNineCommandsOfTheSchedulingMenu) {
     QMenu* submenu = menu().actions().back()->menu();
     ASSERT_NE(submenu, nullptr);
     EXPECT_TRUE(submenu->isEnabled());
-    EXPECT_EQ(submenu->actions(), ways);
+    ASSERT_EQ(submenu->actions().size(), ways.size());
+    for (qsizetype i = 0; i < ways.size(); ++i)
+        EXPECT_EQ(submenu->actions()[i]->text(), ways[i]->text());
     pick("&Call", *submenu);
     EXPECT_EQ(ran, Texts{"Callmnu"});
 }

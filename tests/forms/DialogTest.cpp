@@ -14,6 +14,7 @@
 #include "forms/Widgets.h"
 #include "platform/controls/DialogBody.h"
 #include "platform/controls/DialogButton.h"
+#include "platform/qt/Theme.h"
 
 namespace velmora {
 namespace {
@@ -220,6 +221,15 @@ TEST(Dialog, TellsOfReplacedCharactersAndOfTheWishForHelp) {
     question.help->click();
     ASSERT_EQ(help.count(), 1);
     EXPECT_EQ(help.first().first().toString(), "Question");
+}
+
+TEST(DialogButtonTest, APrimaryButtonLooksSoAlsoWhenItHasBeenMeasuredBefore) {
+    QWidget window;
+    auto* button = makeDialogButton("search", "", &window);
+    button->resize(button->sizeHint());
+    makePrimary(*button);
+    const QColor ground = button->grab().toImage().pixelColor(button->rect().center());
+    EXPECT_EQ(ground, Theme::of(window).accentfill);
 }
 
 }  // namespace

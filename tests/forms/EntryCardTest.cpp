@@ -163,5 +163,21 @@ TEST(CardLayout, WrapsBetweenPartsAndOnlyLongPartsWithin) {
     EXPECT_GT(layout.layOut(100), one + 3 * layout.lineHeight());
 }
 
+TEST(EntryCard, ATextGivenOutOfSightIsLaidOutWhenTheCardIsShown) {
+    std::string text;
+    for (int i = 0; i < 100; ++i)
+        text += "line\r\n";
+    EntryCard card(CodePage::western());
+    card.resize(300, 200);
+    card.setText(text);
+    const auto* bar = card.findChild<QScrollBar*>();
+    card.show();
+    EXPECT_TRUE(bar->isVisible());
+    card.hide();
+    card.setText("short");
+    card.show();
+    EXPECT_FALSE(bar->isVisible());
+}
+
 }  // namespace
 }  // namespace velmora

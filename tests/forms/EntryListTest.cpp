@@ -4,6 +4,7 @@
 
 #include <QContextMenuEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <memory>
@@ -295,6 +296,31 @@ TEST_F(EntryListTest, ALineThatIsCutShortTellsItsWholeInAToolTip) {
     const QString shown = test::toolTipAt(*list.viewport(), middleOf(1));
     EXPECT_TRUE(shown.contains(QString::fromStdString(longName)));
     EXPECT_EQ(QString(), test::toolTipAt(*list.viewport(), middleOf(0)));
+}
+
+TEST_F(EntryListTest, NothingIsLeftOfTheRingAroundTheListWhenALineIsChosen) {
+    const auto isPainted = [this] {
+        return QTest::qWaitFor(
+            [this] {
+                return list.screen()->grabWindow(list.winId()).toImage() == list.grab().toImage();
+            },
+            2000);
+    };
+    show();
+    for (const bool byMouse : {true, false}) {
+        list.clearLines();
+        list.clearFocus();
+        list.setFocus(Qt::TabFocusReason);
+        list.setLines({"Adams, Al", "Doe, Jane"});
+        ASSERT_FALSE(list.currentIndex().isValid());
+        EXPECT_TRUE(isPainted());
+        if (byMouse)
+            clickRow(1);
+        else
+            QTest::keyClick(&list, Qt::Key_Down);
+        ASSERT_TRUE(list.hasSelection());
+        EXPECT_TRUE(isPainted()) << byMouse;
+    }
 }
 
 TEST_F(EntryListTest, DrawsStrongLinesSemiboldAndOthersAsBefore) {

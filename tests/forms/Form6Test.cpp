@@ -8,7 +8,9 @@
 #include <memory>
 
 #include "forms/Widgets.h"
+#include "platform/qt/Theme.h"
 #include "reports/ReportFixture.h"
+#include "reports/forms/ChoiceTile.h"
 
 namespace velmora {
 namespace {
@@ -153,6 +155,17 @@ TEST_F(Form6Test, TellsWhereThePagesWillGo) {
     EXPECT_EQ(where.text(), "The print system does not answer.");
     form.reject();
     EXPECT_FALSE(targets.answer);
+}
+
+TEST(ChoiceTileTest, WhatIsNotChosenIsNoDarkDiscOnATileThatIsLightInTheDark) {
+    for (const ChoiceTile::Look look :
+         {ChoiceTile::Look::YellowPages, ChoiceTile::Look::WhitePages}) {
+        ChoiceTile tile("Option", QStringLiteral("Pages"), look, nullptr);
+        tile.setPalette(Theme::dark().toPalette());
+        tile.resize(200, 40);
+        const QColor middle = tile.grab().toImage().pixelColor(20, 20);
+        EXPECT_EQ(middle, Theme::light().surface);
+    }
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ class Form8Test : public testing::Test {
     FakeClock clock;
     LocaleFormats formats;
     int rings = 0;
-    EventsForToday events{settings, clock, formats, [this] { ++rings; }};
+    Reminders events{settings, clock, formats, [this] { ++rings; }};
     QWidget window;
     std::optional<Form8> form;
 };

@@ -29,6 +29,7 @@ TEST_F(Form9Test, ExplainsWhatASignatureIs) {
                              "other marks."));
     EXPECT_EQ(button("Command1").text(), QStringLiteral("&Ok"));
     EXPECT_EQ(button("Command2").text(), QStringLiteral("&Cancel"));
+    test::showActive(form);
     EXPECT_EQ(form.size(), QSize(480, 340));
     EXPECT_EQ(form.minimumSize(), QSize(400, 260));
 }

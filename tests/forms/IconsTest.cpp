@@ -75,7 +75,20 @@ TEST(Icons, RendersAtThePixelsOfTheScreen) {
 TEST(Icons, IsNullForAnUnknownSymbol) {
     EXPECT_TRUE(symbolIcon(QStringLiteral("Nothing"), Theme::light()).isNull());
     EXPECT_TRUE(symbolPixmap(QStringLiteral("Nothing"), {24, 24}, 1, Qt::black).isNull());
-    EXPECT_FALSE(applicationIcon().isNull());
+}
+
+TEST(Icons, DrawsTheApplicationIconInAnySizeWithoutTheToolkitsReaders) {
+    const QIcon icon = applicationIcon();
+    ASSERT_FALSE(icon.isNull());
+    EXPECT_EQ(QList<QSize>{QSize(48, 48)}, icon.availableSizes()) << "what the window tells";
+    for (const qreal ratio : {1.0, 2.0}) {
+        const QPixmap picture = icon.pixmap(QSize(64, 64), ratio);
+        EXPECT_EQ(QSize(qRound(64 * ratio), qRound(64 * ratio)), picture.size());
+        EXPECT_EQ(ratio, picture.devicePixelRatio());
+        const QImage image = picture.toImage();
+        EXPECT_EQ(QColor(0x2B5BB8), image.pixelColor(image.width() / 4, image.height() / 8));
+        EXPECT_EQ(0, image.pixelColor(0, 0).alpha());
+    }
 }
 
 }  // namespace

@@ -336,6 +336,23 @@ TEST_F(PadEditTest, LinesAreWrappedAndNeverScrolledSideways) {
     }
 }
 
+TEST_F(PadEditTest, WhatIsTypedIsWrappedAsWhatIsLoaded) {
+    const std::string text = "Wwwww mmmm iiii-lll JJ (555) 0199, ttt ";
+    PadEdit loaded(CodePage::western());
+    loaded.resize(pad.size());
+    loaded.show();
+    loaded.setBytes(text + text + text + text);
+    for (int i = 0; i < 4; ++i)
+        type(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    loaded.verticalScrollBar()->setValue(0);
+    pad.verticalScrollBar()->setValue(0);
+    ASSERT_EQ(pad.bytes(), loaded.bytes());
+    for (int y = 5; y < pad.height(); y += 10)
+        for (int x = 20; x < pad.width(); x += 20)
+            EXPECT_EQ(pad.placeAt({x, y}).position, loaded.placeAt({x, y}).position)
+                << x << ' ' << y;
+}
+
 TEST_F(PadEditTest, ATextThatIsHigherThanItsRoomScrollsToTheCaret) {
     std::string lines;
     for (int i = 0; i < 100; ++i)

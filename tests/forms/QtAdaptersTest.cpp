@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QDialog>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
@@ -12,6 +14,7 @@
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtLocaleFormats.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/QtUserInput.h"
 #include "platform/qt/TestIds.h"
 
 namespace velmora {
@@ -41,6 +44,21 @@ TEST(QtEventLoop, PostedWorkRunsOnceAfterThePresentEvent) {
     loop.yield();
     loop.yield();
     EXPECT_EQ(runs, 1);
+}
+
+TEST(QtEventLoop, YieldsOnEachOthersHeelsAreOneTurnAndEventsRunAllTheSame) {
+    QtEventLoop loop;
+    int turns = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++turns; });
+    timer.start(0);
+    constexpr int kYields = 10'000;
+    for (int i = 0; i < kYields; ++i)
+        loop.yield();
+    EXPECT_LT(turns, kYields / 2);
+    const int before = turns;
+    while (turns == before)
+        loop.yield();
 }
 
 TEST(QtEventLoop, EventsRunWhileItWaits) {
@@ -191,6 +209,30 @@ TEST(TestIds, AWidgetTellsItsNameOnceItIsPolished) {
     widget.installEventFilter(&ids);
     widget.ensurePolished();
     EXPECT_EQ(widget.accessibleDescription(), "List1");
+}
+
+TEST(QtUserInput, ShutsOutTheWindowsThatAreOpenAndLetsThemInAgain) {
+    QMainWindow window;
+    auto* box = new QLineEdit(&window);
+    window.setCentralWidget(box);
+    QWidget disabled;
+    disabled.setEnabled(false);
+    for (QWidget* each : {static_cast<QWidget*>(&window), &disabled})
+        each->show();
+    box->setFocus();
+    QtUserInput input;
+    {
+        const UserInput::ShutOut out(input);
+        QTest::keyClicks(box, QStringLiteral("lost"));
+        EXPECT_FALSE(window.isEnabled());
+        QDialog question(&window);
+        question.show();
+        EXPECT_TRUE(question.isEnabled()) << "what is asked meanwhile can be answered";
+    }
+    QTest::keyClicks(box, QStringLiteral("kept"));
+    EXPECT_EQ(box->text(), QStringLiteral("kept"));
+    EXPECT_TRUE(window.isEnabled());
+    EXPECT_FALSE(disabled.isEnabled());
 }
 
 }  // namespace

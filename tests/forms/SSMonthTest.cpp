@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 #include <vector>
 
+#include "forms/Widgets.h"
 #include "platform/Failure.h"
 #include "platform/controls/CalendarAccessibility.h"
 #include "platform/controls/DragFormats.h"
@@ -253,6 +254,26 @@ TEST_F(SSMonthTest, KeepsAPlaceForAButtonInItsCaption) {
     EXPECT_EQ(arrow(1), without - QPoint(60, 0));
     QTest::mouseClick(&month, Qt::LeftButton, {}, without);
     EXPECT_EQ(month.monthOnShow(), year(2026) / 3);
+}
+
+// In the left column of a small window, beside the button there.
+TEST_F(SSMonthTest, AMonthWhoseNameHasNoRoomIsCalledByItsShortOneWithItsYear) {
+    LocaleFormats brief;
+    brief.months = brief.shortMonths;
+    SSMonth other(brief, CodePage::western(), year(2026) / 3 / 12);
+    const auto captionOf = [](SSMonth& shown, year_month_day date, int width) {
+        shown.setCaptionReserve(60);
+        shown.resize(width, shown.sizeHint().height());
+        shown.setDate(date);
+        return shown.grab(QRect(0, 0, width - 60, shown.captionHeight())).toImage();
+    };
+    for (const int number : {9, 11, 12}) {
+        const year_month_day date = year(2026) / number / 12;
+        EXPECT_EQ(captionOf(month, date, 212), captionOf(other, date, 212)) << number;
+        EXPECT_TRUE(test::toolTipAt(month, {10, 10}).contains(QStringLiteral("ember 2026")));
+        EXPECT_NE(captionOf(month, date, 300), captionOf(other, date, 300)) << number;
+        EXPECT_EQ(test::toolTipAt(month, {10, 10}), QString());
+    }
 }
 
 TEST_F(SSMonthTest, ShowsItsDaysToAssistiveToolsByDate) {

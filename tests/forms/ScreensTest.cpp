@@ -27,7 +27,7 @@ class ScreensTest : public testing::TestWithParam<const char*> {
         if (!screen_)
             GTEST_SKIP() << "the screen of a real display has the size that it has";
         calendar_.setScreen(screen_);
-        calendar_.showCentred(170);
+        calendar_.place().showCentred(170);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&calendar_));
         ASSERT_EQ(calendar_.screen(), screen_);
         ASSERT_TRUE(QTest::qWaitFor([this] { return room().contains(calendar_.frameGeometry()); }));

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "phonebook/Buckets.h"
-#include "phonebook/EntryCard.h"
+#include "phonebook/CardText.h"
 #include "phonebook/ListLine.h"
 #include "phonebook/PhonebookStore.h"
 #include "phonebook/RecordState.h"
@@ -162,7 +162,7 @@ void checkRecord(const PlainRecord& plain) {
     }
     const int bucket = bucketOf(view, page());
     require(bucket == kSymbolBucket || plain.isIn(bucketAt(bucket).name[0]), "bucket");
-    const std::string card = entryCard(view);
+    const std::string card = cardText(view);
     require(
         card.find(plain.text(Field::Last).empty() ? "\r\n" : "    Spouse: ") != std::string::npos,
         "card");

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "phonebook/EntryCard.h"
+#include "phonebook/CardText.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
 #include "support/PhonebookFixture.h"

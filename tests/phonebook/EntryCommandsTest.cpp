@@ -62,10 +62,85 @@ class EntryCommandsTest : public testing::Test, protected test::PhonebookFixture
     EntryCommands commands{parts, pane, statusLine, form};
 };
 
+// Tries again as long as the book is in use.
+class PatientEntryCommandsTest : public EntryCommandsTest {
+  protected:
+    PatientEntryCommandsTest() {
+        parts.patiently = [this](const std::function<void()>& work) {
+            for (;; ++waits)
+                try {
+                    return work();
+                } catch (const StorageFailure&) {
+                }
+        };
+        files.locksInUse = 2;
+    }
+
+    int waits = 0;
+};
+
+TEST_F(PatientEntryCommandsTest, DeleteWaitsForABookThatIsInUse) {
+    pane.selected = "Baker, Bob";
+    messages.willAnswer(true);
+    EntryCommands(parts, pane, statusLine, form).deleteEntry();
+    EXPECT_EQ(waits, 2);
+    EXPECT_EQ(yellow(), kAdams + tombstoneBytes());
+    EXPECT_EQ(messages.takeShown(), Texts{kDelete});
+}
+
+TEST_F(PatientEntryCommandsTest, MoveWaitsForABookThatIsInUse) {
+    pane.selected = "Baker, Bob";
+    messages.willAnswer(true);
+    EntryCommands(parts, pane, statusLine, form).moveEntry();
+    EXPECT_EQ(waits, 2);
+    EXPECT_EQ(yellow(), kAdams + tombstoneBytes());
+    EXPECT_EQ(white(), kBaker);
+}
+
+TEST_F(PatientEntryCommandsTest, AFormThatIsKeptWaitsForABookThatIsInUse) {
+    ChangeEntryEditor editor(parts, "Baker, Bob");
+    Entry entry = editor.load();
+    entry[Field::Memo] = "changed";
+    EXPECT_EQ(editor.apply(entry), EntryEditor::Outcome::Written);
+    EXPECT_EQ(waits, 2);
+    files.locksInUse = 1;
+    entry[Field::First] = "Bill";
+    EXPECT_EQ(NewEntryEditor(parts).apply(entry), EntryEditor::Outcome::Written);
+    EXPECT_EQ(waits, 3);
+    EXPECT_EQ(yellow().size(), 3 * kRecordSize);
+}
+
+TEST_F(EntryCommandsTest, ABookThatStaysInUseIsToldAndNothingIsWritten) {
+    pane.selected = "Baker, Bob";
+    files.locksInUse = 1;
+    messages.willAnswer(true);
+    commands.deleteEntry();
+    EXPECT_EQ(messages.takeShown(),
+              (Texts{kDelete, "error|Velmora|The file is in use by another copy of the program."}));
+    EXPECT_EQ(yellow(), kAdams + kBaker);
+}
+
 TEST_F(EntryCommandsTest, NewOpensTheFormInModeZero) {
     form.whileOpen = [&](EntryEditor&) { EXPECT_EQ(state.EntryChangeMode, 0); };
     commands.newEntry();
     EXPECT_EQ(form.captions, Texts{"Add Entry"});
+}
+
+TEST_F(EntryCommandsTest, NewMayBeginWithWhatIsKnown) {
+    Entry known;
+    known[Field::Phone] = "5165551212";
+    form.whileOpen = [&](EntryEditor& editor) {
+        EXPECT_EQ(state.EntryChangeMode, 0);
+        EXPECT_EQ(editor.load(), known);
+        Entry values = known;
+        values[Field::First] = "Cy";
+        values[Field::Last] = "Cole";
+        EXPECT_EQ(editor.apply(values), EntryEditor::Outcome::Written);
+    };
+    commands.newEntryWith(known);
+    EXPECT_EQ(form.captions, Texts{"Add Entry"});
+    EXPECT_EQ(yellow().size(), 3 * kRecordSize);
+    EXPECT_NE(yellow().find("5165551212"), std::string::npos);
 }
 
 TEST_F(EntryCommandsTest, ChangeOpensTheFormInModeOneWithTheSelectedEntry) {

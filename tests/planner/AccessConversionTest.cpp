@@ -1,4 +1,4 @@
-#include "planner/AccessConversion.h"
+#include "planner/sqlite/AccessConversion.h"
 
 #include <gmock/gmock.h>
 
@@ -7,13 +7,14 @@
 #include <set>
 #include <thread>
 
-#include "planner/PlannerOpener.h"
+#include "planner/sqlite/PlannerFiles.h"
 #include "platform/Failure.h"
 #include "support/ChildOfTest.h"
 #include "support/FakeAccessReader.h"
 #include "support/FakeMessages.h"
 #include "support/PlannerFixture.h"
 #include "support/SamePaths.h"
+#include "support/Soak.h"
 
 namespace velmora {
 namespace {
@@ -154,8 +155,9 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBetweenRows) {
 }
 
 TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBehindTheRows) {
+    const int rounds = test::soaked(30);
     int converted = 0;
-    for (int round = 0; round < 30; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         test::ChildOfTest child([&](const auto& report) {
             reader.atEnd = [&] { report('e'); };
             (void)conversion.convert(NativePath(path));
@@ -163,11 +165,13 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBehindTheRows) {
         });
         ASSERT_EQ(child.nextReport(), 'e');
         // Each round leaves the child a little more of its way; the last one all of it.
-        if (round == 29) {
+        if (round == rounds - 1) {
             EXPECT_EQ(child.nextReport(), 'd');
         }
-        for (int i = 0; i < round * 100; ++i)
-            std::this_thread::yield();
+        const auto until =
+            std::chrono::steady_clock::now() + std::chrono::microseconds(round % 100 * 100);
+        while (std::chrono::steady_clock::now() < until) {
+        }
         child.kill();
         if (kindOfDatabase(NativePath(path)) == DatabaseKind::Planner) {
             ++converted;
@@ -187,16 +191,21 @@ TEST_F(AccessConversionTest, IsAllOrNothingWhenKilledBehindTheRows) {
     EXPECT_GE(converted, 1);
 }
 
-class PlannerOpenerTest : public AccessConversionTest {
+class PlannerFilesTest : public AccessConversionTest {
   protected:
     test::FakeClock clock;
     test::FakeMessages messages;
-    PlannerOpener opener{reader, messages, CodePage::western(), test::samePaths()};
+    void open(const std::string& at) {
+        places.prepare(at);
+        store.OpenDatabase(at);
+    }
+
+    PlannerFiles places{reader, messages, CodePage::western(), test::samePaths()};
     AppointmentStore store{CodePage::western(), clock, test::appointmentSource()};
 };
 
-TEST_F(PlannerOpenerTest, ConvertsAndTellsTheUserOnce) {
-    opener.Open(store, path);
+TEST_F(PlannerFilesTest, ConvertsAndTellsTheUserOnce) {
+    open(path);
     EXPECT_THAT(messages.takeShown(),
                 ElementsAre("tell|Velmora|The planner database \"" + path +
                             "\" was an Access database. Its appointments have been converted; the "
@@ -206,13 +215,13 @@ TEST_F(PlannerOpenerTest, ConvertsAndTellsTheUserOnce) {
     EXPECT_EQ(store.Get(Column::Desc),
               "Gr\xFC\xDF"
               "e\r\n");
-    opener.Open(store, path);
+    open(path);
     EXPECT_THAT(messages.takeShown(), IsEmpty());
 }
 
-TEST_F(PlannerOpenerTest, TellsWhyAFileCanNotBeConverted) {
+TEST_F(PlannerFilesTest, TellsWhyAFileCanNotBeConverted) {
     reader.damaged = true;
-    opener.Open(store, path);
+    open(path);
     EXPECT_THAT(messages.takeShown(),
                 ElementsAre(HasSubstr("warn|Velmora|The planner database \"" + path +
                                       "\" is an Access database that can not be converted.")));
@@ -222,10 +231,10 @@ TEST_F(PlannerOpenerTest, TellsWhyAFileCanNotBeConverted) {
     EXPECT_EQ(folder.read("qel.mdb"), kAccessFile);
 }
 
-TEST_F(PlannerOpenerTest, SaysNothingAboutOtherFiles) {
+TEST_F(PlannerFilesTest, SaysNothingAboutOtherFiles) {
     folder.write("qel.mdb", "noise");
-    opener.Open(store, path);
-    opener.Open(store, folder.file("none.mdb"));
+    open(path);
+    open(folder.file("none.mdb"));
     EXPECT_THAT(messages.takeShown(), IsEmpty());
     EXPECT_EQ(store.path(), folder.file("none.mdb"));
 }

@@ -6,6 +6,7 @@
 #include "support/ChildOfTest.h"
 #include "support/PlannerFixture.h"
 #include "support/SamePaths.h"
+#include "support/Soak.h"
 
 namespace velmora {
 namespace {
@@ -38,10 +39,10 @@ TEST(AppointmentCrash, LeavesEveryRowThatWasStored) {
     const std::string path = folder.file("qel.mdb");
     layDownDatabase(NativePath(path));
     std::size_t stored = 0;
-    for (int round = 0; round < 8; ++round) {
+    for (int round = 0; round < test::soaked(8); ++round) {
         test::ChildOfTest child(
             [&](const auto& report) { addRows(path, std::to_string(round) + ".", 1000, report); });
-        for (int i = 0; i <= round * 3; ++i, ++stored)
+        for (int i = 0; i <= round % 8 * 3; ++i, ++stored)
             ASSERT_EQ(child.nextReport(), '+');
         child.kill();
         while (child.nextReport())
@@ -58,10 +59,11 @@ TEST(AppointmentCrash, LeavesEveryRowThatWasStored) {
 TEST(AppointmentCrash, LosesNoRowOfTwoWriters) {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("qel.mdb");
+    const int count = test::soaked(100);
     layDownDatabase(NativePath(path));
     {
-        test::ChildOfTest first([&](const auto&) { addRows(path, "a", 100, [](char) {}); });
-        test::ChildOfTest second([&](const auto&) { addRows(path, "b", 100, [](char) {}); });
+        test::ChildOfTest first([&](const auto&) { addRows(path, "a", count, [](char) {}); });
+        test::ChildOfTest second([&](const auto&) { addRows(path, "b", count, [](char) {}); });
         EXPECT_TRUE(first.wait());
         EXPECT_TRUE(second.wait());
     }
@@ -71,8 +73,8 @@ TEST(AppointmentCrash, LosesNoRowOfTwoWriters) {
         EXPECT_EQ(row[4].substr(1, row[4].find('x') - 1), std::to_string(expected));
         ++expected;
     }
-    EXPECT_EQ(next[0], 100);
-    EXPECT_EQ(next[1], 100);
+    EXPECT_EQ(next[0], count);
+    EXPECT_EQ(next[1], count);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <set>
 
 #include "planner/AppointmentStore.h"
 #include "platform/Failure.h"
@@ -152,6 +153,22 @@ TEST_F(HostileDatabase, AnOrdinaryOneIsReadAndWritten) {
     alter("CREATE VIEW other AS SELECT 1; CREATE TABLE notes (i)");
     addOne();
     EXPECT_THAT(textsOfTheDay(), ElementsAre("kept", "new"));
+}
+
+// An index as a disk that fails may leave it: its entries lie in another order.
+TEST_F(HostileDatabase, ColoursDaysAndRefusesRowsThoughAnIndexIsOutOfOrder) {
+    for (int second = 1; second < 40; ++second)
+        add(rowOn("2026-03-" + std::to_string(10 + second % 5), second, "text",
+                  second % 2 == 0 ? "Event" : "Holiday"));
+    alter(R"(CREATE INDEX astray ON appoint ("Desc", "StyleSet" DESC, "Date" DESC);
+             PRAGMA writable_schema = ON;
+             UPDATE sqlite_master SET rootpage =
+                 (SELECT rootpage FROM sqlite_master WHERE name = 'astray')
+             WHERE name IN ('appoint_day', 'appoint_date');)");
+    std::set<std::chrono::year_month_day> days;
+    for (const DayStyle& style : store.DayStyles())
+        days.insert(style.day);
+    EXPECT_THAT(textsOfTheDay(), testing::Each("text"));
 }
 
 }  // namespace

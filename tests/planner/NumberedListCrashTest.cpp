@@ -6,6 +6,7 @@
 #include "planner/NumberedList.h"
 #include "platform/sqlite/SqliteSettings.h"
 #include "support/ChildOfTest.h"
+#include "support/Soak.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora {
@@ -87,7 +88,8 @@ void removeAll(const std::string& path, const test::ChildOfTest::Report& report)
         report('+');
 }
 
-TEST(NumberedListCrash, LeavesTheListOfBeforeOrAfterARewriteThatIsKilled) {
+// Kills at fifteen points of a rewrite.
+void killRewrites() {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("settings.db");
     makeAlarms(path);
@@ -107,6 +109,11 @@ TEST(NumberedListCrash, LeavesTheListOfBeforeOrAfterARewriteThatIsKilled) {
             ++removed;
         ASSERT_EQ(found, withoutTheFirst(removed));
     }
+}
+
+TEST(NumberedListCrash, LeavesTheListOfBeforeOrAfterARewriteThatIsKilled) {
+    for (int run = 0; run < test::soaked(1) && !testing::Test::HasFailure(); ++run)
+        killRewrites();
 }
 
 TEST(NumberedListCrash, TwoProgramsLoseNoAlarmOfEachOther) {

@@ -1,4 +1,4 @@
-#include "planner/PlannerDatabase.h"
+#include "planner/sqlite/PlannerDatabase.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,8 @@
 
 #include <filesystem>
 
-#include "planner/PlannerDatabaseMove.h"
+#include "planner/sqlite/PlannerDatabaseMove.h"
+#include "planner/sqlite/PlannerFiles.h"
 #include "platform/Failure.h"
 #include "platform/files/PosixFiles.h"
 #include "support/FakeAccessReader.h"
@@ -139,8 +140,8 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     AppointmentStore store{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    PlannerOpener opener{reader, messages, CodePage::western(), files};
-    PlannerFolder plannerFolder{locations, opener, store, planner, desk, messages};
+    PlannerFiles places{reader, messages, CodePage::western(), files};
+    PlannerFolder plannerFolder{locations, places, store, planner, desk, messages};
 
     void SetUp() override {
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
@@ -156,7 +157,7 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
 
 TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
     AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
-    PlannerFolder unknown{locations, opener, other, planner, desk, messages};
+    PlannerFolder unknown{locations, places, other, planner, desk, messages};
     medium.unreadable = true;
     unknown.OpenAtStart();
     EXPECT_EQ(other.path(), "");

@@ -56,6 +56,20 @@ TEST(PadRows, AHyphenEndsARowButNotThatOfANumber) {
     EXPECT_THAT(wrapped("at 555-0199", 8), ElementsAre("at ", "555-0199"));
 }
 
+TEST(PadRows, AWidthThatIsLearnedLaterHoldsForWhatIsTypedFromThenOn) {
+    PadWidths widths = plainWidths();
+    widths.of['W'] = 0;
+    PadRows rows;
+    rows.wrap("abcdef gh", widths, 8 * 10 * 64);
+    widths.of['W'] = 60 * 64;
+    rows.learn(widths);
+    EXPECT_THAT(rowsOf(rows, "abcdef gh"), ElementsAre("abcdef ", "gh"));
+    rows.change("abcdef ghW", 9, 0, 1);
+    EXPECT_THAT(rowsOf(rows, "abcdef ghW"), ElementsAre("abcdef ", "ghW"));
+    rows.change("abcdef ghiW", 9, 0, 1);
+    EXPECT_THAT(rowsOf(rows, "abcdef ghiW"), ElementsAre("abcdef ", "ghi", "W"));
+}
+
 TEST(PadRows, TabsReachToTheNextStop) {
     EXPECT_THAT(wrapped("a\tbcde", 8), ElementsAre("a\tbcde"));
     EXPECT_THAT(wrapped("a\tbcdef", 8), ElementsAre("a\t", "bcdef"));

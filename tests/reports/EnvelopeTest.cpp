@@ -67,8 +67,7 @@ class EnvelopeTest : public testing::Test, protected test::PhonebookFixture {
     }
 
     [[nodiscard]] EnvelopeSketch sketch(const EnvelopeSheetSize& sheet = {}) const {
-        return sketchEnvelope(editor.content(), readEnvelopeFeed(settings, codePage), metrics,
-                              sheet);
+        return sketchEnvelope(editor.content(), readEnvelopeFeed(settings), metrics, sheet);
     }
 
     test::PrintDesk desk;

@@ -4,13 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "core/ClockFace.h"
 #include "core/MainForm.h"
 
 namespace velmora::test {
 
 // Keeps what it is told, and the order of what happened in `log`.
-class FakeMainForm final : public MainForm {
+class FakeMainForm final : public MainForm,
+                           public TextFonts,
+                           public MainFormPlace,
+                           public ClockFace {
   public:
+    [[nodiscard]] TextFonts& textFonts() override { return *this; }
+    [[nodiscard]] MainFormPlace& place() override { return *this; }
     void setControlState(PaneControl control, ControlState state) override {
         states[control] = state;
         log.emplace_back("state");

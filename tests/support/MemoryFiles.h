@@ -15,6 +15,7 @@
 #include "platform/Failure.h"
 #include "platform/FileStamp.h"
 #include "platform/Files.h"
+#include "platform/StorageFailure.h"
 
 namespace velmora::test {
 
@@ -52,6 +53,9 @@ class MemoryFiles final : public Files {
     // The one file that can not be written whole, as in a folder that may only be read.
     std::string unwritable;
 
+    // So many locks are held by another program when they are asked for.
+    int locksInUse = 0;
+
     // Runs in the middle of each write to an open file.
     std::function<void()> whileWriting;
 
@@ -88,6 +92,10 @@ class MemoryFiles final : public Files {
             throw Failure("The file " + path + " can not be written: Permission denied.");
         failIfFull();
         *content(path) = bytes;
+    }
+
+    void writePrivately(const std::string& path, std::string_view bytes) override {
+        writeWhole(path, bytes);
     }
 
     void append(const std::string& path, std::string_view bytes) override {
@@ -135,10 +143,9 @@ class MemoryFiles final : public Files {
                       content_->begin() + static_cast<std::ptrdiff_t>(offset));
         }
 
-        void shorten(std::uint64_t size) override { content_->resize(size); }
-
-        [[nodiscard]] bool lock() override {
+        [[nodiscard]] bool lock(std::chrono::milliseconds) override {
             EXPECT_FALSE(locked_);
+            files_.refuseLock();
             log_->push_back("lock");
             return locked_ = true;
         }
@@ -176,6 +183,13 @@ class MemoryFiles final : public Files {
             return;
         failsOnceAt.reset();
         throw Failure("The file can not be written: Input/output error.");
+    }
+
+    void refuseLock() {
+        if (locksInUse == 0)
+            return;
+        --locksInUse;
+        throw StorageFailure("The file is in use by another copy of the program.", Obstacle::InUse);
     }
 
     void failIfFull() {

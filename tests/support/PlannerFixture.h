@@ -8,7 +8,7 @@
 #include "core/SettingsStore.h"
 #include "planner/AppointmentStore.h"
 #include "planner/Planner.h"
-#include "planner/PlannerDatabase.h"
+#include "planner/sqlite/PlannerDatabase.h"
 #include "planner/sqlite/SqliteAppointments.h"
 #include "platform/sqlite/Database.h"
 #include "support/FakeClock.h"

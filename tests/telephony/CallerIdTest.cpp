@@ -203,6 +203,13 @@ TEST_F(CallerIdTest, AProgramThatClosesSearchesNoFurther) {
     EXPECT_EQ(status.text, "Incoming Phone Call from: 5165551212.");
 }
 
+TEST_F(CallerIdTest, ACallThatComesWhileTheProgramClosesIsNoLongerTold) {
+    loop.isClosing = true;
+    callersOf("5165551212");
+    EXPECT_FALSE(report.open);
+    EXPECT_EQ(status.text, "");
+}
+
 TEST_F(CallerIdTest, ABookThatCanNotBeReadYieldsNothingAndTheOtherIsSearched) {
     settings.Save("Yellow", "/gone");
     files.unreachableFolder = "/gone";

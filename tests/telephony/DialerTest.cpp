@@ -239,7 +239,7 @@ TEST_F(DialerTest, SendKeepsTheDisplayAndRemembersItUnstripped) {
     EXPECT_TRUE(pane.hangUpEnabled);
     EXPECT_EQ(pane.display, "2125551212");
     EXPECT_EQ(port.calls.back(), "ATDT5551212\r\n");
-    EXPECT_EQ(dialer.lastNumber(), "2125551212");
+    EXPECT_EQ(settings.Read("LastNumber"), "2125551212");
 }
 
 TEST_F(DialerTest, SendEnablesHangUpEvenWhenTheNumberIsEmpty) {

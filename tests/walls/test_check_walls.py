@@ -100,6 +100,14 @@ class Words(TreeTest):
             ("src/app/A.cpp", "#  include <fcntl.h>"),
             ("src/core/A.cpp", "c = std::toupper(c);"),
             ("src/core/A.cpp", "strcasecmp(a, b);"),
+            ("src/docpad/A.cpp", 'parts_.settings.Read(kKey);'),
+            ("src/docpad/A.cpp", 'parts_.settings.read("Doc");'),
+            ("src/planner/A.cpp", 'settings_.save({"Doc"}, name);'),
+            ("src/planner/A.cpp", 'settings_.remove(name);'),
+            ("src/app/A.cpp", 'world.settings.readAll(prefix);'),
+            ("src/reports/A.cpp", 'constexpr TextKey kKey{"Doc"};'),
+            ("src/reports/A.cpp", 'read(SwitchKey {.name = "EnvTop"});'),
+            ("src/planner/A.cpp", 'constexpr KeyFamily Alarms{"Alarms"};'),
             ("tests/core/ATest.cpp", "std::this_thread::sleep_for(1s);"),
             ("tests/forms/ATest.cpp", "QTest::qWait(100);"),
             ("tests/core/ATest.cpp", "TEST(A, DISABLED_Works) {}"),
@@ -120,6 +128,9 @@ class Words(TreeTest):
     def test_innocent_words_are_not_found(self):
         self.write("src/core/A.cpp", "// Party 2.1, a special case: the scheduling of /dev/work\n")
         self.write("src/platform/qt/QtMessages.cpp", "QMessageBox box;\n")
+        self.write("src/docpad/A.cpp", 'settings.save(keys::Doc, "a");\nconst FontKey& key;\n')
+        self.write("src/core/SettingKeys.h", 'inline constexpr TextKey Doc{.name = "Doc"};\n')
+        self.write("src/planner/NumberedList.cpp", "settings_.Read(shape_.countKey);\n")
         self.write("src/platform/files/A.cpp", "#include <sys/stat.h>\n#include <filesystem>\n")
         self.write("tests/e2e/driver.py", "time.sleep(0.05)\n")
         self.assertEqual([], violations(self.root))

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "accessories/CalculatorKeys.h"
-#include "accessories/forms/NumberDisplay.h"
+#include "accessories/forms/CalculatorReadout.h"
 #include "platform/Failure.h"
 #include "platform/controls/DialogButton.h"
 
@@ -26,7 +26,7 @@ Calculator::Calculator(Messages& messages, std::function<void(const std::string&
     : Dialog("Calculator", QString::fromLatin1(kCalculatorTitle), parent),
       machine_(messages),
       endProgram_(std::move(endProgram)),
-      Readout(new NumberDisplay(this)),
+      Readout(new CalculatorReadout(this)),
       Command1(makeDialogButton("Command1", "Close", this)) {
     setWindowFlag(Qt::WindowMinimizeButtonHint);
     Readout->setObjectName(QStringLiteral("Readout"));

@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace velmora {
 
-class NumberDisplay;
+class CalculatorReadout;
 
 // "VLMCalc": the pocket calculator. It stays open beside the other windows; its keys are clicked or
 // typed. Each opening begins anew.
@@ -42,7 +42,7 @@ class Calculator final : public Dialog {
 
     PocketMachine machine_;
     std::function<void(const std::string&)> endProgram_;
-    NumberDisplay* Readout;
+    CalculatorReadout* Readout;
     std::array<CalculatorKey*, 10> Number{};
     std::array<CalculatorKey*, kOperatorCount> Operator{};
     CalculatorKey* Decimal = nullptr;

@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "core/MainForm.h"
+#include "core/forms/CalendarPlace.h"
+#include "core/forms/CalendarTextFonts.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
 
@@ -16,6 +18,7 @@ class QTimer;
 
 namespace velmora {
 
+class ClockLabel;
 class CommandMenus;
 class Desk;
 class DocPadColumn;
@@ -69,9 +72,11 @@ class Calendar final : public QMainWindow, public MainForm {
     [[nodiscard]] SSDay& day() const { return *parts_.day; }
     [[nodiscard]] PadEdit& text() const { return *parts_.text; }
 
-    // The desk, on which the year view floats, and the left top corner of the pane area on it.
-    [[nodiscard]] QWidget* desk() const;
-    [[nodiscard]] QPoint paneCorner() const;
+    [[nodiscard]] const Dialer& dialer() const { return parts_.dialer; }
+    [[nodiscard]] ClockLabel& clock() const { return *Label8; }
+    [[nodiscard]] Desk& desk() const { return *desk_; }
+    [[nodiscard]] CalendarTextFonts& textFonts() override { return fonts_; }
+    [[nodiscard]] CalendarPlace& place() override { return place_; }
 
     // Asked when the window is to close; false keeps it open. Without it the window just closes.
     void onCloseRequest(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
@@ -85,29 +90,16 @@ class Calendar final : public QMainWindow, public MainForm {
     // True while the day view is on show.
     [[nodiscard]] bool dayViewShown() const;
 
-    // The font of a text, and its colour as red + 256 * green + 65536 * blue; -1 is the theme's.
-    [[nodiscard]] QFont fontOf(FontTarget target) const;
-    [[nodiscard]] int colourOf(FontTarget target) const;
-
     // The number on the dialer's display.
     [[nodiscard]] std::string number() const;
 
     void setControlState(PaneControl control, ControlState state) override;
     void raisePaneButton(Pane pane) override;
-    void setTwentyFourHourTick(bool ticked) override;
-    [[nodiscard]] bool twentyFourHourTick() const override;
-    void setClockText(const std::string& text) override;
-    [[nodiscard]] std::string clockText() const override;
     void setDateLine(const std::string& text) override;
     void setLastNumber(const std::string& text) override;
-    void setFont(FontTarget target, const FontChoice& choice) override;
     void setCaption(const std::string& text) override;
     void setDocPadCaption(const std::string& text) override;
     [[nodiscard]] std::string docPadCaption() const override;
-    void setShape(const WindowShape& shape) override { shape_ = shape; }
-    [[nodiscard]] WindowShape shape() const override;
-    void showCentred(int raise) override;
-    void bringToFront() override;
     [[nodiscard]] SharedState::Box docPadBox() const override;
     void fillWithDocPad() override;
     void putDocPadBack(const SharedState::Box& box) override;
@@ -137,19 +129,11 @@ class Calendar final : public QMainWindow, public MainForm {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    [[nodiscard]] QWidget* makeToolbarRow();
-    [[nodiscard]] QWidget* textOf(FontTarget target) const;
-    void setTextColour(FontTarget target, const QColor& colour);
-    void setTabStops();
-    void nameControls();
-    void takeShape();
-    void keepOnScreen();
-
     const CodePage& codePage_;
     Parts parts_;
     CommandMenus* menus_;
     ToolStrip* mainKeys_;
-    QLabel* Label8;  // the clock
+    ClockLabel* Label8;
     Rail* rail_;
     LeftColumn* leftColumn_;
     PlannerPage* plannerPage_;
@@ -162,11 +146,10 @@ class Calendar final : public QMainWindow, public MainForm {
     QTimer* Timer3;     // alarms, 25000 ms
     std::map<PaneControl, QWidget*> controls_;
     std::function<bool()> mayClose_;
-    std::map<FontTarget, int> colours_;  // as set last
-    WindowShape shape_;                  // wanted at the first showing
+    CalendarTextFonts fonts_;
+    CalendarPlace place_;
     bool small_ = false;
     bool painted_ = false;
-    bool kept_ = false;  // on the screen, since it was shown in the middle of it
 };
 
 }  // namespace velmora

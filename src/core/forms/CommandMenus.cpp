@@ -6,6 +6,7 @@
 #include <QMenuBar>
 
 #include "platform/qt/MenuTap.h"
+#include "platform/qt/MenuTwin.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -33,6 +34,11 @@ CommandMenus::CommandMenus(QMenuBar* bar) : QObject(bar) {
     tap_->watch(bar);
     for (QMenu* menu : bar->findChildren<QMenu*>())
         watch(menu);
+}
+
+void CommandMenus::addTo(QMenu& menu, std::string_view name) {
+    QAction* original = items_.at(name);
+    rows_.emplace(addTwin(menu, *original), rows_.at(original));
 }
 
 void CommandMenus::watch(QMenu* menu) const {

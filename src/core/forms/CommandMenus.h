@@ -26,7 +26,11 @@ class CommandMenus final : public QObject {
     // The item of a command, or nullptr.
     [[nodiscard]] QAction* item(std::string_view name) const;
 
-    // Reports the items of another menu, too, as far as they are items of the bar.
+    // Adds an item of the bar to another menu, too. That is an action of its own, which does and
+    // shows what the item does: assistive tools take an action for part of one menu only.
+    void addTo(QMenu& menu, std::string_view name);
+
+    // Reports the items of another menu, too, as far as they came by addTo().
     void watch(QMenu* menu) const;
 
     void setItemsEnabled(const std::function<bool(std::string_view command)>& enabled);

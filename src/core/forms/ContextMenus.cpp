@@ -16,6 +16,7 @@
 #include "platform/controls/EntryList.h"
 #include "platform/controls/SSDay.h"
 #include "platform/controls/SSMonth.h"
+#include "platform/qt/MenuTwin.h"
 
 namespace velmora {
 namespace {
@@ -142,7 +143,8 @@ QMenu* ContextMenus::makeMonthMenu() {
 QMenu* ContextMenus::addScheduling(QMenu* menu) const {
     auto* scheduling = new QMenu(menu);
     scheduling->setObjectName(QLatin1String(kScheduling));
-    scheduling->addActions(commands_.scheduling);
+    for (QAction* command : commands_.scheduling)
+        addTwin(*scheduling, *command);
     if (commands_.schedulingShown)
         connect(scheduling, &QMenu::aboutToShow, this, commands_.schedulingShown);
     menu->addMenu(scheduling);
@@ -167,7 +169,7 @@ QAction* ContextMenus::addItem(QMenu* menu, const char* caption, const char* key
 
 void ContextMenus::addOfMenuBar(QMenu* menu, std::initializer_list<std::string_view> names) const {
     for (const std::string_view name : names)
-        menu->addAction(calendar_.menus().item(name));
+        calendar_.menus().addTo(*menu, name);
 }
 
 void ContextMenus::addCopyOfCard(QMenu* menu) const {

@@ -2,11 +2,11 @@
 
 #include <QHBoxLayout>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <algorithm>
 
 #include "core/forms/DocPadColumn.h"
 #include "core/forms/LeftColumn.h"
+#include "core/forms/PageStack.h"
 #include "platform/controls/PadEdit.h"
 
 namespace velmora {
@@ -34,9 +34,11 @@ Desk::Desk(const Parts& parts, QWidget* parent)
       parts_(parts),
       floor_(new QWidget(this)),
       splitter_(new QSplitter(Qt::Horizontal, floor_)),
-      pages_(new QStackedWidget(splitter_)) {
-    for (QWidget* page : parts.pages)
-        pages_->addWidget(page);
+      pages_(new QWidget),
+      stack_(new PageStack(pages_)) {
+    // First, while there is nothing yet of which it would ask the size.
+    setWidgetResizable(true);
+    setWidget(floor_);
     splitter_->setObjectName(QStringLiteral("Desk"));
     splitter_->setChildrenCollapsible(false);
     splitter_->addWidget(pages_);
@@ -44,6 +46,8 @@ Desk::Desk(const Parts& parts, QWidget* parent)
     splitter_->setStretchFactor(0, kPaneStretch);
     splitter_->setStretchFactor(1, kDocPadStretch);
     splitter_->setSizes({kPaneStretch * 100, kDocPadStretch * 100});
+    for (QWidget* page : parts.pages)
+        stack_->addWidget(page);
     connect(splitter_, &QSplitter::splitterMoved, this,
             [this] { chosenDocPadWidth_ = parts_.docPad->width(); });
 
@@ -53,8 +57,6 @@ Desk::Desk(const Parts& parts, QWidget* parent)
 
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
-    setWidgetResizable(true);
-    setWidget(floor_);
     viewport()->setAutoFillBackground(false);
     floor_->setAutoFillBackground(false);
     setMeasures(false, false);
@@ -65,13 +67,10 @@ QPoint Desk::paneCorner() const {
     return pages_->mapTo(floor_, QPoint(0, 0));
 }
 
-// A page that is not on show asks for no room.
 void Desk::showPage(Pane pane) {
-    pages_->setCurrentIndex(static_cast<int>(pane));
-    for (QWidget* page : parts_.pages)
-        page->setSizePolicy(QSizePolicy::Preferred, page == pages_->currentWidget()
-                                                        ? QSizePolicy::Preferred
-                                                        : QSizePolicy::Ignored);
+    stack_->setCurrentIndex(static_cast<int>(pane));
+    stack_->invalidate();
+    pages_->updateGeometry();
 }
 
 void Desk::setDocPadFills(bool fills) {

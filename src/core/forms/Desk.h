@@ -6,13 +6,13 @@
 #include "core/Panes.h"
 
 class QSplitter;
-class QStackedWidget;
 
 namespace velmora {
 
 class DocPadColumn;
 class LeftColumn;
 class PadEdit;
+class PageStack;
 
 // The inside of the main window beside the rail: the left column, the page of the pane on show, and
 // DocPad. What a small screen has no room for scrolls.
@@ -59,7 +59,8 @@ class Desk final : public QScrollArea {
     Parts parts_;
     QWidget* floor_;
     QSplitter* splitter_;
-    QStackedWidget* pages_;
+    QWidget* pages_;
+    PageStack* stack_;
     int chosenDocPadWidth_ = 0;
     bool docPadFills_ = false;
     bool small_ = false;

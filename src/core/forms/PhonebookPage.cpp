@@ -1,10 +1,12 @@
 #include "core/forms/PhonebookPage.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <initializer_list>
 
 #include "core/forms/ToolStrip.h"
 #include "platform/controls/EntryCard.h"
@@ -83,6 +85,8 @@ PhonebookPage::PhonebookPage(const CodePage& codePage, QWidget* parent)
     const QColor danger = Theme::of(*this).danger;
     Command25->setIcon(symbolIcon(QStringLiteral("HangUp"), IconColours{danger, danger, danger}));
     Command25->hide();
+    for (QWidget* widget : std::initializer_list<QWidget*>{Label17, Picture2})
+        widget->installEventFilter(this);
     setSmall(false);
 }
 
@@ -131,9 +135,12 @@ QWidget* PhonebookPage::makeButtonRow() {
     return row;
 }
 
-void PhonebookPage::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    placeHangUp();
+// The card gets its place after the page has got its own.
+bool PhonebookPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move ||
+        event->type() == QEvent::Show)
+        placeHangUp();
+    return QWidget::eventFilter(watched, event);
 }
 
 void PhonebookPage::placeHangUp() {

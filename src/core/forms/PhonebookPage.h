@@ -37,7 +37,7 @@ class PhonebookPage final : public QWidget {
     void setSmall(bool small);
 
   protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     [[nodiscard]] QWidget* makeButtonRow();

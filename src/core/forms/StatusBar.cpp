@@ -38,17 +38,23 @@ StatusBar::StatusBar(const CodePage& codePage, QWidget* parent)
 }
 
 void StatusBar::show(const std::string& text) {
+    if (text == shown_)
+        return;  // jobs tell the same thousands of times
+    shown_ = text;
     present(toQt(text, codePage_), {});
 }
 
 void StatusBar::showFile(const std::string& text, const std::string& path) {
     const QString file = toQt(path, codePage_);
+    shown_.reset();
     present(text.empty() ? file : toQt(text, codePage_) + kBeforeFile + file, file);
 }
 
 void StatusBar::present(const QString& text, const QString& file) {
-    file_ = file;
     panel2_->setText(text);
+    if (file == file_)
+        return;
+    file_ = file;
     panel2_->setCursor(file.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
     panel2_->setToolTip(file.isEmpty() ? QString() : tr("Click to open this file"));
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QStatusBar>
+#include <optional>
+#include <string>
 
 #include "platform/CodePage.h"
 #include "platform/StatusLine.h"
@@ -35,7 +37,8 @@ class StatusBar final : public QStatusBar, public StatusLine {
 
     const CodePage& codePage_;
     QLabel* panel2_;
-    QString file_;  // that a click opens; empty without one
+    std::optional<std::string> shown_;  // a text without a file
+    QString file_;                      // that a click opens; empty without one
 };
 
 }  // namespace velmora

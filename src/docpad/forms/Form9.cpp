@@ -1,6 +1,5 @@
 #include "docpad/forms/Form9.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -8,15 +7,12 @@
 #include <QVBoxLayout>
 
 #include "platform/Text.h"
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kMargin = 16;
 constexpr QSize kFormSize(480, 340);
 constexpr QSize kSmallest(400, 260);
 constexpr const char* kExplanation =
@@ -26,38 +22,29 @@ constexpr const char* kExplanation =
 }  // namespace
 
 Form9::Form9(const CodePage& codePage, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Form9", QStringLiteral("Signature..."), parent),
       codePage_(codePage),
       Label1(new QLabel(QString::fromLatin1(kExplanation), this)),
       Text1(new QPlainTextEdit(this)),
       Command1(makeDialogButton("Command1", "&Ok", this)),
       Command2(makeDialogButton("Command2", "&Cancel", this)) {
-    setObjectName(QStringLiteral("Form9"));
-    setWindowTitle(QStringLiteral("Signature..."));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setProperty("role", QStringLiteral("hint"));
     Label1->setWordWrap(true);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setAccessibleName(QStringLiteral("Signature"));
-    connect(new CodePageGuard(*Text1, codePage), &CodePageGuard::replaced, this,
-            &Form9::characterReplaced);
-    makePrimary(*Command1);
+    guard(*Text1, codePage);
     connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     body->setSpacing(12);
     body->addWidget(Label1);
     body->addWidget(Text1, 1);
-    auto* footer = new DialogFooter(this);
-    footer->addRight(Command1);
-    footer->addRight(Command2);
-    layOutDialog(*this, body, footer);
-    setMinimumSize(kSmallest);
-    resize(kFormSize);
+    layOut(body, {.right = {Command1, Command2}, .primary = Command1},
+           {.first = kFormSize, .least = kSmallest});
+    setTabStops({Text1});
     Text1->setFocus();
 }
 
@@ -68,14 +55,6 @@ void Form9::setText(const std::string& text) {
 
 std::string Form9::text() const {
     return withCrLf(fromQt(Text1->toPlainText(), codePage_));
-}
-
-void Form9::keyPressEvent(QKeyEvent* event) {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && event->modifiers().testFlag(Qt::ControlModifier))
-        accept();
-    else
-        QDialog::keyPressEvent(event);
 }
 
 std::optional<std::string> Form9Question::ask(const std::string& text) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDialog>
 #include <functional>
 #include <optional>
 #include <string>
@@ -8,6 +7,7 @@
 
 #include "docpad/Signature.h"
 #include "platform/CodePage.h"
+#include "platform/controls/Dialog.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -16,7 +16,7 @@ class QPushButton;
 namespace velmora {
 
 // "Signature...": the conclusion of the letters of a merge.
-class Form9 final : public QDialog {
+class Form9 final : public Dialog {
     Q_OBJECT
 
   public:
@@ -26,13 +26,6 @@ class Form9 final : public QDialog {
     // Line ends are CR LF outside.
     void setText(const std::string& text);
     [[nodiscard]] std::string text() const;
-
-  signals:
-    // A character that the code page lacks was replaced.
-    void characterReplaced();
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     const CodePage& codePage_;

@@ -12,6 +12,7 @@
 #include "platform/Text.h"
 #include "platform/controls/DialogButton.h"
 #include "platform/controls/DialogFooter.h"
+#include "platform/controls/Type.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtText.h"
 
@@ -24,13 +25,6 @@ constexpr int kIconGap = 18;
 constexpr QSize kIcon(32, 32);
 constexpr QSize kFormSize(480, 188);
 constexpr double kMostOfScreen = 0.5;
-
-void setType(QLabel& label, qreal points, QFont::Weight weight) {
-    QFont font = label.font();
-    font.setPointSizeF(points);
-    font.setWeight(weight);
-    label.setFont(font);
-}
 
 }  // namespace
 
@@ -54,7 +48,7 @@ AlarmAlert::AlarmAlert(const CodePage& codePage)
     Label2->setTextFormat(Qt::PlainText);
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    setType(*Label2, 11.25, QFont::Normal);
+    setType(*Label2, 11.25);
     makePrimary(*Command1);
     layOut();
     connect(Command1, &QPushButton::clicked, this, &AlarmAlert::okPressed);
@@ -91,7 +85,11 @@ void AlarmAlert::layOut() {
     footer->addLeft(Command2);
     footer->addLeft(Command3);
     footer->addRight(Command1);
-    layOutDialog(*this, body, footer);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->setSpacing(0);
+    whole->addLayout(body, 1);
+    whole->addWidget(footer);
     setTabOrder(Command2, Command3);
     setTabOrder(Command3, Command1);
 }

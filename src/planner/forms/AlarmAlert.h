@@ -13,7 +13,7 @@ namespace velmora {
 
 // "Velmora - Alarm": says that alarms went off. It is a window of its own above all others, so that
 // it shows while the main window is minimised and answers while a dialog is open, and it comes
-// without taking the focus.
+// without taking the focus. So it is no `Dialog`: it is as large as its messages, anew each time.
 class AlarmAlert final : public QDialog {
     Q_OBJECT
 

@@ -27,7 +27,7 @@ constexpr int kInterval = 60000;  // milliseconds
 
 }  // namespace
 
-Form8::Form8(const EventsForToday& events, const CodePage& codePage)
+Form8::Form8(const Reminders& events, const CodePage& codePage)
     : Dialog("Form8", QStringLiteral("Events for Today:"), nullptr),
       events_(events),
       codePage_(codePage),

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "planner/EventsForToday.h"
+#include "planner/Reminders.h"
 #include "platform/CodePage.h"
 #include "platform/controls/Dialog.h"
 
@@ -25,7 +25,7 @@ class Form8 final : public Dialog {
 
   public:
     // `events` and `codePage` must outlive the form. Throws Failure when the list can not be read.
-    Form8(const EventsForToday& events, const CodePage& codePage);
+    Form8(const Reminders& events, const CodePage& codePage);
 
     // Shows the form, in front and ready for Enter or Escape, beside the left top corner of a
     // window, kept on its screen. A form that is in view stays where it is.
@@ -53,7 +53,7 @@ class Form8 final : public Dialog {
     void connectControls();
     void rebuild();
 
-    const EventsForToday& events_;
+    const Reminders& events_;
     const CodePage& codePage_;
     std::vector<std::string> lines_;
     QPointer<const QWidget> beside_;  // the window beside which the form opens

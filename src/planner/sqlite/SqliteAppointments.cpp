@@ -1,8 +1,10 @@
 #include "planner/sqlite/SqliteAppointments.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
 
-#include "planner/PlannerDatabase.h"
+#include "planner/sqlite/PlannerDatabase.h"
 #include "platform/StorageFailure.h"
 
 namespace velmora {
@@ -32,10 +34,7 @@ void read(const sqlite::Statement& statement, AppointmentRow& row) {
 }
 
 const NativePath& checkedPath(const NativePath& path) {
-    const DatabaseKind kind = kindOfDatabase(path);
-    if (kind == DatabaseKind::Missing && identityOf(path))
-        throw StorageFailure("\"" + path.utf8() + "\" can not be read.", Obstacle::Other);
-    if (kind != DatabaseKind::Planner)
+    if (readableKindOf(path) != DatabaseKind::Planner)
         throw StorageFailure("\"" + path.utf8() + "\" is no planner database.", Obstacle::NotThere);
     return path;
 }
@@ -66,6 +65,13 @@ struct StylesOfDay {
         date = newDate;
         styles.clear();
         leapt = mustBeRead = false;
+    }
+
+    // Whether `name` stood here before others did: an index in its order gives each style once.
+    [[nodiscard]] bool hasPassed(std::string_view name) const {
+        return std::any_of(styles.begin(), styles.end(),
+                           [&](const Style& style) { return style.name == name; }) &&
+               styles.back().name != name;
     }
 
     // True when the rest of the style is to be leapt over.
@@ -132,14 +138,24 @@ sqlite::Statement& SqliteAppointments::query(Condition condition) {
 
 bool SqliteAppointments::fetch(Condition condition, std::string_view value, std::int64_t behind,
                                std::size_t limit, std::vector<AppointmentRow>& rows) {
+    const auto place =
+        static_cast<std::size_t>(condition == Condition::Tag ? Column::TagVariant : Column::Date);
     sqlite::Statement& statement = query(condition);
     statement.reset();
     if (condition != Condition::All)
         statement.bindText(1, value);
     statement.bindInteger(2, behind).bindInteger(3, static_cast<std::int64_t>(limit));
     std::size_t count = 0;
-    for (; statement.step(); ++count)
+    for (; statement.step(); ++count, behind = rows.back().number) {
         read(statement, rows.emplace_back());
+        // A damaged index leads to rows that were not asked for, or in a circle.
+        if (rows.back().number <= behind ||
+            (condition != Condition::All && rows.back().values[place] != value)) {
+            statement.reset();
+            throw StorageFailure("The planner database \"" + path_.utf8() + "\" is damaged.",
+                                 Obstacle::Other);
+        }
+    }
     return count == limit;
 }
 
@@ -174,8 +190,8 @@ bool SqliteAppointments::hasIndexOfDays() {
 }
 
 void SqliteAppointments::visitStyles(const VisitStyle& visit) {
-    if (hasIndexOfDays())
-        return visitDistinct(visit);
+    if (hasIndexOfDays() && visitDistinct(visit))
+        return;
     auto statement = database_.prepare(R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");
     while (statement.step())
         if (const auto date = statement.textOrNull(0))
@@ -183,8 +199,9 @@ void SqliteAppointments::visitStyles(const VisitStyle& visit) {
 }
 
 // Reads the index in its order, day by day and style by style, and leaps over the rest of a style
-// that many rows of a day have: so neither many days nor many rows a day cost much.
-void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
+// that many rows of a day have: so neither many days nor many rows a day cost much. False where the
+// index of a damaged file is not in its order, which could lead in circles.
+bool SqliteAppointments::visitDistinct(const VisitStyle& visit) {
     // Standing on a row it keeps the table as it is, so that a leap need not lock it anew.
     auto standing = database_.prepare("SELECT 1 FROM sqlite_master");
     (void)standing.step();
@@ -193,6 +210,7 @@ void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
            WHERE ("Date", "StyleSet") >= (?1, ?2) ORDER BY "Date", "StyleSet", rowid)");
     rows.bindText(1, "").bindText(2, "");
     StylesOfDay day;
+    std::set<std::string, std::less<>> passed;
     const auto finish = [&] {
         if (day.mustBeRead)
             visitStylesOf(day.date, visit);
@@ -204,7 +222,11 @@ void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
         if (date != day.date) {
             finish();
             day.begin(date);
+            if (!passed.insert(day.date).second)
+                return false;
         }
+        if (day.hasPassed(rows.text(1)))
+            return false;
         if (!day.add(rows.text(1), rows.integer(2)) || rows.isNull(1))
             continue;
         rows.reset();
@@ -212,6 +234,7 @@ void SqliteAppointments::visitDistinct(const VisitStyle& visit) {
         rows.bindText(1, day.date).bindText(2, day.styles.back().name + '\0');
     }
     finish();
+    return true;
 }
 
 void SqliteAppointments::visitStylesOf(std::string_view date, const VisitStyle& visit) {

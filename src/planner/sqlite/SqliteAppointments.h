@@ -33,7 +33,7 @@ class SqliteAppointments final : public AppointmentConnection {
   private:
     void expectTable();
     [[nodiscard]] bool hasIndexOfDays();
-    void visitDistinct(const VisitStyle& visit);
+    [[nodiscard]] bool visitDistinct(const VisitStyle& visit);
     [[nodiscard]] sqlite::Statement& query(Condition condition);
     void write(sqlite::Statement& statement);
 

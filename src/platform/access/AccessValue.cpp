@@ -46,12 +46,11 @@ std::optional<std::string> momentText(double dayNumber) {
 
 std::string plainNumber(std::string_view text) {
     std::string result(text);
+    double number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size() || !std::isfinite(number))
+        return result;
     if (result.find_first_of("eE") != std::string::npos) {
-        double number = 0;
-        const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-        if (read.ec != std::errc() || read.ptr != text.data() + text.size() ||
-            !std::isfinite(number))
-            return result;
         std::array<char, 400> digits{};
         const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                            std::chars_format::fixed);

@@ -91,7 +91,7 @@ void CardLayout::setText(const QString& text, const QFont& font, const Theme& th
     headingHeight_ = QFontMetrics(heading).height() + kHeadingSpacing - less;
     lines_.clear();
     for (const CardLine& source : partsOfCard(text)) {
-        Line line{source.heading, source.spaceBefore, {}};
+        Line line{source.heading, source.spaceBefore && lines != Lines::Even, {}};
         for (const CardPart& part : source.parts)
             line.parts.push_back(
                 {textLayout(part, source.heading ? heading : font, theme.ink2), {}, 0});

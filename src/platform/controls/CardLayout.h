@@ -21,7 +21,11 @@ class CardLayout {
     CardLayout(const CardLayout&) = delete;
     CardLayout& operator=(const CardLayout&) = delete;
 
-    enum class Lines { Normal, Close };
+    enum class Lines {
+        Normal,
+        Close,
+        Even,  // as normal, but without space between groups
+    };
 
     void setText(const QString& text, const QFont& font, const Theme& theme,
                  Lines lines = Lines::Normal);

@@ -5,7 +5,6 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -20,31 +19,19 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr int kScrollBarWidth = 12;
 constexpr minutes kUsualStart = hours(7) + minutes(30);
-constexpr int kBarZone = 7;
-
-bool inBarZone(int y, int edge) {
-    return y >= edge - kBarZone / 2 && y <= edge + kBarZone / 2;
-}
 
 }  // namespace
 
 DayCanvas::DayCanvas(const CodePage& codePage, QWidget* parent)
-    : QWidget(parent),
-      codePage_(codePage),
-      session_(*this),
-      scroll_(new QScrollBar(Qt::Vertical, this)) {
+    : QWidget(parent), codePage_(codePage), session_(*this), scroll_(new DayScrollBar(this)) {
     session_.blocks().setShortest(measures().shortestDrawn());
-    scroll_->setFocusPolicy(Qt::NoFocus);
-    scroll_->setCursor(Qt::ArrowCursor);
-    scroll_->hide();
-    connect(scroll_, &QScrollBar::valueChanged, this, [this] {
+    connect(scroll_, &DayScrollBar::valueChanged, this, [this] {
         update();
         emit moved();
     });
     // The range changes while the view paints; showing a child has to wait until after that.
-    connect(scroll_, &QScrollBar::rangeChanged, this, &DayCanvas::placeScrollBar,
+    connect(scroll_, &DayScrollBar::rangeChanged, this, &DayCanvas::placeScrollBar,
             Qt::QueuedConnection);
 }
 
@@ -155,14 +142,7 @@ void DayCanvas::layOut() const {
     }
     const minutes formerBegin = shown_.begin;
     shown_ = session_.blocks().shown();
-    const DayGeometry places = geometry();
-    const int most = std::max(0, places.contentHeight() - places.paper.height());
-    const auto grown = (formerBegin - shown_.begin).count() * places.slotHeight / kSlot.count();
-    const int value = scroll_->value() + static_cast<int>(grown);
-    scroll_->setRange(0, most);
-    scroll_->setPageStep(places.paper.height());
-    scroll_->setSingleStep(places.slotHeight);
-    scroll_->setValue(value);
+    scroll_->fit(geometry(), formerBegin);
 }
 
 QRect DayCanvas::blockRect(int index) const {
@@ -187,27 +167,8 @@ QSize DayCanvas::minimumSizeHint() const {
     return measures().sizeFor(4, 12);
 }
 
-// The lower edge of a block wins over the upper edge of the one below it, and both over the inside.
-DayCanvas::Hit DayCanvas::hitAt(QPoint point) const {
-    const DayGeometry places = geometry();
-    Hit hit;
-    if (!places.paper.contains(point))
-        return hit;
-    bool upper = false;
-    for (int i = static_cast<int>(blocks_.size()) - 1; i >= 0; --i) {
-        const QRect rect = places.blockRect(blocks_[static_cast<std::size_t>(i)].place);
-        if (point.x() < rect.left() || point.x() > rect.right())
-            continue;
-        if (inBarZone(point.y(), rect.bottom()))
-            return {i, Grip::End};
-        if (!upper && inBarZone(point.y(), rect.top())) {
-            hit = {i, Grip::Begin};
-            upper = true;
-        } else if (hit.index < 0 && rect.contains(point)) {
-            hit = {i, Grip::Whole};
-        }
-    }
-    return hit;
+DayHit DayCanvas::hitAt(QPoint point) const {
+    return dayHitAt(geometry(), session_.blocks().all(), point);
 }
 
 void DayCanvas::setHovered(int index) {
@@ -221,7 +182,7 @@ void DayCanvas::setHovered(int index) {
 void DayCanvas::showPointer(QPoint point) {
     if (session_.isReadOnly())
         return;
-    const Hit hit = hitAt(point);
+    const DayHit hit = hitAt(point);
     setHovered(hit.index);
     const bool onBar = hit.index >= 0 && hit.grip != Grip::Whole;
     setCursor(onBar ? Qt::SizeVerCursor : Qt::ArrowCursor);
@@ -266,10 +227,7 @@ void DayCanvas::dragChanged(TimeSpan span) {
 // --- Scrolling ---
 
 void DayCanvas::placeScrollBar() {
-    const QRect paper = geometry().paper;
-    scroll_->setGeometry(paper.right() - kScrollBarWidth, paper.top() + 1, kScrollBarWidth,
-                         paper.height() - 2);
-    scroll_->setVisible(scroll_->maximum() > 0 && (!session_.isReadOnly() || underMouse()));
+    scroll_->place(geometry().paper, !session_.isReadOnly() || underMouse());
 }
 
 void DayCanvas::scrollToStart() {
@@ -278,29 +236,9 @@ void DayCanvas::scrollToStart() {
 
 void DayCanvas::scrollToTask(std::optional<minutes> begin) {
     const minutes time = begin ? *begin - kSlot : kUsualStart;
-    DayGeometry places = geometry();
-    places.scroll = 0;
-    scroll_->setValue(places.yOf(time - time % kSlot) - places.paper.top());
-    session_.setSlot(time - time % kSlot + kSlot);
-}
-
-void DayCanvas::makeVisible(TimeSpan span) {
-    const DayGeometry places = geometry();
-    const int below = places.yOf(span.end) - places.paper.bottom() - 1;
-    const int above = places.paper.top() - places.yOf(span.begin);
-    if (below > 0)
-        scroll_->setValue(scroll_->value() + std::min(below, -above));
-    else if (above > 0)
-        scroll_->setValue(scroll_->value() - above);
-}
-
-void DayCanvas::scrollWhere(QPoint point) {
-    const DayGeometry places = geometry();
-    const int step = places.slotHeight / 2;
-    if (point.y() < places.paper.top())
-        scroll_->setValue(scroll_->value() - step);
-    else if (point.y() > places.paper.bottom())
-        scroll_->setValue(scroll_->value() + step);
+    const minutes top = time - time % kSlot;
+    scroll_->bringToTop(top, geometry());
+    session_.setSlot(top + kSlot);
 }
 
 // --- Events of the window ---

@@ -12,11 +12,11 @@
 #include "platform/calendar/DaySession.h"
 #include "platform/controls/BlockStamps.h"
 #include "platform/controls/DayGeometry.h"
+#include "platform/controls/DayHit.h"
 #include "platform/controls/DayMeasures.h"
 #include "platform/controls/DayPainter.h"
 #include "platform/controls/DayScene.h"
-
-class QScrollBar;
+#include "platform/controls/DayScrollBar.h"
 
 namespace velmora {
 
@@ -75,12 +75,6 @@ class DayCanvas : public QWidget, protected DaySessionView {
     void moved();
 
   protected:
-    // What of a block lies under a point; index -1 for none.
-    struct Hit {
-        int index = -1;
-        Grip grip = Grip::Whole;
-    };
-
     DayCanvas(const CodePage& codePage, QWidget* parent);
 
     [[nodiscard]] DaySession& session() { return session_; }
@@ -88,15 +82,12 @@ class DayCanvas : public QWidget, protected DaySessionView {
     [[nodiscard]] const CodePage& codePage() const { return codePage_; }
     [[nodiscard]] DayMeasures measures() const;
     [[nodiscard]] DayGeometry geometry() const;
-    [[nodiscard]] QScrollBar* bar() const { return scroll_; }
-    [[nodiscard]] Hit hitAt(QPoint point) const;
+    [[nodiscard]] DayScrollBar& scroll() const { return *scroll_; }
+    [[nodiscard]] DayHit hitAt(QPoint point) const;
     // The block under the pointer looks so, and the pointer says what a drag would do.
     void showPointer(QPoint point);
     // To be called when the view has become one to look at, or no longer is.
     void lookChanged();
-    void makeVisible(TimeSpan span);
-    // Scrolls towards a point that lies above or below the column.
-    void scrollWhere(QPoint point);
 
     void blockChanged(int index) override;
     void slotChanged(std::chrono::minutes slot) override;
@@ -133,7 +124,7 @@ class DayCanvas : public QWidget, protected DaySessionView {
     mutable TimeSpan shown_{std::chrono::minutes(0), kDay};
     mutable std::vector<ShownBlock> blocks_;
     BlockStamps stamps_;
-    QScrollBar* scroll_;
+    DayScrollBar* scroll_;
 };
 
 }  // namespace velmora

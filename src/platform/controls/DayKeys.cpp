@@ -1,7 +1,6 @@
 #include "platform/controls/DayKeys.h"
 
 #include <QKeyEvent>
-#include <QScrollBar>
 #include <algorithm>
 
 #include "platform/controls/SSDay.h"
@@ -79,7 +78,7 @@ bool DayKeys::press(const QKeyEvent& event) const {
 
 bool DayKeys::scroll(const QKeyEvent& event) const {
     const auto action = scrollAction(event.key());
-    day_.bar()->triggerAction(action);
+    day_.scroll().triggerAction(action);
     return action != QAbstractSlider::SliderNoAction;
 }
 
@@ -93,7 +92,7 @@ bool DayKeys::nudge(const QKeyEvent& event) const {
     day_.session().nudge(shift ? Grip::End : Grip::Whole,
                          event.key() == Qt::Key_Up ? -kDragStep : kDragStep);
     if (const DaySession::Drag* drag = day_.session().drag())
-        day_.makeVisible(drag->now);
+        day_.scroll().bringIntoView(drag->now, day_.geometry());
     return true;
 }
 
@@ -110,11 +109,12 @@ bool DayKeys::move(const QKeyEvent& event) const {
     const int page = std::max(1, places.paper.height() / places.slotHeight - 1);
     if (isArrow(event) && event.modifiers().testFlag(Qt::ControlModifier)) {
         if (session.selectBeside(event.key() == Qt::Key_Up ? -1 : 1))
-            day_.makeVisible(session.blocks().at(session.selected()).span);
+            day_.scroll().bringIntoView(session.blocks().at(session.selected()).span,
+                                        day_.geometry());
     } else if (const auto to = slotAfter(event, session.slot(), places.shown, page)) {
         session.select(-1);
         session.setSlot(*to);
-        day_.makeVisible({session.slot(), session.slot() + kSlot});
+        day_.scroll().bringIntoView({session.slot(), session.slot() + kSlot}, day_.geometry());
     } else {
         return false;
     }

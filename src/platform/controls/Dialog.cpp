@@ -80,6 +80,8 @@ QSize Dialog::roomOnScreen() {
 }
 
 void Dialog::takeSize(QSize size, const QSize& most) {
+    if (body_->width() < size.width())  // a wrapped text needs less height there
+        body_->resize(size.width(), body_->height());
     const QSize needed = (body_->minimumSizeHint() + footSize())
                              .expandedTo({footer_->minimumSizeHint().width(), 0})
                              .expandedTo(extent_.least)

@@ -1,6 +1,7 @@
 #include "platform/controls/DialogButton.h"
 
 #include <QPushButton>
+#include <QStyle>
 
 namespace velmora {
 
@@ -14,6 +15,9 @@ QPushButton* makeDialogButton(const char* name, const char* caption, QWidget* pa
 void makePrimary(QPushButton& button) {
     button.setProperty("role", QStringLiteral("primary"));
     button.setDefault(true);
+    // A button that has been measured has its looks, and takes others only when it gets them anew.
+    button.style()->unpolish(&button);
+    button.style()->polish(&button);
 }
 
 }  // namespace velmora

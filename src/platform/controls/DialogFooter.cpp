@@ -2,7 +2,6 @@
 
 #include <QAbstractButton>
 #include <QHBoxLayout>
-#include <QVBoxLayout>
 
 namespace velmora {
 
@@ -21,14 +20,6 @@ void DialogFooter::addLeft(QAbstractButton* button) {
 
 void DialogFooter::addRight(QAbstractButton* button) {
     row_->addWidget(button);
-}
-
-void layOutDialog(QWidget& dialog, QLayout* body, QWidget* footer) {
-    auto* whole = new QVBoxLayout(&dialog);
-    whole->setContentsMargins({});
-    whole->setSpacing(0);
-    whole->addLayout(body, 1);
-    whole->addWidget(footer);
 }
 
 }  // namespace velmora

@@ -4,7 +4,6 @@
 
 class QAbstractButton;
 class QHBoxLayout;
-class QLayout;
 
 namespace velmora {
 
@@ -24,9 +23,5 @@ class DialogFooter final : public QWidget {
     QHBoxLayout* row_;
     int leftCount_ = 0;
 };
-
-// Lays out a dialog: the body, which takes what room there is, above the footer. The dialog takes
-// both over and has no other layout.
-void layOutDialog(QWidget& dialog, QLayout* body, QWidget* footer);
 
 }  // namespace velmora

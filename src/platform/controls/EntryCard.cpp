@@ -39,7 +39,7 @@ EntryCard::EntryCard(const CodePage& codePage, QWidget* parent)
 void EntryCard::setText(const std::string& text) {
     text_ = text;
     setAccessibleName(toQt(withLf(text), codePage_));
-    readText();
+    textChanged();
     bar_->setValue(0);
 }
 
@@ -52,7 +52,18 @@ void EntryCard::setSmall(bool small, int foot) {
     small_ = small;
     foot_ = foot;
     layout()->setContentsMargins(kEdge, 4, 2, 4 + foot);
+    textChanged();
+}
+
+void EntryCard::setEven() {
+    even_ = true;
     readText();
+}
+
+CardLayout::Lines EntryCard::spacing() const {
+    if (small_)
+        return CardLayout::Lines::Close;
+    return even_ ? CardLayout::Lines::Even : CardLayout::Lines::Normal;
 }
 
 QPoint EntryCard::textCorner() const {
@@ -75,9 +86,16 @@ void EntryCard::copy() const {
     QGuiApplication::clipboard()->setText(toQt(withLf(text_), codePage_));
 }
 
+// Out of sight nothing is laid out.
+void EntryCard::textChanged() {
+    stale_ = true;
+    if (isVisible())
+        readText();
+}
+
 void EntryCard::readText() {
-    layout_.setText(toQt(text_, codePage_), font(), Theme::of(*this),
-                    small_ ? CardLayout::Lines::Close : CardLayout::Lines::Normal);
+    stale_ = false;
+    layout_.setText(toQt(text_, codePage_), font(), Theme::of(*this), spacing());
     layOut();
     update();
 }
@@ -94,6 +112,11 @@ void EntryCard::layOut() {
     bar_->setPageStep(room);
     bar_->setSingleStep(qRound(layout_.lineHeight()));
     bar_->setRange(0, tooLong ? height - room : 0);
+}
+
+void EntryCard::showEvent(QShowEvent*) {
+    if (stale_)
+        readText();
 }
 
 void EntryCard::paintEvent(QPaintEvent*) {
@@ -131,13 +154,14 @@ void EntryCard::paintFoot(QPainter& painter) const {
 }
 
 void EntryCard::resizeEvent(QResizeEvent*) {
-    layOut();
+    if (!stale_)
+        layOut();
 }
 
 void EntryCard::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange)
-        readText();
+        textChanged();
 }
 
 void EntryCard::wheelEvent(QWheelEvent* event) {

@@ -30,6 +30,9 @@ class EntryCard final : public QWidget {
     void setWhitePages(bool white);
     [[nodiscard]] bool whitePages() const { return white_; }
 
+    // Leaves no space between the groups of lines.
+    void setEven();
+
     // The closer lines of a small window, with `foot` px left free for a strip at the lower edge.
     void setSmall(bool small, int foot = 0);
 
@@ -45,6 +48,7 @@ class EntryCard final : public QWidget {
 
   protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -55,8 +59,10 @@ class EntryCard final : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    void textChanged();
     void readText();
     void layOut();
+    [[nodiscard]] CardLayout::Lines spacing() const;
     [[nodiscard]] QPoint textCorner() const;
     [[nodiscard]] int textRoom() const;
     void paintFoot(QPainter& painter) const;
@@ -69,7 +75,9 @@ class EntryCard final : public QWidget {
     KeyboardFocus focus_;
     bool white_ = false;
     bool small_ = false;
+    bool even_ = false;
     int foot_ = 0;
+    bool stale_ = true;  // the text has not been laid out as it would look now
 };
 
 }  // namespace velmora

@@ -234,6 +234,7 @@ void EntryList::selectRow(int row) {
 
 void EntryList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListView::selectionChanged(selected, deselected);
+    viewport()->update();  // the ring goes from the list to a line
     emit currentLineChanged();
     if (byProgram_ || selected.isEmpty())
         return;
@@ -243,6 +244,7 @@ void EntryList::selectionChanged(const QItemSelection& selected, const QItemSele
 
 void EntryList::mousePressEvent(QMouseEvent* event) {
     focus_ = {};
+    viewport()->update();
     const int choicesBefore = choices_;
     const bool onLine = indexAt(event->position().toPoint()).isValid();
     QListView::mousePressEvent(event);

@@ -127,6 +127,14 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     return edit != nullptr ? new PadInterface(edit) : nullptr;
 }
 
+// The text as assistive tools see it; null while none is listening.
+QAccessibleTextInterface* listenedText(PadEdit& edit) {
+    if (!QAccessible::isActive())
+        return nullptr;
+    auto* texts = QAccessible::queryAccessibleInterface(&edit);
+    return texts != nullptr ? texts->textInterface() : nullptr;
+}
+
 }  // namespace
 
 void registerPadAccessibility() {
@@ -135,10 +143,7 @@ void registerPadAccessibility() {
 }
 
 void tellTextChanged(PadEdit& edit, const PadBuffer::Change& change) {
-    if (!QAccessible::isActive())
-        return;
-    auto* texts = QAccessible::queryAccessibleInterface(&edit);
-    auto* text = texts != nullptr ? texts->textInterface() : nullptr;
+    QAccessibleTextInterface* text = listenedText(edit);
     if (text == nullptr)
         return;
     const auto shown = [&edit](std::string_view bytes) {
@@ -162,10 +167,7 @@ void tellTextChanged(PadEdit& edit, const PadBuffer::Change& change) {
 }
 
 void tellCaretMoved(PadEdit& edit) {
-    if (!QAccessible::isActive())
-        return;
-    auto* texts = QAccessible::queryAccessibleInterface(&edit);
-    auto* text = texts != nullptr ? texts->textInterface() : nullptr;
+    QAccessibleTextInterface* text = listenedText(edit);
     if (text == nullptr)
         return;
     int start = 0;

@@ -10,7 +10,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextCharFormat>
 #include <QTimerEvent>
 #include <algorithm>
 #include <string_view>
@@ -19,7 +18,6 @@
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/PadKeys.h"
 #include "platform/controls/PadMouse.h"
-#include "platform/qt/QtText.h"
 
 namespace velmora {
 namespace {
@@ -54,22 +52,6 @@ bool sendToMouse(PadMouse& mouse, QEvent& event, QPoint offset) {
     else
         mouse.release(at, position);
     return true;
-}
-
-// Input methods look at what stands around the caret, not at all of a long line.
-constexpr std::size_t kAround = 500;
-
-std::size_t beginAround(std::string_view text, std::size_t caret) {
-    const std::size_t nearest = caret - std::min(caret, kAround);
-    const std::size_t lineEnd = text.substr(nearest, caret - nearest).find_last_of("\r\n");
-    return lineEnd == std::string_view::npos ? nearest : nearest + lineEnd + 1;
-}
-
-std::string_view around(std::string_view text, std::size_t caret) {
-    const std::size_t begin = beginAround(text, caret);
-    const std::string_view some = text.substr(begin, caret - begin + kAround);
-    const std::size_t lineEnd = some.find_first_of("\r\n", caret - begin);
-    return some.substr(0, lineEnd);
 }
 
 }  // namespace
@@ -132,7 +114,7 @@ void PadEdit::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (typesText(*event))
-        insertTyped(event->text());
+        type(event->text());
     else if (!obeyKey(*this, *event))
         event->ignore();
 }
@@ -143,49 +125,20 @@ bool PadEdit::focusNextPrevChild(bool) {
 }
 
 void PadEdit::inputMethodEvent(QInputMethodEvent* event) {
-    if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {
-        const PadBuffer::Selection now = caret_.selection();
-        if (event->replacementLength() > 0) {
-            const auto first = static_cast<std::ptrdiff_t>(now.caret) + event->replacementStart();
-            const std::size_t start = first > 0 ? static_cast<std::size_t>(first) : 0;
-            select({start, start + static_cast<std::size_t>(event->replacementLength())});
-        }
-        insertTyped(event->commitString());
-    }
-    preedit_ = {event->preeditString(), {}, static_cast<int>(event->preeditString().size())};
-    for (const QInputMethodEvent::Attribute& attribute : event->attributes()) {
-        if (attribute.type == QInputMethodEvent::Cursor)
-            preedit_.caret = attribute.start;
-        if (attribute.type == QInputMethodEvent::TextFormat)
-            preedit_.formats.append({attribute.start, attribute.length,
-                                     qvariant_cast<QTextFormat>(attribute.value).toCharFormat()});
-    }
+    inputMethod_.obey(*event);
     viewport()->update();
     updateMicroFocus();
 }
 
 QVariant PadEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
-    const PadBuffer& text = page_.text();
-    const PadBuffer::Selection& now = caret_.selection();
-    const std::size_t begin = beginAround(text.bytes(), now.caret);
-    switch (query) {
-        case Qt::ImEnabled:
-            return isEnabled();
-        case Qt::ImCursorRectangle:
-            return caretRect(caret_.place()).translated(viewport()->pos());
-        case Qt::ImFont:
-            return font();
-        case Qt::ImCursorPosition:
-            return static_cast<int>(now.caret - begin);
-        case Qt::ImAnchorPosition:
-            return static_cast<int>(now.anchor) - static_cast<int>(begin);
-        case Qt::ImSurroundingText:
-            return toQt(around(text.bytes(), now.caret), page_.codePage());
-        case Qt::ImCurrentSelection:
-            return now.length() > kAround ? QString() : selectedText();
-        default:
-            return QAbstractScrollArea::inputMethodQuery(query);
-    }
+    if (query == Qt::ImEnabled)
+        return isEnabled();
+    if (query == Qt::ImCursorRectangle)
+        return caretRect(caret().place()).translated(viewport()->pos());
+    if (query == Qt::ImFont)
+        return font();
+    const std::optional<QVariant> answer = inputMethod_.answer(query);
+    return answer ? *answer : QAbstractScrollArea::inputMethodQuery(query);
 }
 
 void PadEdit::paintEvent(QPaintEvent* event) {
@@ -195,19 +148,19 @@ void PadEdit::paintEvent(QPaintEvent* event) {
                                     : QPalette::Inactive;
     PadPage::Ink ink{palette().color(group, QPalette::Text),
                      palette().color(group, QPalette::HighlightedText),
-                     palette().color(group, QPalette::Highlight), caret_.selection(), nullptr};
-    const int height = page_.rowHeight();
+                     palette().color(group, QPalette::Highlight), caret().selection(), nullptr};
+    const int height = page().rowHeight();
     const auto top = static_cast<std::size_t>(verticalScrollBar()->value());
     const auto first = top + static_cast<std::size_t>(event->rect().top() / height);
     const auto last = top + static_cast<std::size_t>(event->rect().bottom() / height);
-    const std::size_t caretRow = caret_.row();
-    for (std::size_t row = first; row <= last && row < page_.rows().count(); ++row) {
-        ink.preedit = row == caretRow && !preedit_.text.isEmpty() ? &preedit_ : nullptr;
-        page_.draw(painter, row, QPointF(0, static_cast<int>(row - top) * height), ink,
-                   caret_.selection().caret);
+    const std::size_t caretRow = caret().row();
+    for (std::size_t row = first; row <= last && row < page().rows().count(); ++row) {
+        ink.preedit = row == caretRow ? inputMethod_.composed() : nullptr;
+        page().draw(painter, row, QPointF(0, static_cast<int>(row - top) * height), ink,
+                    caret().selection().caret);
     }
     if (caretShown_)
-        painter.fillRect(caretRect(caret_.place()).adjusted(0, 1, 0, -1), ink.text);
+        painter.fillRect(caretRect(caret().place()).adjusted(0, 1, 0, -1), ink.text);
     if (const PadPage::Place* drop = mouse_->dropPlace())
         painter.fillRect(caretRect(*drop), ink.text);
 }
@@ -219,13 +172,13 @@ void PadEdit::blink() {
         blinking_.start(time / 2, this);
     else
         blinking_.stop();
-    viewport()->update(caretRect(caret_.place()));
+    viewport()->update(caretRect(caret().place()));
 }
 
 void PadEdit::timerEvent(QTimerEvent* event) {
     if (event->timerId() == blinking_.timerId()) {
         caretShown_ = !caretShown_;
-        viewport()->update(caretRect(caret_.place()));
+        viewport()->update(caretRect(caret().place()));
     } else if (!mouse_->timer(*event)) {
         QAbstractScrollArea::timerEvent(event);
     }
@@ -241,8 +194,8 @@ void PadEdit::contextMenuEvent(QContextMenuEvent* event) {
     };
     const bool selected = selectionLength() > 0;
     const QMimeData* clip = QApplication::clipboard()->mimeData();
-    add("&Undo", QKeySequence::Undo, page_.text().canUndo(), [this] { undo(); });
-    add("&Redo", QKeySequence::Redo, page_.text().canRedo(), [this] { redo(); });
+    add("&Undo", QKeySequence::Undo, page().text().canUndo(), [this] { undo(); });
+    add("&Redo", QKeySequence::Redo, page().text().canRedo(), [this] { redo(); });
     menu.addSeparator();
     add("Cu&t", QKeySequence::Cut, selected, [this] { cut(); });
     add("&Copy", QKeySequence::Copy, selected, [this] { copy(); });
@@ -251,7 +204,7 @@ void PadEdit::contextMenuEvent(QContextMenuEvent* event) {
     menu.addSeparator();
     add("Select &All", QKeySequence::SelectAll, !isEmpty(), [this] { selectAll(); });
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    menu.exec(byKey ? viewport()->mapToGlobal(caretRect(caret_.place()).bottomLeft())
+    menu.exec(byKey ? viewport()->mapToGlobal(caretRect(caret().place()).bottomLeft())
                     : event->globalPos());
 }
 

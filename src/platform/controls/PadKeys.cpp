@@ -65,7 +65,7 @@ bool isNewLine(const QKeyEvent& key) {
            modifiers == Qt::NoModifier;
 }
 
-bool obeyMove(PadEdit& edit, const QKeyEvent& key) {
+bool obeyMove(PadEditor& edit, const QKeyEvent& key) {
     for (const MoveKey& each : kMoves) {
         const bool extend = key.matches(each.selects);
         if (extend || key.matches(each.moves)) {
@@ -76,7 +76,7 @@ bool obeyMove(PadEdit& edit, const QKeyEvent& key) {
     return false;
 }
 
-bool obeyErasing(PadEdit& edit, const QKeyEvent& key) {
+bool obeyErasing(PadEditor& edit, const QKeyEvent& key) {
     const PadBuffer& text = edit.page().text();
     const PadLetters& letters = edit.page().letters();
     const std::size_t at = edit.caret().selection().caret;

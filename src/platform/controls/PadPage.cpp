@@ -1,6 +1,5 @@
 #include "platform/controls/PadPage.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QWidget>
 #include <algorithm>
@@ -23,41 +22,54 @@ QChar charOf(const CodePage& codePage, int index) {
     return {static_cast<char16_t>(codePage.toUnicode(static_cast<char>(index)))};
 }
 
-PadWidths widthsIn(const QFontMetricsF& metrics, const CodePage& codePage,
-                   const PadLetters& letters) {
-    PadWidths widths;
-    widths.tab = static_cast<std::int32_t>(kTabStop * kUnits);
-    widths.joins = letters.allThatJoin();
-    for (std::size_t i = 0; i < widths.of.size(); ++i)
-        widths.of[i] =
-            widths.joins[i]
-                ? 0
-                : static_cast<std::int32_t>(std::ceil(
-                      metrics.horizontalAdvance(charOf(codePage, static_cast<int>(i))) * kUnits));
-    return widths;
-}
-
 }  // namespace
 
 PadPage::PadPage(const CodePage& codePage) : codePage_(codePage), letters_(codePage) {
+    widths_.tab = static_cast<std::int32_t>(kTabStop * kUnits);
+    widths_.joins = letters_.allThatJoin();
+    rows_.learn(widths_);
     for (int i = 0; i < 256; ++i)
         hasRightToLeft_ = hasRightToLeft_ || isRightToLeft(charOf(codePage, i));
 }
 
 void PadPage::fit(const QWidget& widget, int width) {
-    const QFontMetricsF metrics(widget.font(), &widget);
-    const PadWidths widths = widthsIn(metrics, codePage_, letters_);
+    metrics_.emplace(widget.font(), &widget);
     font_ = QFont(widget.font(), &widget);
-    rowHeight_ = qRound(metrics.height()) + 2 * kHalfRoom;
-    if (width == width_ && widths == widths_)
+    rowHeight_ = qRound(metrics_->height()) + 2 * kHalfRoom;
+    const PadWidths before = widths_;
+    for (std::size_t byte = 0; byte < met_.size(); ++byte)
+        measure(byte);
+    if (width == width_ && widths_ == before)
         return;
     width_ = width;
-    widths_ = widths;
     rows_.wrap(text_.bytes(), widths_, width_ * kUnits);
+}
+
+void PadPage::meet(std::string_view bytes) {
+    bool news = false;
+    for (const char each : bytes) {
+        const auto byte = static_cast<unsigned char>(each);
+        if (met_[byte])
+            continue;
+        met_[byte] = true;
+        measure(byte);
+        news = true;
+    }
+    if (news)
+        rows_.learn(widths_);
+}
+
+void PadPage::measure(std::size_t byte) {
+    if (!met_[byte] || !metrics_ || widths_.joins[byte])
+        return;
+    const QChar character = charOf(codePage_, static_cast<int>(byte));
+    widths_.of[byte] =
+        static_cast<std::int32_t>(std::ceil(metrics_->horizontalAdvance(character) * kUnits));
 }
 
 void PadPage::follow(const PadBuffer::Change& change) {
     direction_ = {};
+    meet(std::string_view(text_.bytes()).substr(change.position, change.inserted));
     rows_.change(text_.bytes(), change.position, change.removed.size(), change.inserted);
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPalette>
 #include <QRect>
 #include <QString>
 #include <QTextLayout>
+#include <array>
 #include <cstddef>
+#include <optional>
+#include <string_view>
 
 #include "platform/CodePage.h"
 #include "platform/controls/models/PadBuffer.h"
@@ -80,6 +84,8 @@ class PadPage {
 
   private:
     [[nodiscard]] bool firstIsRightToLeft(std::size_t begin, std::size_t end) const;
+    void meet(std::string_view bytes);
+    void measure(std::size_t byte);
     void lay(QTextLayout& layout, std::size_t row, const Preedit* preedit, std::size_t caret) const;
 
     const CodePage& codePage_;
@@ -94,7 +100,11 @@ class PadPage {
     mutable Direction direction_;
     PadBuffer text_;
     PadRows rows_;
+    // Only of the characters that the text holds or has held: one that the font lacks is looked for
+    // in all others, and most code pages have some that nobody ever types.
     PadWidths widths_;
+    std::array<bool, 256> met_{};
+    std::optional<QFontMetricsF> metrics_;  // none before it has been fitted
     QFont font_;
     int width_ = 0;
     int rowHeight_ = 1;

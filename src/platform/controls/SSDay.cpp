@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QEvent>
-#include <QScrollBar>
 #include <algorithm>
 
 #include "platform/Text.h"
@@ -37,7 +36,7 @@ SSDay::~SSDay() {
 void SSDay::setSelectedIndex(int index) {
     session().select(index);
     if (SelectedIndex() >= 0)
-        makeVisible(session().blocks().at(SelectedIndex()).span);
+        scroll().bringIntoView(session().blocks().at(SelectedIndex()).span, geometry());
     announceCaret();
 }
 
@@ -62,7 +61,7 @@ void SSDay::openEditor(int index) {
         connect(editor_, &DayEditor::characterReplaced, this, &SSDay::characterReplaced);
         connect(editor_, &DayEditor::textChanged, this, &SSDay::placeEditor);
     }
-    makeVisible(session().blocks().at(index).place.drawn);
+    scroll().bringIntoView(session().blocks().at(index).place.drawn, geometry());
     editor_->setFont(measures().blockFont());
     editor_->setText(Tasks().Item(index).text);
     editor_->show();

@@ -3,7 +3,6 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
 
 #include "platform/controls/DayEditor.h"
 #include "platform/controls/DayKeys.h"
@@ -50,12 +49,12 @@ void SSDay::mousePressEvent(QMouseEvent* event) {
         !geometry().paper.contains(point))
         return;
     commitEditor();
-    const Hit hit = hitAt(point);
+    const DayHit hit = hitAt(point);
     const minutes slot = geometry().slotAt(point.y());
     session().select(hit.index);
     session().setSlot(slot);
     announceCaret();
-    held_ = Held{point, bar()->value()};
+    held_ = Held{point, geometry().scroll};
     if (hit.index >= 0)
         session().hold(hit.index, hit.grip);
     else
@@ -72,7 +71,7 @@ void SSDay::mouseMoveEvent(QMouseEvent* event) {
     const bool begun = session().drag() != nullptr || session().range();
     if (!begun && (point - held_->from).manhattanLength() < threshold)
         return;
-    scrollWhere(point);
+    scroll().scrollTowards(point, geometry());
     const DayGeometry places = geometry();
     const int pixels = point.y() - held_->from.y() + places.scroll - held_->scrollFrom;
     session().dragBy(minutes(pixels * kSlot.count() / places.slotHeight));
@@ -96,7 +95,7 @@ void SSDay::mouseDoubleClickEvent(QMouseEvent* event) {
         !geometry().paper.contains(point))
         return;
     held_.reset();
-    const Hit hit = hitAt(point);
+    const DayHit hit = hitAt(point);
     const minutes slot = geometry().slotAt(point.y());
     if (hit.index >= 0)
         session().edit(hit.index);

@@ -171,6 +171,18 @@ QString SSMonth::caption() const {
            QString::number(int(month.year()));
 }
 
+// With the short name of the month where the whole one has no room: the year is worth more.
+QString SSMonth::fittingCaption() const {
+    const QFontMetrics metrics(captionFont(*this));
+    const int room = captionRoom().width();
+    if (metrics.horizontalAdvance(caption()) <= room)
+        return caption();
+    const year_month month = grid_.month();
+    return metrics.elidedText(shown(locale().shortMonths[unsigned(month.month()) - 1]) +
+                                  QLatin1Char(' ') + QString::number(int(month.year())),
+                              Qt::ElideRight, room);
+}
+
 QRect SSMonth::captionRoom() const {
     return {kCaptionInset, 0, arrowRect(-1).left() - kCaptionInset, captionHeight()};
 }
@@ -179,8 +191,7 @@ bool SSMonth::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return CalendarControl::event(event);
     const auto& help = *static_cast<QHelpEvent*>(event);
-    const int wanted = QFontMetrics(captionFont(*this)).horizontalAdvance(caption());
-    const bool cut = wanted > captionRoom().width() && captionRoom().contains(help.pos());
+    const bool cut = fittingCaption() != caption() && captionRoom().contains(help.pos());
     showPlainToolTip(help, cut ? caption() : QString(), *this, captionRoom());
     return true;
 }
@@ -200,7 +211,7 @@ void SSMonth::paintCaption(QPainter& painter) const {
     const QRect room = captionRoom();
     painter.setFont(captionFont(*this));
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString fitting = metrics.elidedText(caption(), Qt::ElideRight, room.width());
+    const QString fitting = fittingCaption();
     painter.setPen(isEnabled() ? theme.ink : theme.dis);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, fitting);
     if (hasFocus()) {

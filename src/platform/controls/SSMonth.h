@@ -77,6 +77,7 @@ class SSMonth final : public CalendarControl {
     void setTarget(std::optional<std::chrono::year_month_day> date);
     void setDragOverArrow(int arrow);
     [[nodiscard]] QString caption() const;
+    [[nodiscard]] QString fittingCaption() const;
     [[nodiscard]] QRect captionRoom() const;
     void paintCaption(QPainter& painter) const;
     void paintHeads(QPainter& painter) const;

@@ -101,16 +101,21 @@ void TrashCan::paintEvent(QPaintEvent*) {
         drawFocusRing(painter, rect(), kRadius, theme.accent);
 }
 
-void TrashCan::dragEnterEvent(QDragEnterEvent* event) {
-    if (!takes(*event->mimeData()))
-        return;
+bool TrashCan::accepts(QDropEvent& event) {
+    if (!takes(*event.mimeData()))
+        return false;
     if (!takesDrops_) {
-        event->ignore();
+        event.ignore();
         emit refused();
-        return;
+        return false;
     }
-    event->acceptProposedAction();
-    setDropTarget(true);
+    event.acceptProposedAction();
+    return true;
+}
+
+void TrashCan::dragEnterEvent(QDragEnterEvent* event) {
+    if (accepts(*event))
+        setDropTarget(true);
 }
 
 void TrashCan::dragLeaveEvent(QDragLeaveEvent*) {
@@ -119,15 +124,9 @@ void TrashCan::dragLeaveEvent(QDragLeaveEvent*) {
 
 void TrashCan::dropEvent(QDropEvent* event) {
     setDropTarget(false);
+    if (!accepts(*event))
+        return;
     const QMimeData& dropped = *event->mimeData();
-    if (!takes(dropped))
-        return;
-    if (!takesDrops_) {
-        event->ignore();
-        emit refused();
-        return;
-    }
-    event->acceptProposedAction();
     if (dropped.hasFormat(QLatin1String(kEntryFormat)))
         emit entryDropped(dropped.data(QLatin1String(kEntryFormat)).toStdString());
     else

@@ -50,6 +50,8 @@ class TrashCan final : public PaintedButton {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    // Whether what is dragged or dropped may be taken now; tells the user when it may not.
+    bool accepts(QDropEvent& event);
     void setDropTarget(bool target);
 
     Look look_ = Look::AtRest;

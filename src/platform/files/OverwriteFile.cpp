@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 
@@ -30,11 +31,20 @@ int writeFromBegin(const FileDescriptor& file, std::string_view bytes) {
     return writeFully(file, bytes);
 }
 
-int writeAll(const FileDescriptor& file, std::string_view bytes) {
+// `size`: what the file has.
+int writeAll(const FileDescriptor& file, std::string_view bytes, std::size_t size) {
     int why = writeFromBegin(file, bytes);
-    if (why == 0)
+    if (why == 0 && size > bytes.size())
         why = cutTo(file, bytes.size());
     return why == 0 ? flushBytes(file) : why;
+}
+
+// The best that can still be done. It may be that nothing was written yet, and nothing can be: then
+// taking the room back is enough.
+void putBack(const FileDescriptor& file, std::string_view old) {
+    (void)writeFromBegin(file, old);
+    (void)cutTo(file, old.size());
+    (void)flushBytes(file);
 }
 
 }  // namespace
@@ -53,10 +63,10 @@ void overwriteFile(const NativePath& path, std::string_view bytes) {
         (void)cutTo(file, old.size());
         throw failure(why);
     }
-    why = writeAll(file, bytes);
+    why = writeAll(file, bytes, std::max(old.size(), bytes.size()));
     if (why == 0)
         return;
-    (void)writeAll(file, old);
+    putBack(file, old);
     throw failure(why);
 }
 

@@ -10,12 +10,11 @@
 #include <utility>
 #include <vector>
 
+#include "platform/StorageFailure.h"
 #include "platform/files/FileLock.h"
 
 namespace velmora {
 namespace {
-
-constexpr std::chrono::seconds kLockWait(3);
 
 bool mayStillBeRead(int errorNumber) {
     return errorNumber == EACCES || errorNumber == EPERM || errorNumber == EROFS;
@@ -88,17 +87,14 @@ void PosixRandomFile::writeAt(std::uint64_t offset, std::span<const char> bytes)
     throw notWritten(why);
 }
 
-void PosixRandomFile::shorten(std::uint64_t size) {
-    if (ftruncate(file_.number(), static_cast<off_t>(size)) != 0)
-        throw notWritten(errno);
-}
-
-bool PosixRandomFile::lock() {
+bool PosixRandomFile::lock(std::chrono::milliseconds patience) {
     if (whyReadOnly_ != 0)
         return false;
-    const LockOutcome outcome = takeLock(file_, kLockWait);
+    const LockOutcome outcome = takeLock(file_, patience);
     if (outcome == LockOutcome::InUse)
-        throw Failure("The file " + path_.utf8() + " is in use by another copy of the program.");
+        throw StorageFailure(
+            "The file " + path_.utf8() + " is in use by another copy of the program.",
+            Obstacle::InUse);
     return outcome == LockOutcome::Taken;
 }
 

@@ -60,7 +60,7 @@ std::optional<struct stat> statusToKeep(const NativePath& path) {
 class FileBeside {
   public:
     FileBeside(const NativePath& path, unsigned mode)
-        : name_(temporaryBeside(path)), file_(openFile(name_, O_WRONLY | O_CREAT | O_EXCL, mode)) {
+        : name_(temporaryBeside(path)), file_(openNew(mode)) {
         why_ = file_.isOpen() ? 0 : errno;
         remains_ = file_.isOpen();
     }
@@ -99,6 +99,15 @@ class FileBeside {
     }
 
   private:
+    // The name is one of this run: what lies there is what this run could not remove earlier.
+    [[nodiscard]] FileDescriptor openNew(unsigned mode) const {
+        constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
+        FileDescriptor file = openFile(name_, kFlags, mode);
+        if (file.isOpen() || errno != EEXIST || unlink(name_.c_str()) != 0)
+            return file;
+        return openFile(name_, kFlags, mode);
+    }
+
     NativePath name_;
     FileDescriptor file_;
     int why_ = 0;

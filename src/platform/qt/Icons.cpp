@@ -50,7 +50,18 @@ QByteArray coloured(const QString& id, const QColor& colour) {
     return R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24">)" + body + "</svg>";
 }
 
-// `size` is in device pixels; the symbol is square and lies in the middle.
+// `size` is in device pixels; the picture is square and lies in the middle.
+QPixmap rendered(const QByteArray& svg, const QSize& size) {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    const int side = qMin(size.width(), size.height());
+    QPainter painter(&pixmap);
+    QSvgRenderer(svg).render(
+        &painter, QRectF(QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side)));
+    return pixmap;
+}
+
+// `size` is in device pixels.
 QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
     const QString key = QStringLiteral("velmora/%1/%2x%3/%4")
                             .arg(id)
@@ -60,14 +71,7 @@ QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    pixmap = QPixmap(size);
-    pixmap.fill(Qt::transparent);
-    const int side = qMin(size.width(), size.height());
-    QPainter painter(&pixmap);
-    QSvgRenderer(coloured(id, colour))
-        .render(&painter,
-                QRectF(QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side)));
-    painter.end();
+    pixmap = rendered(coloured(id, colour), size);
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
@@ -108,6 +112,36 @@ class SymbolEngine final : public QIconEngine {
     IconColours colours_;
 };
 
+// Draws the program's icon itself: the toolkit would load its readers of all kinds of pictures for
+// the one file.
+class ApplicationIconEngine final : public QIconEngine {
+  public:
+    QIconEngine* clone() const override { return new ApplicationIconEngine(*this); }
+    QString key() const override { return QStringLiteral("velmora-icon"); }
+    bool isNull() override { return false; }
+
+    // Window managers and trays make theirs of it.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {{48, 48}}; }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {
+        QFile file(QStringLiteral(":/app-icon.svg"));
+        return file.open(QIODevice::ReadOnly) ? rendered(file.readAll(), size) : QPixmap();
+    }
+
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
+        return pixmap(size, mode, state);
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State state) override {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        picture.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect.topLeft(), picture);
+    }
+};
+
 }  // namespace
 
 QIcon symbolIcon(const QString& id, const IconColours& colours) {
@@ -128,7 +162,7 @@ QPixmap symbolPixmap(const QString& id, const QSize& size, qreal devicePixelRati
 }
 
 QIcon applicationIcon() {
-    return QIcon(QStringLiteral(":/app-icon.svg"));
+    return QIcon(new ApplicationIconEngine);
 }
 
 }  // namespace velmora

@@ -47,19 +47,27 @@ QPageLayout letterLayout(PageOrientation orientation) {
 }
 
 void PagePainter::paint(const PrintPage& page) {
+    Tools tools;
     for (const auto& mark : page)
-        std::visit([this](const auto& each) { paint(each); }, mark);
+        std::visit([&](const auto& each) { paint(each, tools); }, mark);
 }
 
-void PagePainter::paint(const PrintedText& text) {
-    const KnownFont& font = known(text.font);
-    painter_.setFont(font.font);
-    painter_.setPen(colourOf(text.colour));
-    painter_.drawText(place(*painter_.device(), text.x, text.y) + QPointF(0, font.ascent),
+// Most texts of a page are alike; telling the painter so each time costs more than drawing some.
+void PagePainter::paint(const PrintedText& text, Tools& tools) {
+    if (!tools.font || !(tools.font->name == text.font)) {
+        tools.font = &known(text.font);
+        painter_.setFont(tools.font->font);
+    }
+    if (tools.colour != text.colour) {
+        tools.colour = text.colour;
+        painter_.setPen(colourOf(text.colour));
+    }
+    painter_.drawText(place(*painter_.device(), text.x, text.y) + QPointF(0, tools.font->ascent),
                       toQt(text.text, codePage_));
 }
 
-void PagePainter::paint(const PrintedLine& line) {
+void PagePainter::paint(const PrintedLine& line, Tools& tools) {
+    tools.colour.reset();
     const QPaintDevice& device = *painter_.device();
     QPen pen(colourOf(line.colour));
     pen.setWidthF(kLineWidth * device.logicalDpiX());

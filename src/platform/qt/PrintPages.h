@@ -3,7 +3,8 @@
 #include <QFont>
 #include <QPageLayout>
 #include <QPainter>
-#include <vector>
+#include <deque>
+#include <optional>
 
 #include "platform/CodePage.h"
 #include "platform/PrintJob.h"
@@ -36,13 +37,19 @@ class PagePainter {
         double ascent = 0;  // in dots
     };
 
-    void paint(const PrintedText& text);
-    void paint(const PrintedLine& line);
+    // What the texts before it on the page have been drawn with.
+    struct Tools {
+        const KnownFont* font = nullptr;
+        std::optional<int> colour;
+    };
+
+    void paint(const PrintedText& text, Tools& tools);
+    void paint(const PrintedLine& line, Tools& tools);
     [[nodiscard]] const KnownFont& known(const PrintFont& font);
 
     QPainter& painter_;
     const CodePage& codePage_;
-    std::vector<KnownFont> fonts_;  // a job has few
+    std::deque<KnownFont> fonts_;  // a job has few
 };
 
 }  // namespace velmora

@@ -7,9 +7,18 @@
 #include <utility>
 
 namespace velmora {
+namespace {
+
+constexpr std::chrono::milliseconds kBetweenTurns{4};
+
+}  // namespace
 
 void QtEventLoop::yield() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastTurn_ < kBetweenTurns)
+        return;
     QCoreApplication::processEvents();
+    lastTurn_ = std::chrono::steady_clock::now();
 }
 
 void QtEventLoop::waitFor(std::chrono::milliseconds duration) {

@@ -1,8 +1,9 @@
 #include "platform/qt/QtPrintMetrics.h"
 
 #include <QBuffer>
-#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPdfWriter>
+#include <algorithm>
 
 #include "platform/qt/PrintPages.h"
 #include "platform/qt/QtPrinters.h"
@@ -10,6 +11,8 @@
 
 namespace velmora {
 namespace {
+
+constexpr std::size_t kMostFonts = 32;
 
 // Has the resolution of a printer, and nothing is ever painted on it.
 class Ruler final : private QBuffer, public QPdfWriter {
@@ -20,7 +23,12 @@ class Ruler final : private QBuffer, public QPdfWriter {
 }  // namespace
 
 QtPrintMetrics::QtPrintMetrics(const CodePage& codePage, PrintService& service)
-    : codePage_(codePage), service_(service) {}
+    : codePage_(codePage), service_(service) {
+    // A face that is installed meanwhile may take the place of one that stood in for it.
+    if (qGuiApp)
+        QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, &connections_,
+                         [this] { fonts_.clear(); });
+}
 
 QtPrintMetrics::~QtPrintMetrics() = default;
 
@@ -30,13 +38,23 @@ QPaintDevice& QtPrintMetrics::device() const {
     return *device_;
 }
 
+const QtPrintMetrics::KnownFont& QtPrintMetrics::known(const PrintFont& font) const {
+    const auto found = std::find_if(fonts_.begin(), fonts_.end(),
+                                    [&](const KnownFont& each) { return each.name == font; });
+    if (found != fonts_.end())
+        return *found;
+    if (fonts_.size() == kMostFonts)
+        fonts_.clear();
+    const QFontMetricsF metrics(toQt(font, codePage_), &device());
+    return fonts_.emplace_back(KnownFont{font, metrics, metrics.height() / kPrinterResolution});
+}
+
 double QtPrintMetrics::lineHeight(const PrintFont& font) const {
-    return QFontMetricsF(toQt(font, codePage_), &device()).height() / kPrinterResolution;
+    return known(font).lineHeight;
 }
 
 double QtPrintMetrics::textWidth(const PrintFont& font, std::string_view line) const {
-    const QFontMetricsF metrics(toQt(font, codePage_), &device());
-    return metrics.horizontalAdvance(toQt(line, codePage_)) / kPrinterResolution;
+    return known(font).metrics.horizontalAdvance(toQt(line, codePage_)) / kPrinterResolution;
 }
 
 PrintableArea QtPrintMetrics::printableArea(const std::string& printer,

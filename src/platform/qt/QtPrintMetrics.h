@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QFontMetricsF>
+#include <QObject>
 #include <memory>
+#include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/PrintDevice.h"
@@ -24,11 +27,20 @@ class QtPrintMetrics final : public PrintMetrics {
                                               PageOrientation orientation) const override;
 
   private:
+    struct KnownFont {
+        PrintFont name;
+        QFontMetricsF metrics;
+        double lineHeight;  // inches
+    };
+
     [[nodiscard]] QPaintDevice& device() const;
+    [[nodiscard]] const KnownFont& known(const PrintFont& font) const;
 
     const CodePage& codePage_;
     PrintService& service_;
     mutable std::unique_ptr<QPaintDevice> device_;  // made when something is first measured
+    mutable std::vector<KnownFont> fonts_;          // a few, since looking one up takes long
+    QObject connections_;
 };
 
 }  // namespace velmora

@@ -55,13 +55,14 @@ void setUpLine(const FileDescriptor& device, const NativePath& path) {
         throw deviceFailure("The modem's line can not be set up at", path);
 }
 
-// What the device has not sent yet is given half a second, then dropped.
+// What the device has not sent yet is given half a second, then dropped. What has been sent is the
+// modem's: on a pseudo terminal it could still be taken back.
 void letOutputOut(int device) {
     const auto end = Clock::now() + kLongestClose;
     int waiting = 0;
     while (::ioctl(device, TIOCOUTQ, &waiting) == 0 && waiting > 0 && Clock::now() < end)
         ::poll(nullptr, 0, kLookAgain);
-    ::tcflush(device, TCIOFLUSH);
+    ::tcflush(device, waiting > 0 ? TCIOFLUSH : TCIFLUSH);
 }
 
 }  // namespace

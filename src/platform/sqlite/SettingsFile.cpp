@@ -1,10 +1,12 @@
 #include "platform/sqlite/SettingsFile.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 
 #include <string>
 #include <string_view>
 
+#include "platform/files/FileDescriptor.h"
 #include "platform/files/FileSteps.h"
 
 namespace velmora::sqlite {
@@ -78,6 +80,27 @@ void prepareToWrite(Database& database) {
     transaction.commit();
 }
 
+Database openedToWrite(const NativePath& path) {
+    if (hasForeignHead(path))
+        throw NoSettings("The settings are of an unknown version.");
+    Database database(path, Access::ReadWriteOrCreate);
+    try {
+        prepareToWrite(database);
+    } catch (const NoSettings&) {
+        throw;
+    } catch (const Failure& failure) {
+        if (isDamage(database.errorCode()))
+            throw NoSettings(failure.what());
+        throw;
+    }
+    return database;
+}
+
+// Throws Failure unless the disk gives all bytes.
+void requireReadable(const NativePath& path) {
+    (void)readToEnd(openOrFail(path, O_RDONLY), path);
+}
+
 Database emptyInMemory() {
     Database memory(NativePath(":memory:"), Access::ReadWriteOrCreate);
     memory.execute(std::string(kTable));
@@ -114,19 +137,13 @@ Database opened(const NativePath& path, int way) {
 
 Database openSettingsToWrite(const NativePath& path) {
     makePrivateFile(path);
-    if (hasForeignHead(path))
-        throw NoSettings("The settings are of an unknown version.");
-    Database database(path, Access::ReadWriteOrCreate);
     try {
-        prepareToWrite(database);
+        return openedToWrite(path);
     } catch (const NoSettings&) {
-        throw;
-    } catch (const Failure& failure) {
-        if (isDamage(database.errorCode()))
-            throw NoSettings(failure.what());
-        throw;
+        // To the engine a disk that did not give some bytes looks like bytes that are wrong.
+        requireReadable(path);
+        return openedToWrite(path);
     }
-    return database;
 }
 
 Database settingsAsTheyAre(const NativePath& path) {

@@ -29,7 +29,11 @@ struct Colours {
     QColor text;
 };
 
-// White Pages are white in the dark, too.
+// The tiles of the books are light in the dark, too.
+bool isLight(ChoiceTile::Look look) {
+    return look == ChoiceTile::Look::YellowPages || look == ChoiceTile::Look::WhitePages;
+}
+
 Colours coloursOf(ChoiceTile::Look look, const Theme& theme, bool chosen) {
     switch (look) {
         case ChoiceTile::Look::YellowPages:
@@ -79,6 +83,8 @@ void ChoiceTile::paintEvent(QPaintEvent*) {
     if (withPage)
         paintPage(painter, rect().adjusted(0, kMargin, 0, -kCaptionRow));
     option.rect = QRect(left, rowTop + (rowHeight - kIndicator) / 2, kIndicator, kIndicator);
+    if (isLight(look_))
+        option.palette = Theme::light().toPalette();  // a dark disc would look chosen
     style()->drawPrimitive(QStyle::PE_IndicatorRadioButton, &option, &painter, this);
     painter.setPen(coloursOf(look_, Theme::of(*this), isChecked()).text);
     const int textLeft = left + kIndicator + kGap;

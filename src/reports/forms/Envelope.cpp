@@ -8,9 +8,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "platform/controls/CodePageGuard.h"
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/DialogFooter.h"
 #include "platform/controls/ElidedLabel.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtText.h"
@@ -21,7 +19,6 @@ namespace velmora {
 namespace {
 
 constexpr QSize kFormSize(776, 506);
-constexpr int kMargin = 16;
 constexpr int kPaperMargin = 18;
 constexpr int kLineGap = 4;
 constexpr int kRowGap = 6;
@@ -55,7 +52,7 @@ EnvelopeSheetSize sizeOf(const std::optional<PrintTarget>& target) {
 }  // namespace
 
 Envelope::Envelope(const Parts& parts, QWidget* parent)
-    : QDialog(parent),
+    : Dialog("Envelope", QStringLiteral("Create Envelope"), parent),
       parts_(parts),
       Label1(new QLabel(this)),
       sheet_(new EnvelopeSheet(parts.codePage, this)),
@@ -65,17 +62,19 @@ Envelope::Envelope(const Parts& parts, QWidget* parent)
       Command3(makeDialogButton("Command3", "&Save Return Address as Default", this)),
       Command4(makeDialogButton("Command4", "&Preferences", this)),
       Command5(makeDialogButton("Command5", "Print", this)) {
-    setObjectName(QStringLiteral("Envelope"));
-    setWindowTitle(QStringLiteral("Create Envelope"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    makePrimary(*Command5);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setTextFormat(Qt::PlainText);
     Label1->setFont(QFont(QStringLiteral("Times New Roman"), 12));
     sheet_->setObjectName(QStringLiteral("sheet"));
     where_->setObjectName(QStringLiteral("where"));
     makeRows();
-    layOut();
+    auto* body = new QVBoxLayout;
+    body->addWidget(makePaper());
+    layOut(body,
+           {.left = {Command1, Command3, Command4},
+            .right = {Command5, Command2},
+            .primary = Command5},
+           {.first = kFormSize});
     setTabs();
     connectControls();
     showContent();
@@ -86,8 +85,7 @@ void Envelope::makeRows() {
         auto* text = new QLineEdit(this);
         text->setObjectName(QString::fromLatin1(kBoxNames[i]));
         text->setAccessibleName(nameOfLine(i));
-        connect(new CodePageGuard(*text, parts_.codePage), &CodePageGuard::replaced, this,
-                [this] { parts_.status.show(kCharacterReplaced); });
+        guard(*text, parts_.codePage);
         auto* font = new QToolButton(this);
         font->setObjectName(QStringLiteral("Toolbar%1").arg(i + 1));
         font->setAccessibleName(tr("Font of %1").arg(nameOfLine(i)));
@@ -150,32 +148,13 @@ QWidget* Envelope::makePaper() {
     return paper;
 }
 
-void Envelope::layOut() {
-    auto* body = new QVBoxLayout;
-    body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    body->addWidget(makePaper());
-    auto* footer = new DialogFooter(this);
-    for (QPushButton* side : {Command1, Command3, Command4})
-        footer->addLeft(side);
-    for (QPushButton* main : {Command5, Command2})
-        footer->addRight(main);
-    layOutDialog(*this, body, footer);
-    resize(kFormSize.expandedTo(minimumSizeHint()));
-}
-
 void Envelope::setTabs() {
-    QWidget* last = nullptr;
-    const auto follow = [&](QWidget* next) {
-        if (last)
-            setTabOrder(last, next);
-        last = next;
-    };
+    std::vector<QWidget*> stops;
     for (const Row& row : rows_)
-        follow(row.text);
+        stops.push_back(row.text);
     for (const Row& row : rows_)
-        follow(row.font);
-    for (QPushButton* button : {Command1, Command3, Command4, Command5, Command2})
-        follow(button);
+        stops.push_back(row.font);
+    setTabStops(stops);
 }
 
 void Envelope::connectControls() {
@@ -190,6 +169,8 @@ void Envelope::connectControls() {
             showPicture();
         });
     }
+    connect(this, &Dialog::characterReplaced, this,
+            [this] { parts_.status.show(kCharacterReplaced); });
     connect(Command1, &QPushButton::clicked, this, [this] {
         parts_.editor.formatBarcode();
         showContent();
@@ -205,12 +186,9 @@ void Envelope::connectControls() {
 }
 
 void Envelope::present() {
-    const bool again = isVisible();
-    if (!again)
+    if (!isVisible())
         rows_[kReturnLines].text->setFocus();
-    show();
-    raise();
-    activateWindow();
+    bringToFront();
     try {
         parts_.editor.FillEnvelopeFromEntry();
     } catch (...) {
@@ -221,7 +199,7 @@ void Envelope::present() {
 }
 
 void Envelope::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
+    Dialog::showEvent(event);
     askWhere();
     showPicture();
 }
@@ -270,7 +248,7 @@ void Envelope::showFont(std::size_t line) {
 void Envelope::showPicture() {
     if (!isVisible())
         return;
-    const EnvelopeFeed feed = readEnvelopeFeed(parts_.settings, parts_.codePage);
+    const EnvelopeFeed feed = readEnvelopeFeed(parts_.settings);
     const EnvelopeSheetSize size = sizeOf(target_);
     const EnvelopeSketch sketch =
         sketchEnvelope(parts_.editor.content(), feed, parts_.metrics, size);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 #include <functional>
 
@@ -9,6 +8,7 @@
 #include "platform/PrintDevice.h"
 #include "platform/PrintTarget.h"
 #include "platform/StatusLine.h"
+#include "platform/controls/Dialog.h"
 #include "reports/EnvelopeEditor.h"
 
 class QLabel;
@@ -23,7 +23,7 @@ class EnvelopeSheet;
 // "Create Envelope": the return address, the address, a font for each line, a barcode, and a
 // picture that shows at each keystroke what will be printed where. The user goes on working in the
 // main window meanwhile.
-class Envelope final : public QDialog {
+class Envelope final : public Dialog {
     Q_OBJECT
 
   public:
@@ -41,7 +41,7 @@ class Envelope final : public QDialog {
 
     // Shows the selected entry's envelope, in front. Throws Failure when the book can not be read;
     // the form is in view then, with an empty address.
-    void present();
+    void present() override;
 
   signals:
     void preferencesWanted();
@@ -61,7 +61,6 @@ class Envelope final : public QDialog {
     void makeRows();
     [[nodiscard]] QWidget* makeRow(std::size_t line, int width);
     [[nodiscard]] QWidget* makePaper();
-    void layOut();
     void connectControls();
     void setTabs();
     void showContent();

@@ -51,6 +51,8 @@ TEST(AccessNumber, IsPlainDecimalText) {
     EXPECT_EQ(plainNumber("100"), "100");
     EXPECT_EQ(plainNumber(""), "");
     EXPECT_EQ(plainNumber("1e"), "1e");
+    EXPECT_EQ(plainNumber("1.0.0"), "1.0.0");
+    EXPECT_EQ(plainNumber("Main St. 00"), "Main St. 00");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
@@ -18,6 +19,8 @@ namespace velmora {
 namespace {
 
 constexpr int kCanNotMount = 77;
+
+constexpr std::chrono::milliseconds kMoment(20);
 
 class PosixFilesTest : public testing::Test {
   protected:
@@ -100,7 +103,7 @@ TEST_F(PosixFilesTest, AFileThatMayOnlyBeReadIsReadAndItsWritesSayWhy) {
     std::string bytes(3, '.');
     EXPECT_EQ(file->readAt(0, bytes), 3U);
     EXPECT_EQ(bytes, "abc");
-    EXPECT_FALSE(file->lock());
+    EXPECT_FALSE(file->lock(kMoment));
     EXPECT_EQ(failureOf([&] { file->writeAt(0, std::string("x")); }),
               "The file " + folder.file("data") + " can not be written: Permission denied.");
     EXPECT_THROW(files.writeWhole(path("data"), "x"), Failure);
@@ -119,18 +122,18 @@ TEST_F(PosixFilesTest, AFileThatMayNotBeReadOrMadeIsAFailure) {
 TEST_F(PosixFilesTest, ALockKeepsOthersOutUntilItIsGivenBack) {
     const auto first = files.openOrCreate(path("data"));
     const auto second = files.openOrCreate(path("data"));
-    EXPECT_TRUE(first->lock());
-    EXPECT_EQ(failureOf([&] { (void)second->lock(); }),
+    EXPECT_TRUE(first->lock(kMoment));
+    EXPECT_EQ(failureOf([&] { (void)second->lock(kMoment); }),
               "The file " + folder.file("data") + " is in use by another copy of the program.");
     first->unlock();
-    EXPECT_TRUE(second->lock());
+    EXPECT_TRUE(second->lock(kMoment));
     second->unlock();
 }
 
 TEST_F(PosixFilesTest, ALockEndsWithItsFile) {
-    EXPECT_TRUE(files.openOrCreate(path("data"))->lock());
+    EXPECT_TRUE(files.openOrCreate(path("data"))->lock(kMoment));
     const auto second = files.openOrCreate(path("data"));
-    EXPECT_TRUE(second->lock());
+    EXPECT_TRUE(second->lock(kMoment));
     second->unlock();
 }
 

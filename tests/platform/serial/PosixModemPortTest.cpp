@@ -86,6 +86,13 @@ TEST_F(ModemOnPty, TheLineHasNineThousandSixHundredBitsWithoutParityOrFlowContro
     EXPECT_EQ(settings.c_iflag & (ICRNL | IXON | IXOFF), 0U);
 }
 
+TEST_F(ModemOnPty, WhatWasSentBeforeTheLineClosesStillArrives) {
+    port.open(3);
+    port.send("ATH0");
+    port.close();
+    EXPECT_EQ(received(4), "ATH0");
+}
+
 TEST_F(ModemOnPty, ClosingDropsTheLine) {
     port.open(3);
     port.close();

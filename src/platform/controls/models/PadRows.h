@@ -35,6 +35,9 @@ class PadRows {
     void change(std::string_view text, std::size_t position, std::size_t removed,
                 std::size_t inserted);
 
+    // Widths that differ only for characters that are not in the text: its rows stay as they are.
+    void learn(const PadWidths& widths) { widths_ = widths; }
+
     [[nodiscard]] std::size_t count() const { return begins_.size(); }
 
     // Where row `row` begins, in bytes of the text; behind the last one, the length of the text.
