@@ -6,7 +6,7 @@ import unittest
 
 from desk_test import DeskTest
 from test_alarms import ALERT, TWO_MINUTES, list_of, minute
-from velmora_driver import click, key, type_text, wait_until, xdo
+from velmora_driver import key, type_text, wait_until, xdo
 
 LETTER = "Dear Adrian"
 
@@ -31,7 +31,7 @@ class Boxes(DeskTest):
                            windows_upwards().index(self.number_of(form)))
 
     def type_letter(self):
-        click(self.program.find(id="Text4"))
+        self.program.focus("Text4")
         type_text(LETTER)
 
     def ask_at_the_end(self):

@@ -38,7 +38,7 @@ class Calls(DeskTest):
     def test_a_call_is_seen_while_the_user_goes_on_typing(self):
         program = self.program = self.start_in_phonebook(
             ANN, ACME, VELMORA_COUNTRY="US", **self.exchange.environment)
-        program.click_id("Text4")
+        program.focus("Text4")
         type_text("Dear ")
         self.exchange.start("kdeconnect")
         report = self.ring("kdeconnect", "+15165551212")

@@ -43,20 +43,20 @@ def another_display():
 
 class Ends(DeskTest):
     def type_letter(self):
-        click(self.program.find(id="Text4"))
+        self.program.focus("Text4")
         type_text(LETTER)
         wait_until(lambda: text_of(self.program.find(id="Text4")) == LETTER, "the letter")
 
     def type_more(self, more):
         pad = self.program.find(id="Text4")
         before = text_of(pad)
-        click(pad)
+        self.program.focus("Text4")
         key("ctrl+End")
         type_text(more)
         wait_until(lambda: text_of(pad) == before + more, "what was typed")
 
     def type_into_the_day(self):
-        click(self.program.find(id="SSDay1"))
+        self.program.focus("SSDay1")
         type_text(APPOINTMENT)
         wait_until(lambda: any(text_of(edit) == APPOINTMENT for edit in self.program.find_all(
             role="text", within=self.program.find(id="SSDay1"))), "the editor in the day")

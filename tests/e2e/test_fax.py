@@ -26,7 +26,7 @@ class Faxes(DeskTest):
         wait_until(lambda: text_of(line) == f"The printer now: {QUEUE}", "the printer")
         program.click_id("Command1", within=form)
         self.assertEqual(["Velmora: Fax"], lines_of(self.shop.next_sheet()))
-        program.click_id("Text4")
+        program.focus("Text4")
         type_text("Dear Sir")
         click(program.list_item(FAX, within=form))
         program.click_id("Command1", within=form)

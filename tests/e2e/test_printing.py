@@ -127,7 +127,7 @@ class TheHits(PrintTest):
 class DocPad(PrintTest):
     def type_into_docpad(self, text):
         self.start()
-        click(self.program.find(id="Text4"))
+        self.program.focus("Text4")
         type_text(text)
         self.wait_text(text)
 

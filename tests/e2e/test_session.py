@@ -29,7 +29,7 @@ class Session(DeskTest):
     def type_letter(self, text=LETTER):
         pad = self.program.find(id="Text4")
         before = text_of(pad)
-        click(pad)
+        self.program.focus("Text4")
         key("ctrl+End")
         type_text(text)
         self.wait_letter(before + text)

@@ -284,11 +284,16 @@ class Velmora:
     def click_id(self, id, within=None, times=1, button=1):
         click(self.find(id=id, within=within), times, button)
 
-    def fill(self, id, text, within=None):
-        """Replaces the text of an edit by typing it."""
+    def focus(self, id, within=None):
+        """Clicks an element and returns it once it takes the keys."""
         element = self.find(id=id, within=within)
         click(element)
         wait_until(lambda: is_focused(element), f"the focus in {id}")
+        return element
+
+    def fill(self, id, text, within=None):
+        """Replaces the text of an edit by typing it."""
+        element = self.focus(id, within)
         key("ctrl+a")
         type_text(text)
         wait_until(lambda: text_of(element) == text, f"{text!r} in {id}")
