@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "faults/Operation.h"
+#include "phonebook/BookCopy.h"
 #include "phonebook/EntryWriter.h"
 #include "phonebook/FileBooks.h"
 #include "phonebook/RecordState.h"
 #include "platform/files/FileStampOf.h"
 #include "platform/files/PosixFiles.h"
+#include "platform/files/PosixReplacement.h"
 #include "support/FakeMessages.h"
 #include "support/PhonebookFixture.h"
 
@@ -106,6 +108,42 @@ class NoBooksWorld {
     EntryWriter writer{store_, messages_};
 };
 
+// A book, and an earlier copy of it.
+class CopyWorld {
+  public:
+    explicit CopyWorld(const TemporaryFolder& in)
+        : folder_(in), locations_(in.path(), settings_, files_, CodePage::western()) {
+        std::string bytes;
+        for (int i = 0; i < kEntries; ++i)
+            bytes += test::bytesOf(entry(std::to_string(i), "new"));
+        folder_.write("DATAY.QEL", bytes);
+        folder_.write("copy", "earlier");
+    }
+
+    [[nodiscard]] std::string state() const {
+        return folder_.read("copy") + folder_.read("DATAY.QEL");
+    }
+
+    void copy() {
+        BookCopy copy(books_, replacements_,
+                      {kYellowPagesFile, NativePath(folder_.file("DATAY.QEL")),
+                       NativePath(folder_.file("copy"))});
+        while (copy.step()) {
+        }
+    }
+
+  private:
+    const TemporaryFolder& folder_;
+    test::MemorySettings medium_;
+    SettingsStore settings_{medium_};
+    PosixFiles files_{NativePaths(CodePage::western())};
+    DataLocations locations_;
+    FileBooks books_{files_, locations_, [this](const std::string& path) {
+                         return fileStampOf(files_.nativePath(path));
+                     }};
+    PosixReplacements replacements_;
+};
+
 const std::set<Call> kInPlace{Call::Open, Call::Read, Call::Write, Call::HalfWrite, Call::Sync};
 const std::set<Call> kWithATrace{Call::Open, Call::Read,   Call::Write, Call::HalfWrite,
                                  Call::Sync, Call::Rename, Call::Remove};
@@ -161,6 +199,10 @@ std::vector<Operation> operations() {
                 world.writer.move(kYellowPagesFile, kWhitePagesFile, "Entry,3");
             },
             kEndsInTheMiddle),
+        operation<CopyWorld>(
+            "ABookIsCopied",
+            {Call::Open, Call::Read, Call::Write, Call::HalfWrite, Call::Sync, Call::Rename},
+            [](CopyWorld& world) { world.copy(); }),
     };
 }
 
