@@ -14,8 +14,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// The lock is not held longer for one read. Most books are read whole in this time.
-constexpr milliseconds kLongestRead(40);
+// Most books are read whole while the lock is held once.
 constexpr std::size_t kBlock = 512 * kRecordSize;
 constexpr std::size_t kMostInMemory = 64 << 20;
 
@@ -105,7 +104,7 @@ void BookCopy::readUnderLock(BookRecords& book) {
     size_ = static_cast<std::uint64_t>(book.count()) * kRecordSize;
     waiting_.clear();
     written_ = 0;
-    const auto end = steady_clock::now() + kLongestRead;
+    const auto end = steady_clock::now() + limits_.longestRead;
     do {
         const std::size_t before = waiting_.size();
         waiting_.resize(before + kBlock);
@@ -139,7 +138,7 @@ void BookCopy::bearLock(const std::string& why) {
     const auto now = steady_clock::now();
     if (!lockedSince_)
         lockedSince_ = now;
-    else if (now - *lockedSince_ > paths_.patience)
+    else if (now - *lockedSince_ > limits_.patience)
         throw StorageFailure(why, Obstacle::InUse);
 }
 

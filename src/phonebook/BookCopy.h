@@ -32,14 +32,18 @@ class BookCopy {
         std::string bookFile;  // kYellowPagesFile or kWhitePagesFile
         NativePath book;       // the same as a file, whose permissions a new copy gets
         NativePath copy;       // in a folder that is there
+    };
 
-        // So long a lock that somebody else holds is waited for, over all steps.
-        std::chrono::milliseconds patience{5000};
+    struct Limits {
+        std::chrono::milliseconds patience{5000};   // with a lock that somebody else holds
+        std::chrono::milliseconds longestRead{40};  // while the lock is held here
     };
 
     // Both must outlive the copy. Nothing is done yet.
     BookCopy(Books& books, Replacements& replacements, Paths paths)
-        : books_(books), replacements_(replacements), paths_(std::move(paths)) {}
+        : BookCopy(books, replacements, std::move(paths), Limits()) {}
+    BookCopy(Books& books, Replacements& replacements, Paths paths, const Limits& limits)
+        : books_(books), replacements_(replacements), paths_(std::move(paths)), limits_(limits) {}
 
     // Does a piece; takes some 50 ms, and 200 ms where the lock is held by somebody else. True
     // while there is more to do. Throws Failure: there is no such book, the copy would be the book
@@ -69,6 +73,7 @@ class BookCopy {
     Books& books_;
     Replacements& replacements_;
     Paths paths_;
+    Limits limits_;
     std::unique_ptr<Replacement> file_;
 
     std::optional<BookState> state_;  // of the book, since it was begun to be read

@@ -9,7 +9,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 #include "phonebook/EntryWriter.h"
@@ -264,8 +263,7 @@ TEST_F(BookCopyTest, ACopyThatIsGivenUpLeavesTheEarlierOne) {
 TEST_F(BookCopyTest, ABookThatChangesWhileItIsReadIsReadAnewAndCopiedAsItWasAtOneMoment) {
     fill(3000);
     ASSERT_TRUE(writer.add(kYellowPagesFile, personRecord("Last", "One")));
-    books.onRead = [] { std::this_thread::sleep_for(std::chrono::milliseconds(50)); };
-    BookCopy copy(books, replacements, paths());
+    BookCopy copy(books, replacements, paths(), {.longestRead = std::chrono::milliseconds(0)});
     for (int i = 0; i < 3; ++i)
         ASSERT_TRUE(copy.step());
     // The entry goes from the last slot, which is not read yet, to one that is.
@@ -310,9 +308,7 @@ TEST_F(BookCopyTest, ALockThatIsHeldForLongIsTold) {
     fill(10);
     auto held = fileBooks.open(kYellowPagesFile);
     ASSERT_TRUE(held->lock());
-    BookCopy::Paths paths = this->paths();
-    paths.patience = std::chrono::milliseconds(500);
-    BookCopy copy(books, replacements, paths);
+    BookCopy copy(books, replacements, paths(), {.patience = std::chrono::milliseconds(500)});
     EXPECT_EQ(failureOf(copy), "The file " + folder.file("DATAY.QEL") +
                                    " is in use by another copy of the program.");
     held->unlock();
