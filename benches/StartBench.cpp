@@ -5,70 +5,25 @@
 // HUGE_VELMORA: all end when they have been painted; the last two are the program in a folder with
 // such a planner. Of each, the quickest run counts.
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
+#include "benches/Processes.h"
 #include "benches/Report.h"
-#include "benches/Samples.h"
 
 namespace velmora::bench {
 namespace {
 
 constexpr int kRepetitions = 15;
 
-struct Run {
-    Milliseconds wall{};
-    Milliseconds processor{};  // user and system time
-};
-
-Milliseconds toMilliseconds(const timeval& time) {
-    return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
-}
-
-// Starts a program and waits for its end.
-Run run(const std::string& program) {
-    const auto began = std::chrono::steady_clock::now();
-    const pid_t child = ::fork();
-    if (child < 0)
-        throw std::runtime_error("no process can be started");
-    if (child == 0) {
-        ::execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
-        ::_exit(127);
-    }
-    int status = 0;
-    rusage usage{};
-    ::wait4(child, &status, 0, &usage);
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error(program + " did not end well");
-    return {std::chrono::steady_clock::now() - began,
-            toMilliseconds(usage.ru_utime) + toMilliseconds(usage.ru_stime)};
-}
-
-struct Runs {
-    std::vector<Milliseconds> wall, processor;
-
-    void add(const Run& run) {
-        wall.push_back(run.wall);
-        processor.push_back(run.processor);
-    }
-};
-
 int measure(const std::string& velmora, const std::string& bareWindow, const std::string& full,
             const std::string& huge) {
     ::setenv("VELMORA_QUIT_AFTER_FIRST_PAINT", "1", 1);
     Runs ours, bare, ourFull, ourHuge;
-    run(velmora);
-    run(bareWindow);
-    run(full);
-    run(huge);
+    for (const std::string& program : {velmora, bareWindow, full, huge})
+        (void)run(program);
     for (int i = 0; i < kRepetitions; ++i) {
         ours.add(run(velmora));
         bare.add(run(bareWindow));

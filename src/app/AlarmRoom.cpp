@@ -6,15 +6,16 @@
 
 namespace velmora {
 
-AlarmRoom::AlarmRoom(World& world, Calendar& calendar)
+AlarmRoom::AlarmRoom(World& world, Calendar& calendar, Notices& notices)
     : world_(world),
       calendar_(calendar),
       sound_(world.files),
       alarmSound_(world.settings, world.files, sound_),
       windows_(world.codePage, {.ok = [this] { alerts_.Ok(); },
                                 .snooze = [this](int minutes) { alerts_.Snooze(minutes); }}),
-      alerts_(world.settings, world.clock, windows_),
-      tick_(world.settings, world.clock, alarmSound_, alerts_, windows_, world.loop),
+      announced_(windows_, notices, world.codePage),
+      alerts_(world.settings, world.clock, announced_),
+      tick_(world.settings, world.clock, alarmSound_, alerts_, announced_, world.loop),
       editor_(world.settings, world.clock,
               [&calendar] { return calendar.leftColumn().month()->date(); }) {
     QObject::connect(&calendar, &Calendar::alarmsDue, &connections_, [this] { tick_.run(); });

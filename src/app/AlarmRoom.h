@@ -10,6 +10,7 @@
 #include "planner/AlarmSound.h"
 #include "planner/AlarmTick.h"
 #include "planner/AlertStack.h"
+#include "planner/AnnouncedAlarms.h"
 #include "planner/forms/Alarm.h"
 #include "planner/forms/DesktopAlarmWindows.h"
 #include "platform/qt/QtSound.h"
@@ -19,10 +20,12 @@ namespace velmora {
 // Builds the alarms and connects them with the main window, whose timer rings them.
 class AlarmRoom {
   public:
-    // Both must outlive the room.
-    AlarmRoom(World& world, Calendar& calendar);
+    // All must outlive the room.
+    AlarmRoom(World& world, Calendar& calendar, Notices& notices);
 
     void bindCommands(CommandSet& commands);
+
+    void bringAlertToFront() { windows_.bringAlertToFront(); }
 
     // Also rung by the events of the day.
     [[nodiscard]] const AlarmSound& sound() const { return alarmSound_; }
@@ -35,6 +38,7 @@ class AlarmRoom {
     QtSound sound_;
     AlarmSound alarmSound_;
     DesktopAlarmWindows windows_;
+    AnnouncedAlarms announced_;
     AlertStack alerts_;
     AlarmTick tick_;
     AlarmEditor editor_;

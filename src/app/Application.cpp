@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <exception>
 
+#include "core/ProductAddresses.h"
 #include "platform/FatalFailure.h"
 #include "platform/Messages.h"
 #include "platform/qt/BoxOwner.h"
@@ -18,7 +19,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The toolkit sets the user's locale for everything; numbers keep their point.
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(QString::fromLatin1(kApplicationTitle));
-    setDesktopFileName(QStringLiteral("velmora"));
+    setDesktopFileName(QString::fromStdString(desktopEntryName()));
     setWindowIcon(applicationIcon());
     setQuitOnLastWindowClosed(false);
 }

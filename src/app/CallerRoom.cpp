@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/forms/StatusBar.h"
+#include "telephony/AnnouncedCaller.h"
 #include "telephony/CallerId.h"
 #include "telephony/PhoneLog.h"
 #include "telephony/ServiceLine.h"
@@ -33,33 +34,37 @@ std::vector<CallService*> pointersTo(const std::vector<std::unique_ptr<CallServi
 // What there is only where callers are to be told.
 class CallerRoom::Desk {
   public:
-    Desk(World& world, Calendar& calendar, const PhonebookStore& store,
+    Desk(World& world, Calendar& calendar, const PhonebookStore& store, Notices& notices,
          std::vector<std::unique_ptr<CallService>> services)
         : log_(world.locations.programFolder(), world.files, world.clock, world.locale),
           form_(world.codePage),
-          callerId_({world.settings, store, log_, form_, calendar.status(), world.loop}),
+          announced_(form_, notices, world.codePage),
+          callerId_({world.settings, store, log_, announced_, calendar.status(), world.loop}),
           services_(std::move(services)),
           line_({pointersTo(services_), homeCountry(), world.codePage, world.loop,
                  [] { return std::chrono::steady_clock::now(); }}) {}
 
     [[nodiscard]] CallID& form() { return form_; }
+    [[nodiscard]] AnnouncedCaller& announced() { return announced_; }
     [[nodiscard]] CallerId& callerId() { return callerId_; }
     void listen() { callerId_.listenTo(line_); }
 
   private:
     PhoneLog log_;
     CallID form_;
+    AnnouncedCaller announced_;
     CallerId callerId_;
     std::vector<std::unique_ptr<CallService>> services_;
     ServiceLine line_;
 };
 
 CallerRoom::CallerRoom(World& world, Calendar& calendar, const PhonebookStore& store,
-                       EntryCommands& entries, CallServices services)
+                       EntryCommands& entries, Notices& notices, CallServices services)
     : world_(world),
       calendar_(calendar),
       store_(store),
       entries_(entries),
+      notices_(notices),
       services_(std::move(services)) {}
 
 CallerRoom::~CallerRoom() = default;
@@ -67,14 +72,23 @@ CallerRoom::~CallerRoom() = default;
 void CallerRoom::listen() {
     if (desk_ || !CallerId::isSwitchedOn(world_.settings))
         return;
-    desk_ = std::make_unique<Desk>(world_, calendar_, store_, services_());
+    desk_ = std::make_unique<Desk>(world_, calendar_, store_, notices_, services_());
     CallID* form = &desk_->form();
     QObject::connect(form, &CallID::lineChosen, &connections_,
                      [this](const std::string& line) { desk_->callerId().showEntry(line); });
     QObject::connect(form, &CallID::newEntryWanted, &connections_,
                      [this](const std::string& number) { makeEntry(number); });
+    QObject::connect(form, &QDialog::finished, &connections_,
+                     [this] { desk_->announced().closed(); });
     QObject::connect(&calendar_, &Calendar::closing, form, &QWidget::hide);
     desk_->listen();
+}
+
+void CallerRoom::bringReportToFront() {
+    if (!desk_ || !desk_->form().isVisible())
+        return;
+    desk_->form().present();
+    desk_->form().activateWindow();
 }
 
 // The report answers while a dialog of the main window is open; a second one can not open then.

@@ -10,6 +10,7 @@
 #include "phonebook/EntryCommands.h"
 #include "phonebook/PhonebookStore.h"
 #include "platform/CallService.h"
+#include "platform/Notices.h"
 
 namespace velmora {
 
@@ -22,12 +23,15 @@ class CallerRoom {
   public:
     // All references must outlive the room.
     CallerRoom(World& world, Calendar& calendar, const PhonebookStore& store,
-               EntryCommands& entries, CallServices services);
+               EntryCommands& entries, Notices& notices, CallServices services);
     ~CallerRoom();
 
     // Begins to listen, if the settings say so; nothing is made, and no service asked, before. To
     // be called once the window has been painted.
     void listen();
+
+    // Brings the report before all other windows, with the keys; nothing while it is closed.
+    void bringReportToFront();
 
   private:
     class Desk;
@@ -38,6 +42,7 @@ class CallerRoom {
     Calendar& calendar_;
     const PhonebookStore& store_;
     EntryCommands& entries_;
+    Notices& notices_;
     CallServices services_;
     std::unique_ptr<Desk> desk_;
     QObject connections_;  // ends them all before what they call is gone

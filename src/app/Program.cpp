@@ -6,6 +6,9 @@
 #include "core/forms/StatusBar.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
+#include "platform/qt/ActivationToken.h"
+#include "telephony/AnnouncedCaller.h"
+#include "telephony/TelephoneLink.h"
 #include "telephony/forms/DialerPage.h"
 
 namespace velmora {
@@ -15,10 +18,22 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
       dialerPage_(new DialerPage),
       calendar_(world_.codePage, world_.locale, dateOf(world_.clock.now()),
                 {new SSDay(world_.codePage), new PadEdit(world_.codePage), partsOf(*dialerPage_)}),
+      desktop_(world_.loop,
+               {.show = [this](const std::string& token) { bringToFront(token); },
+                .open =
+                    [this](const std::vector<std::string>& links, const std::string& token) {
+                        bringToFront(token);
+                        openLinks(links);
+                    },
+                .noticeClicked =
+                    [this](const std::string& subject, const std::string& token) {
+                        const ActivationToken given(token);
+                        answerNotice(subject);
+                    }}),
       windowRoom_(world_, state_, calendar_, commands_),
       phonebook_(world_, state_, calendar_),
       dialer_(world_, state_, calendar_, *dialerPage_, phonebook_.store()),
-      callers_(world_, calendar_, phonebook_.store(), phonebook_.entries(),
+      callers_(world_, calendar_, phonebook_.store(), phonebook_.entries(), desktop_.notices(),
                std::move(callServices)),
       outside_(world_, state_, calendar_, phonebook_.store()),
       jobs_(world_, calendar_),
@@ -27,7 +42,7 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
                   [this](const std::string& text) { endAfter(text); }),
       planner_(world_, state_, calendar_, windowRoom_.panes(), phonebook_.writer(),
                [this](const std::string& text) { endAfter(text); }),
-      alarms_(world_, calendar_),
+      alarms_(world_, calendar_, desktop_.notices()),
       events_(world_, calendar_,
               {.printing = jobs_.printing(),
                .ring = [this] { alarms_.sound().ring(); },
@@ -95,6 +110,29 @@ void Program::start() {
         });
     });
     startUp_.run();
+}
+
+void Program::bringToFront(const std::string& token) {
+    const ActivationToken given(token);
+    calendar_.place().bringToFront();
+}
+
+void Program::openLinks(const std::vector<std::string>& links) {
+    const std::string number = numberOfLinks(links);
+    windowRoom_.panes().show(Pane::Dialer);
+    if (number.empty())
+        calendar_.status().show("The link holds no telephone number.");
+    else
+        calendar_.setLastNumber(number);
+}
+
+void Program::answerNotice(const std::string& subject) {
+    if (subject == AnnouncedAlarms::kAlert)
+        alarms_.bringAlertToFront();
+    else if (subject == AnnouncedCaller::kCall)
+        callers_.bringReportToFront();
+    else
+        calendar_.place().bringToFront();
 }
 
 void Program::close() {

@@ -7,6 +7,7 @@
 #include "app/AlarmRoom.h"
 #include "app/CallerRoom.h"
 #include "app/DesktopCallServices.h"
+#include "app/DesktopLink.h"
 #include "app/DialerRoom.h"
 #include "app/DocPadRoom.h"
 #include "app/FaxRoom.h"
@@ -51,6 +52,17 @@ class Program {
     [[nodiscard]] Calendar& window() { return calendar_; }
     [[nodiscard]] const CommandSet& commands() const { return commands_; }
 
+    // Begins to take part in the desktop's session: it finds the program, and shows its notices. To
+    // be called once.
+    void joinDesktop() { desktop_.join(); }
+
+    // Shows the window before all others. `token` lets it come to the front where the desktop asks
+    // for one.
+    void bringToFront(const std::string& token = {});
+
+    // Shows the number of a telephone link on the keypad. Nothing is dialed.
+    void openLinks(const std::vector<std::string>& links);
+
     // Closes the window as the user does, questions included.
     void close();
 
@@ -78,6 +90,7 @@ class Program {
     void openPreferences();
     void tellOfSettings();
     void offerWhatWasCutOff();
+    void answerNotice(const std::string& subject);
     void endAfter(const std::string& utf8Text);
 
     World world_;
@@ -86,6 +99,7 @@ class Program {
     DialerPage* dialerPage_;  // the window owns it
     Calendar calendar_;
 
+    DesktopLink desktop_;
     WindowRoom windowRoom_;
     PhonebookRoom phonebook_;
     DialerRoom dialer_;

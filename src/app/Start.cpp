@@ -4,6 +4,8 @@
 #include <QSessionManager>
 #include <csignal>
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <utility>
 
 #include "app/Application.h"
@@ -11,10 +13,14 @@
 #include "platform/Failure.h"
 #include "platform/bus/SilentBus.h"
 #include "platform/controls/CalendarAccessibility.h"
+#include "platform/files/ProgramFolder.h"
+#include "platform/qt/ActivationToken.h"
 #include "platform/qt/ContextKey.h"
 #include "platform/qt/EndSignals.h"
+#include "platform/qt/PollPump.h"
 #include "platform/qt/TestIds.h"
 #include "platform/qt/Theme.h"
+#include "platform/start/StartMeeting.h"
 
 namespace velmora {
 namespace {
@@ -60,11 +66,40 @@ class KeepingAtExit {
     KeepingAtExit& operator=(const KeepingAtExit&) = delete;
 };
 
+// With VELMORA_ANOTHER=1 in the environment this start has a window of its own, whatever others
+// there are.
+Meeting meetEarlierStart() {
+    if (qEnvironmentVariable("VELMORA_ANOTHER") == QLatin1String("1"))
+        return {};
+    const auto place = meetingPlace(configurationFolder() / "settings.db", programFolder());
+    return place ? meetOtherStarts(*place, {.activationToken = tokenOfThisStart()}) : Meeting{};
+}
+
+// Later starts are heard by the event loop for as long as this lives.
+class HearingLaterStarts {
+  public:
+    HearingLaterStarts(std::unique_ptr<StartListener> listener, Program& program)
+        : listener_(std::move(listener)) {
+        if (!listener_)
+            return;
+        listener_->onSummons(
+            [&program](const Summons& summons) { program.bringToFront(summons.activationToken); });
+        pump_.emplace(*listener_);
+    }
+
+  private:
+    std::unique_ptr<StartListener> listener_;
+    std::optional<PollPump> pump_;
+};
+
 }  // namespace
 
 int runVelmora(int argc, char** argv) {
     // A write beyond a limit on file sizes is to fail like any other, not to end the program.
     std::signal(SIGXFSZ, SIG_IGN);
+    Meeting meeting = meetEarlierStart();
+    if (meeting.handedOver)
+        return 0;
     forgetSilentSessionBus();
     Application application(argc, argv);
     TestIds testIds;
@@ -88,7 +123,10 @@ int runVelmora(int argc, char** argv) {
             &application, &Application::commitDataRequest, &application,
             [&program](QSessionManager& manager) { answerSessionManager(program, manager); });
         quitAfterFirstPaintIfWanted(program);
+        QObject::connect(&program.window(), &Calendar::firstPainted, &application,
+                         [&program] { program.joinDesktop(); });
         const KeepingAtExit keeping(program);
+        const HearingLaterStarts hearing(std::move(meeting.listener), program);
         program.start();
         return program.ended() ? 0 : Application::exec();
     } catch (const Failure& failure) {

@@ -13,4 +13,8 @@ struct ProductAddresses {
 
 [[nodiscard]] ProductAddresses productAddresses();
 
+// The name under which the desktop knows the program: that of its desktop entry, without the
+// ending, and on the message bus (the CMake variable VELMORA_DESKTOP_NAME).
+[[nodiscard]] std::string desktopEntryName();
+
 }  // namespace velmora

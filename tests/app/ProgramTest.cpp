@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -237,6 +238,36 @@ TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {
     EXPECT_TRUE(test::dropOn(*pad.viewport(), task));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pad.isEmpty(); }));
     EXPECT_EQ(pad.bytes(), "Buy milk\r\n");
+}
+
+TEST_F(ProgramTest, ATelephoneLinkBringsItsNumberToTheKeypadAndDialsNothing) {
+    start();
+    program->openLinks({"tel:+1-516-555-1212"});
+    auto& number = inWindow<QLabel>("Label16");
+    EXPECT_EQ(number.text(), "+15165551212");
+    EXPECT_TRUE(number.isVisible());
+    EXPECT_TRUE(inWindow<QPushButton>("Command24").isEnabled());
+    EXPECT_FALSE(folder.has("phonelog.txt"));
+}
+
+TEST_F(ProgramTest, ALinkWithoutANumberSaysSoAndLeavesTheNumberAlone) {
+    start();
+    program->openLinks({"tel:5551212"});
+    program->openLinks({"tel:nobody"});
+    EXPECT_EQ(inWindow<QLabel>("Label16").text(), "5551212");
+    EXPECT_EQ(program->window().status().text(), "The link holds no telephone number.");
+    program->openLinks({});
+    EXPECT_EQ(inWindow<QLabel>("Label16").text(), "5551212");
+}
+
+TEST_F(ProgramTest, IsBroughtToTheFront) {
+    start();
+    program->window().showMinimized();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program->window().isMinimized(); }));
+    program->bringToFront("a-token");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&program->window()));
+    EXPECT_FALSE(program->window().isMinimized());
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN")) << "it is good for one window";
 }
 
 TEST_F(ProgramTest, NoTelephoneServiceIsAskedUnlessTheSettingSaysSo) {

@@ -220,7 +220,7 @@ class DayView(PlannerTest):
 
     def test_two_copies_on_one_folder_both_keep_their_appointments(self):
         first = self.start()
-        second = self.desk.start()
+        second = self.desk.start(VELMORA_ANOTHER="1")
         for number in range(3):
             for program, name in ((first, "first"), (second, "second")):
                 program.activate()

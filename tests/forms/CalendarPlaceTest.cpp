@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDialog>
 #include <QScreen>
 #include <cstdlib>
 
@@ -54,6 +56,15 @@ TEST_F(CalendarPlaceTest, AMinimisedWindowIsBroughtBackAsItWas) {
     EXPECT_FALSE(calendar.isMinimized());
     EXPECT_TRUE(calendar.isVisible());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&calendar));
+}
+
+TEST_F(CalendarPlaceTest, ADialogThatWaitsForItsAnswerStaysInFront) {
+    QDialog dialog(&calendar);
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    calendar.place().bringToFront();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
 }
 
 TEST_F(CalendarPlaceTest, AWindowThatReachesBeyondTheScreenIsBroughtBackOnceAfterItWasShown) {

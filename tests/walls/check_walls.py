@@ -20,6 +20,7 @@ MAY_INCLUDE = {
     "platform": [],
     "platform/files": ["platform"],
     "platform/serial": ["platform", "platform/files"],
+    "platform/start": ["platform", "platform/files"],
     "platform/bus": ["platform"],
     "platform/sqlite": ["platform", "platform/files"],
     "platform/access": ["platform"],

@@ -1,5 +1,6 @@
 #include "core/forms/CalendarPlace.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QScreen>
 
@@ -50,7 +51,11 @@ void CalendarPlace::bringToFront() {
     window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
     window_.show();
     window_.raise();
-    window_.activateWindow();
+    // A dialog that waits for its answer stays before the window, and has the keys.
+    QWidget* const asking = QApplication::activeModalWidget();
+    if (asking)
+        asking->raise();
+    (asking ? asking : &window_)->activateWindow();
 }
 
 void CalendarPlace::keepOnScreen() {

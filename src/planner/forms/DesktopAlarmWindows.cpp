@@ -25,6 +25,13 @@ void DesktopAlarmWindows::closeAlert() {
         alert_->hide();
 }
 
+void DesktopAlarmWindows::bringAlertToFront() {
+    if (!alert_ || !alert_->isVisible())
+        return;
+    alert_->raise();
+    alert_->activateWindow();
+}
+
 void DesktopAlarmWindows::warnAboveAll(const std::string& title, const std::string& text) {
     warnAboveAllWindows(title, text, codePage_);
 }

@@ -25,6 +25,9 @@ class DesktopAlarmWindows final : public AlarmWindows {
     void closeAlert() override;
     void warnAboveAll(const std::string& title, const std::string& text) override;
 
+    // Brings the alert before all other windows, with the keys; nothing while none is open.
+    void bringAlertToFront();
+
   private:
     const CodePage& codePage_;
     Answers answers_;

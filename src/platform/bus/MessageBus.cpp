@@ -50,6 +50,8 @@ bool MessageBus::goOn() {
         if (done == 0)
             return true;
         if (done < 0) {
+            for (const auto& end : ends_)
+                end();
             connection_.reset();
             return false;
         }

@@ -25,6 +25,9 @@ class MessageBus final : public Polled {
         joins_.push_back(std::move(join));
     }
 
+    // `end` is called when a connection has broken off. Its captures must outlive the bus.
+    void onEnd(std::function<void()> end) { ends_.push_back(std::move(end)); }
+
     [[nodiscard]] bool begin() override;
     [[nodiscard]] Wait wait() const override;
     [[nodiscard]] bool goOn() override;
@@ -37,6 +40,7 @@ class MessageBus final : public Polled {
 
     Kind kind_;
     std::vector<std::function<void(sd_bus& connection)>> joins_;
+    std::vector<std::function<void()>> ends_;
     std::unique_ptr<sd_bus, Close> connection_;
 };
 

@@ -10,10 +10,6 @@ namespace {
 
 constexpr QMargins kUsualFrame(1, 28, 1, 2);
 
-bool systemPlacesWindows() {
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
-
 bool isPlain(const QWidget& window) {
     return (window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
 }
@@ -41,6 +37,10 @@ QSize outsideOf(const QWidget& window) {
 }
 
 }  // namespace
+
+bool systemPlacesWindows() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
 
 QMargins frameOf(const QWidget& window) {
     if (hasFrame(window))

@@ -7,6 +7,9 @@ class QWidget;
 
 namespace velmora {
 
+// True where no program may place its windows or bring them to the front by itself.
+[[nodiscard]] bool systemPlacesWindows();
+
 // What the window manager draws around a window. It is known once a window is in view; until then
 // the answer is what another window of the program has, or a guess.
 [[nodiscard]] QMargins frameOf(const QWidget& window);
