@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "core/forms/JobBar.h"
 #include "core/forms/Rail.h"
 #include "core/forms/StatusBar.h"
 
@@ -17,6 +18,8 @@ JobRoom::JobRoom(World& world, Calendar& calendar)
       jobs_({world.loop, calendar.status(), icon_}),
       printing_({world.printer, jobs_, world.messages, world.codePage}) {
     QObject::connect(&calendar.rail(), &Rail::cancelChosen, &connections_,
+                     [this] { jobs_.cancel(); });
+    QObject::connect(&calendar.status().job(), &JobBar::cancelChosen, &connections_,
                      [this] { jobs_.cancel(); });
     QObject::connect(
         &calendar.status(), &StatusBar::fileChosen, &connections_,

@@ -53,6 +53,8 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
       reports_(world_, calendar_, phonebook_.store(), jobs_.printing(),
                {.mergePrint = [this](ReportBooks books) { letterRoom_.print(books); },
                 .endProgram = [this](const std::string& text) { endAfter(text); }}),
+      export_(world_, state_, calendar_, phonebook_.store(), jobs_.jobs(), jobs_.printing().state(),
+              [this](const std::string& text) { endAfter(text); }),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),
@@ -174,6 +176,7 @@ void Program::bindCommands() {
     fonts_.bindCommands(commands_);
     printing_.bindCommands(commands_);
     reports_.bindCommands(commands_);
+    export_.bindCommands(commands_);
     paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }

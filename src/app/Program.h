@@ -10,6 +10,7 @@
 #include "app/DesktopLink.h"
 #include "app/DialerRoom.h"
 #include "app/DocPadRoom.h"
+#include "app/ExportRoom.h"
 #include "app/FaxRoom.h"
 #include "app/FontRoom.h"
 #include "app/JobRoom.h"
@@ -115,6 +116,7 @@ class Program {
     FaxRoom fax_;
     FontRoom fonts_;
     ReportRoom reports_;
+    ExportRoom export_;
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;

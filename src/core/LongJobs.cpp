@@ -41,16 +41,17 @@ bool LongJobs::refuses() const {
     return running_;
 }
 
-bool LongJobs::run(const std::function<void(LongJob&)>& work) {
+bool LongJobs::run(const std::function<void(LongJob&)>& work, CancelIcon* icon) {
     if (refuses())
         return false;
     running_ = true;
+    icon_ = icon ? icon : &parts_.icon;
     beginAnew();
     const AtEnd end([this] {
         running_ = false;
         cancelled_ = false;
         onCancel_ = nullptr;
-        parts_.icon.showCancelIcon(false);
+        icon_->showCancelIcon(false);
     });
     LongJob job(*this);
     work(job);
@@ -60,7 +61,7 @@ bool LongJobs::run(const std::function<void(LongJob&)>& work) {
 void LongJobs::beginAnew() {
     cancelled_ = false;
     onCancel_ = nullptr;
-    parts_.icon.showCancelIcon(true);
+    icon_->showCancelIcon(true);
 }
 
 void LongJobs::cancel() {
@@ -69,7 +70,7 @@ void LongJobs::cancel() {
     cancelled_ = true;
     if (const auto hook = std::exchange(onCancel_, nullptr))
         hook();
-    parts_.icon.showCancelIcon(false);
+    icon_->showCancelIcon(false);
 }
 
 }  // namespace velmora

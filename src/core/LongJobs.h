@@ -19,7 +19,7 @@ class LongJob {
     // for every record. The job returns as soon as it may when this says false.
     [[nodiscard]] bool goOn();
 
-    // True from the moment the job is called off: `Image8` was clicked, or the program is closing.
+    // True from the moment the job is called off by the user, or the program is closing.
     [[nodiscard]] bool cancelled() const;
 
     // Progress, on the status line.
@@ -65,12 +65,13 @@ class LongJobs {
     // True while a job runs, which the status line then tells: the command that asked does nothing.
     [[nodiscard]] bool refuses() const;
 
-    // Runs a job, with `Image8` in view. False when there was one already, which the status line
-    // tells; `work` was not called then. What `work` throws passes through. `Image8` is gone and
-    // the next job may come on every way out.
-    bool run(const std::function<void(LongJob&)>& work);
+    // Runs a job, with `icon` in view by which the user calls it off: `Image8` unless another is
+    // given. False when there was one already, which the status line tells; `work` was not called
+    // then. What `work` throws passes through. The icon is gone and the next job may come on every
+    // way out.
+    bool run(const std::function<void(LongJob&)>& work, CancelIcon* icon = nullptr);
 
-    // `Image8` was clicked: the job under way is called off. Nothing without one.
+    // The icon was clicked: the job under way is called off. Nothing without one.
     void cancel();
 
     // What happens at once when the job that runs now is called off, once. Forgotten when it ends.
@@ -89,6 +90,7 @@ class LongJobs {
     friend class LongJob;
 
     Parts parts_;
+    CancelIcon* icon_ = nullptr;  // of the job that runs
     bool running_ = false;
     bool cancelled_ = false;
     std::function<void()> onCancel_;

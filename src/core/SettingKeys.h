@@ -155,6 +155,8 @@ inline constexpr TextKey Custom1OnForm{
     .name = Custom1.name, .otherwise = "Custom1:", .trimmed = true};
 inline constexpr TextKey Custom2OnForm{
     .name = Custom2.name, .otherwise = "Custom2", .trimmed = true};
+inline constexpr TextKey Custom1InExport{.name = Custom1.name};
+inline constexpr TextKey Custom2InExport{.name = Custom2.name};
 inline constexpr TextKey Custom1InSearch{
     .name = Custom1.name, .otherwise = "Custom 1", .trimmed = true};
 inline constexpr TextKey Custom2InSearch{

@@ -15,6 +15,9 @@ struct FileQuestion {
     std::string defaultExtension;  // with its point, ".txt"; put behind a name without one
     std::string filter;            // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
     std::string fileName;          // chosen already when the dialog opens; may be empty
+
+    // To save: the dialog itself asks whether a file that is there may be replaced.
+    bool asksToReplace = true;
 };
 
 // The two answers to a question.

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
 #include "core/PrintJobs.h"
 #include "core/SettingsStore.h"
-#include "phonebook/NameIndex.h"
+#include "phonebook/NamedEntries.h"
 #include "phonebook/PhonebookStore.h"
 #include "platform/Clock.h"
 #include "platform/Format.h"
@@ -37,13 +36,11 @@ struct ReportParts {
 
 // One book as a report or a listing: one job.
 //
-// All names are read and sorted first. Then each is looked up again, so that an entry prints what
-// the book holds at that moment; one that was deleted or renamed meanwhile is left out. Two entries
-// of one name stand in the list twice, and both are printed each time.
+// It prints the entries in the order and the state in which NamedEntries gives them.
 class BookReport {
   public:
     // The most names that a report takes.
-    static constexpr std::size_t kMostNames = 30001;
+    static constexpr std::size_t kMostNames = NamedEntries::kMostNames;
 
     BookReport(const ReportParts& parts, ReportKind kind, ReportSize size)
         : parts_(parts), profile_(profileOf(kind, size)) {}
@@ -58,9 +55,6 @@ class BookReport {
 
   private:
     void run(PrintRun& run);
-    [[nodiscard]] bool readNames(PrintRun& run);
-    [[nodiscard]] bool refreshIndex(PrintRun& run);
-    [[nodiscard]] bool readBook(PrintRun& run, const std::function<void(RecordView)>& see);
     void printName(PrintRun& run, ReportPages& pages, const std::string& name);
     void shrinkEditor();
     [[nodiscard]] ReportPages::Look look() const;
@@ -68,10 +62,7 @@ class BookReport {
     const ReportParts& parts_;
     const ReportProfile& profile_;
     std::string bookFile_;
-    std::optional<OpenBook> book_;
-    std::string version_;  // of the book, when it was indexed
-    std::optional<NameIndex> index_;
-    bool eventsRan_ = false;  // so that the book may be another one than when it was indexed
+    std::optional<NamedEntries> entries_;
     bool tooManyNames_ = false;
 };
 

@@ -52,6 +52,21 @@ TEST_F(LongJobsTest, AClickOnTheIconCallsTheJobOffOnce) {
     jobs.run([&](LongJob& job) { EXPECT_TRUE(job.goOn()); });
 }
 
+TEST_F(LongJobsTest, AJobMayHaveAnIconOfItsOwn) {
+    test::FakeCancelIcon own;
+    jobs.run(
+        [&](LongJob& job) {
+            EXPECT_TRUE(own.shown);
+            EXPECT_FALSE(desk.icon.shown);
+            jobs.cancel();
+            EXPECT_FALSE(own.shown);
+            EXPECT_FALSE(job.goOn());
+        },
+        &own);
+    jobs.run([&](LongJob&) { EXPECT_TRUE(desk.icon.shown); });
+    EXPECT_EQ(own.log, (std::vector<bool>{true, false}));
+}
+
 TEST_F(LongJobsTest, AClickWithoutAJobIsNothing) {
     jobs.cancel();
     jobs.run([&](LongJob& job) { EXPECT_FALSE(job.cancelled()); });

@@ -113,6 +113,17 @@ TEST_F(QtMessagesTest, BoxesGoAboveAWindowThatStaysOnTopAndOtherwiseAboveTheirOw
     }
 }
 
+TEST_F(QtMessagesTest, ADialogToSaveAsksToReplaceUnlessTheCommandDoes) {
+    for (const bool asks : {true, false}) {
+        inBox<QFileDialog>([&](QFileDialog& box) {
+            EXPECT_EQ(box.testOption(QFileDialog::DontConfirmOverwrite), !asks);
+            EXPECT_EQ(box.fileMode(), QFileDialog::AnyFile) << "a new name is accepted";
+            box.reject();
+        });
+        (void)messages.chooseFileToSave({.title = "Save", .asksToReplace = asks});
+    }
+}
+
 TEST_F(QtMessagesTest, NoBoxBelongsToAnAlertSoThatTheMainWindowWaitsForIt) {
     QMainWindow window;
     window.show();

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+#include "core/forms/JobBar.h"
 #include "platform/controls/ElidedLabel.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtText.h"
@@ -18,7 +19,10 @@ const QString kBeforeFile = QStringLiteral(":  ");
 }  // namespace
 
 StatusBar::StatusBar(const CodePage& codePage, QWidget* parent)
-    : QStatusBar(parent), codePage_(codePage), panel2_(new ElidedLabel(Qt::ElideRight, this)) {
+    : QStatusBar(parent),
+      codePage_(codePage),
+      panel2_(new ElidedLabel(Qt::ElideRight, this)),
+      job_(new JobBar(this)) {
     setObjectName(QStringLiteral("StatusBar1"));
     setSizeGripEnabled(false);
     setFixedHeight(kHeight);
@@ -35,6 +39,8 @@ StatusBar::StatusBar(const CodePage& codePage, QWidget* parent)
     // Permanent panels: the toolkit's own messages never cover them.
     addPermanentWidget(panel1);
     addPermanentWidget(panel2_, 1);
+    addPermanentWidget(job_);
+    job_->hide();  // the bar has just shown it
 }
 
 void StatusBar::show(const std::string& text) {

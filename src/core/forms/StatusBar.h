@@ -11,6 +11,8 @@ class QLabel;
 
 namespace velmora {
 
+class JobBar;
+
 // The bar at the foot of the window: a panel with the program's icon, and panel 2 with the text
 // that the whole program writes to.
 class StatusBar final : public QStatusBar, public StatusLine {
@@ -21,6 +23,9 @@ class StatusBar final : public QStatusBar, public StatusLine {
 
     void show(const std::string& text) override;
     void showFile(const std::string& text, const std::string& path) override;
+
+    // At the right end, while a job runs.
+    [[nodiscard]] JobBar& job() const { return *job_; }
 
     // The text in panel 2.
     [[nodiscard]] std::string text() const;
@@ -37,6 +42,7 @@ class StatusBar final : public QStatusBar, public StatusLine {
 
     const CodePage& codePage_;
     QLabel* panel2_;
+    JobBar* job_;
     std::optional<std::string> shown_;  // a text without a file
     QString file_;                      // that a click opens; empty without one
 };

@@ -87,6 +87,7 @@ std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
     dialog.setObjectName(QStringLiteral("FileDialog"));
     // The desktop's own dialog can not be put above ours.
     dialog.setOption(QFileDialog::DontUseNativeDialog, hasWindowOnTop());
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.asksToReplace);
     const bool open = kind == FileDialogKind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
