@@ -29,6 +29,7 @@ class PhonebookRoom {
 
     void bindCommands(CommandSet& commands);
 
+    [[nodiscard]] Books& books() { return books_; }
     [[nodiscard]] const PhonebookStore& store() const { return store_; }
     [[nodiscard]] EntryWriter& writer() { return writer_; }
     [[nodiscard]] LetterView& letters() { return letters_; }

@@ -55,6 +55,7 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
                 .endProgram = [this](const std::string& text) { endAfter(text); }}),
       export_(world_, state_, calendar_, phonebook_.store(), jobs_.jobs(), jobs_.printing().state(),
               [this](const std::string& text) { endAfter(text); }),
+      backup_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),
@@ -177,6 +178,7 @@ void Program::bindCommands() {
     printing_.bindCommands(commands_);
     reports_.bindCommands(commands_);
     export_.bindCommands(commands_);
+    backup_.bindCommands(commands_);
     paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }

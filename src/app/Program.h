@@ -5,6 +5,7 @@
 
 #include "app/AccessoriesRoom.h"
 #include "app/AlarmRoom.h"
+#include "app/BackupRoom.h"
 #include "app/CallerRoom.h"
 #include "app/DesktopCallServices.h"
 #include "app/DesktopLink.h"
@@ -117,6 +118,7 @@ class Program {
     FontRoom fonts_;
     ReportRoom reports_;
     ExportRoom export_;
+    BackupRoom backup_;
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;

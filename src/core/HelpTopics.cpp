@@ -18,6 +18,7 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Form9", "docpad"},          {"FontDialog", "fonts"},   {"PrinterDialog", "printing"},
     {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
     {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
+    {"Form11", "backup"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

@@ -51,8 +51,9 @@ class BookCopy {
     // copy can not be written or is not what was written. The copy is then given up.
     [[nodiscard]] bool step();
 
-    // How much is done, up to 1000.
-    [[nodiscard]] int permille() const;
+    // How many records the book has, as far as it is known yet, and how much is done, as records.
+    [[nodiscard]] int records() const { return static_cast<int>(size_ / kRecordSize); }
+    [[nodiscard]] int recordsDone() const;
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -15,6 +15,7 @@
 #include "platform/files/PosixFiles.h"
 #include "platform/files/PosixReplacement.h"
 #include "support/ChildProcess.h"
+#include "support/FakeJobPanel.h"
 #include "support/OrdinaryUser.h"
 #include "support/PhonebookFixture.h"
 #include "support/PrintDesk.h"
@@ -59,13 +60,6 @@ PhonebookRecord fullRecord() {
         record.assign(static_cast<Field>(i), " " + std::to_string(i) + " ");
     return record;
 }
-
-struct FakeJobPanel final : JobPanel {
-    void showCancelIcon(bool isShown) override { shown = isShown; }
-    void showProgress(int done, int all) override { progress.emplace_back(done, all); }
-    bool shown = false;
-    std::vector<std::pair<int, int>> progress;
-};
 
 // Books in memory, exported into a real file.
 class ExportTest : public testing::Test, protected test::PhonebookFixture {
@@ -117,7 +111,7 @@ class ExportTest : public testing::Test, protected test::PhonebookFixture {
 
     test::TemporaryFolder out;
     test::PrintDesk desk;
-    FakeJobPanel panel;
+    test::FakeJobPanel panel;
     PosixFiles realFiles{NativePaths(CodePage::western())};
     PosixReplacements replacements;
     Texts endings;

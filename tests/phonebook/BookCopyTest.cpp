@@ -318,13 +318,15 @@ TEST_F(BookCopyTest, ALockThatIsHeldForLongIsTold) {
 TEST_F(BookCopyTest, TheProgressGoesUpToTheWhole) {
     fill(3000);
     BookCopy copy(books, replacements, paths());
-    int last = copy.permille();
+    int last = copy.recordsDone();
     EXPECT_EQ(last, 0);
     while (copy.step()) {
-        EXPECT_GE(copy.permille(), last);
-        last = copy.permille();
+        EXPECT_GE(copy.recordsDone(), last);
+        EXPECT_LE(copy.recordsDone(), 3000);
+        last = copy.recordsDone();
     }
-    EXPECT_EQ(last, 1000);
+    EXPECT_EQ(last, 3000);
+    EXPECT_EQ(copy.records(), 3000);
 }
 
 }  // namespace
