@@ -1,9 +1,9 @@
 // Compares the start of Velmora, up to its first painted window, with that of a bare window, and
-// with its own start on planners of 100,000 and 1,000,000 appointments. The calendars are coloured
-// and the day is loaded before the window is painted, and so are the events of today; what comes
-// later is only that their window is shown. bench_start VELMORA BARE_WINDOW FULL_VELMORA
-// HUGE_VELMORA: all end when they have been painted; the last two are the program in a folder with
-// such a planner. Of each, the quickest run counts.
+// with its own start on planners of 100,000 and 1,000,000 appointments. The month on show is
+// coloured and the day is loaded before the window is painted, and so are the events of today; what
+// comes later is the colours of the days that are not on show, and the window of the events.
+// bench_start VELMORA BARE_WINDOW FULL_VELMORA HUGE_VELMORA: all end when they have been painted;
+// the last two are the program in a folder with such a planner. Of each, the quickest run counts.
 
 #include <cstdlib>
 #include <exception>

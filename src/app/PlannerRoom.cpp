@@ -174,7 +174,10 @@ void PlannerRoom::openDatabase() {
 
 void PlannerRoom::colourCalendars() {
     planner_.SetCalendarStyleSets();
-    planner_.UpdateDays();
+    planner_.BeginColours();
+    // What is posted at the first paint runs before anything is painted again.
+    QObject::connect(&calendar_, &Calendar::firstPainted, &connections_,
+                     [this] { world_.loop.post(colouring_, [this] { planner_.UpdateDays(); }); });
 }
 
 void PlannerRoom::commitEditors() {

@@ -124,7 +124,8 @@ class PlannerRoom {
     PlannerFolder folder_;
     Scheduling scheduling_;
     QMenu* Chmenu = nullptr;  // the nine scheduling commands
-    QObject connections_;     // ends them all before what they call is gone
+    WorkOwner colouring_;
+    QObject connections_;  // ends them all before what they call is gone
 };
 
 }  // namespace velmora

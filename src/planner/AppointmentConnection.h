@@ -39,11 +39,18 @@ class AppointmentConnection {
                                                              std::string_view value,
                                                              std::string_view tag) = 0;
 
-    // Shows each day that rows name with the styles that they give it, a style as often as it
-    // likes, but always so that what is shown last of a day is what its last row says, and so on
-    // backwards. The views live during the call only.
+    // Days as they are stored, in the order of their texts, both ends included.
+    struct Days {
+        std::string first;
+        std::optional<std::string> last;  // without one there is no end
+    };
+
+    // Shows each of the days that rows name with the styles that they give it, a style as often as
+    // it likes, but always so that what is shown last of a day is what its last row says, and so on
+    // backwards. Where that is no more work it may show other days, too, but never a part of what a
+    // day has. The views live during the call only.
     using VisitStyle = std::function<void(std::string_view date, std::string_view style)>;
-    virtual void visitStyles(const VisitStyle& visit) = 0;
+    virtual void visitStyles(const Days& days, const VisitStyle& visit) = 0;
 
     // The same of one day, stored as `date`.
     virtual void visitStylesOf(std::string_view date, const VisitStyle& visit) = 0;

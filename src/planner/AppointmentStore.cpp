@@ -14,6 +14,7 @@ namespace velmora {
 namespace {
 
 using Condition = AppointmentConnection::Condition;
+using VisitStyle = AppointmentConnection::VisitStyle;
 
 // Rows fetched at a time. A walk over all rows begins with one, since most callers want no more.
 constexpr std::size_t kFirstOfAll = 1;
@@ -225,32 +226,40 @@ void AppointmentStore::expectDay(std::string_view dateText) {
 }
 
 std::vector<DayStyle> AppointmentStore::DayStyles() {
-    return readStyles(true);
-}
-
-std::vector<DayStyle> AppointmentStore::NewDayStyles() {
-    return readStyles(false);
+    knownVersion_.reset();
+    return NewDayStyles();
 }
 
 // The version is read before the rows: what is written in between is seen the next time, again.
-std::vector<DayStyle> AppointmentStore::readStyles(bool all) {
-    SelectAll();
-    Refresh();
-    mustRun_ = false;
-    DayStyleCollector collector(codePage_);
-    const auto collect = [&](std::string_view date, std::string_view style) {
-        collector.add(date, style);
-    };
-    try {
+std::vector<DayStyle> AppointmentStore::NewDayStyles() {
+    return readStyles([this](const VisitStyle& collect) {
         AppointmentConnection& table = connection();
         const std::int64_t version = table.version();
-        if (all || knownVersion_ != version)
-            table.visitStyles(collect);
+        if (knownVersion_ != version)
+            table.visitStyles({}, collect);
         else
             for (const std::string& day : touched_)
                 table.visitStylesOf(day, collect);
         knownVersion_ = version;
         touched_.clear();
+    });
+}
+
+std::vector<DayStyle> AppointmentStore::DayStylesBetween(std::chrono::year_month_day first,
+                                                         std::chrono::year_month_day last) {
+    return readStyles([&](const VisitStyle& collect) {
+        connection().visitStyles({storedDay(first), storedDay(last)}, collect);
+    });
+}
+
+std::vector<DayStyle> AppointmentStore::readStyles(
+    const std::function<void(const VisitStyle&)>& read) {
+    SelectAll();
+    Refresh();
+    mustRun_ = false;
+    DayStyleCollector collector(codePage_);
+    try {
+        read([&](std::string_view date, std::string_view style) { collector.add(date, style); });
     } catch (const Failure& failure) {
         takeNote(failure);
         knownVersion_.reset();

@@ -105,6 +105,11 @@ class AppointmentStore {
     // others have written to the database since counts, too.
     [[nodiscard]] std::vector<DayStyle> NewDayStyles();
 
+    // DayStyles() of these days, both included. There may be others, too; what NewDayStyles() takes
+    // for known stays as it is.
+    [[nodiscard]] std::vector<DayStyle> DayStylesBetween(std::chrono::year_month_day first,
+                                                         std::chrono::year_month_day last);
+
     // NewDayStyles() shall have this day, whether it has changed or not.
     void expectDay(std::string_view dateText);
 
@@ -125,7 +130,8 @@ class AppointmentStore {
     [[nodiscard]] std::chrono::year presentYear() const;
     void run();
     void fetchBehind(std::int64_t number, std::size_t limit);
-    [[nodiscard]] std::vector<DayStyle> readStyles(bool all);
+    [[nodiscard]] std::vector<DayStyle> readStyles(
+        const std::function<void(const AppointmentConnection::VisitStyle&)>& read);
     void touch(const AppointmentValue& storedDay);
     void dropRows();
     void takeNote(const Failure& failure);

@@ -16,6 +16,9 @@ using std::chrono::year_month_day;
 
 constexpr const char* kNoStyle = "None";
 
+// No day on show is further away from the date of the month: six weeks are shown.
+constexpr std::chrono::days kAMonthOnShow{42};
+
 struct NamedLook {
     const char* name;
     StyleSet month;
@@ -65,10 +68,22 @@ void Planner::SetTimeLimits() {
 }
 
 void Planner::UpdateDays() {
-    const std::vector<DayStyle> days = store_.NewDayStyles();
+    colour(store_.NewDayStyles());
+    coloursAreUnread_ = store_.obstacle().has_value();
+    coloursAreBegun_ = false;
+}
+
+void Planner::BeginColours() {
+    const std::chrono::local_days date(
+        readDate(month_.Date(), pivotYear()).value_or(dateOf(clock_.now())));
+    colour(store_.DayStylesBetween(year_month_day(date - kAMonthOnShow),
+                                   year_month_day(date + kAMonthOnShow)));
+    coloursAreBegun_ = true;
+}
+
+void Planner::colour(const std::vector<DayStyle>& days) {
     ignoringErrors([&] { year_.SetDayStyles(days); });
     ignoringErrors([&] { month_.SetDayStyles(days); });
-    coloursAreUnread_ = store_.obstacle().has_value();
 }
 
 std::chrono::year Planner::pivotYear() const {
@@ -305,6 +320,8 @@ void Planner::GoToToday() {
 }
 
 void Planner::OpenYear() {
+    if (coloursAreBegun_)
+        UpdateDays();
     ignoringErrors([&] { year_.SetDate(month_.Date()); });
     desk_.ShowYearPane();
     status_.show("Double-click a date or click the caption to close.");

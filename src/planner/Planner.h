@@ -57,6 +57,11 @@ class Planner {
     // Colours all days that hold rows, as a walk over all of them would. Clears none.
     void UpdateDays();
 
+    // The same at the start, when a window is to be shown soon: colours the days around the date of
+    // the month, in which all are that the month shows. UpdateDays() must follow before another
+    // month is seen.
+    void BeginColours();
+
     // Fills the day view with the rows of SelectedDate(). An open editor must have ended before.
     void LoadDayTasks();
 
@@ -99,6 +104,7 @@ class Planner {
 
   private:
     [[nodiscard]] std::chrono::year pivotYear() const;
+    void colour(const std::vector<DayStyle>& days);
     void fillDay();
     void putAside();
     void showUnstored();
@@ -135,6 +141,7 @@ class Planner {
     std::string kept_;        // what the settings hold of them
     bool dayIsUnread_ = false;
     bool coloursAreUnread_ = false;
+    bool coloursAreBegun_ = false;    // and only begun
     bool blocksAreUnstored_ = false;  // some on show may be
     int callsToWait_ = 0;             // of TryAgain()
     int nextWait_ = 1;

@@ -20,15 +20,19 @@
 #include "forms/Widgets.h"
 #include "phonebook/PhonebookRecord.h"
 #include "phonebook/forms/Form4.h"
+#include "planner/StoredText.h"
+#include "platform/SystemClock.h"
 #include "platform/controls/DragFormats.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/PadEdit.h"
 #include "platform/controls/SSDay.h"
+#include "platform/controls/SSMonth.h"
 #include "platform/controls/TrashCan.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/qt/Theme.h"
 #include "platform/sqlite/SqliteSettings.h"
 #include "support/FakeCallService.h"
+#include "support/PlannerFixture.h"
 #include "support/TemporaryFolder.h"
 #include "telephony/forms/CallID.h"
 
@@ -203,6 +207,22 @@ TEST_F(ProgramTest, AnEmptyPlannerIsToldAsSoonAsAnEntryIsDragged) {
     status.show("");
     emit list.dragBegins();
     EXPECT_EQ(status.text(), "");
+}
+
+TEST_F(ProgramTest, TheMonthOnShowIsRedAtOnceAndEveryOtherSoonAfterwards) {
+    using namespace std::chrono;
+    const year_month_day today = dateOf(SystemClock().now());
+    const sys_days later = sys_days(today) + days(100);
+    const std::string path = folder.file("qel.mdb");
+    layDownDatabase(NativePath(path));
+    test::addRawRow(path, test::rowOn(storedDay(today), 1, "now"));
+    test::addRawRow(path, test::rowOn(storedDay(later), 2, "later"));
+    start();
+    auto& month = inWindow<SSMonth>("SSMonth1");
+    EXPECT_TRUE(test::isRed(month, today));
+    month.setDate(later);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return test::isRed(month, later); }));
+    EXPECT_FALSE(test::isRed(month, sys_days(later) - days(1)));
 }
 
 TEST_F(ProgramTest, AnEntryAndATaskAreWrittenIntoDocPad) {

@@ -140,16 +140,6 @@ class PlannerPaneTest : public testing::Test {
     }
 
     // Whether any pixel of the day's cell is exactly red.
-    template <typename Control>
-    bool isRed(Control& control, year_month_day date) {
-        const QImage image = control.grab(control.dateRect(date)).toImage();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == QColor(255, 0, 0))
-                    return true;
-        return false;
-    }
-
     static constexpr const char* kToday = "03/12/2026";
     static constexpr year_month_day kTodayDate = year(2026) / 3 / 12;
 
@@ -191,9 +181,9 @@ TEST_F(PlannerPaneTest, TypingIntoASlotAddsARow) {
     EXPECT_EQ(stored[0], (RawRow{"2026-03-12 10:42:00", "2026-03-12", "02:30 PM", "03:00 PM",
                                  "Dentist", "Event"}));
     EXPECT_EQ(day.Tasks().Item(0).TagVariant, "2026-03-12 10:42:00");
-    EXPECT_TRUE(isRed(month, kTodayDate));
-    EXPECT_FALSE(isRed(month, year(2026) / 3 / 13));
-    EXPECT_TRUE(isRed(*sheet, kTodayDate));
+    EXPECT_TRUE(test::isRed(month, kTodayDate));
+    EXPECT_FALSE(test::isRed(month, year(2026) / 3 / 13));
+    EXPECT_TRUE(test::isRed(*sheet, kTodayDate));
 }
 
 TEST_F(PlannerPaneTest, TextThatIsDroppedAddsNone) {
@@ -201,7 +191,7 @@ TEST_F(PlannerPaneTest, TextThatIsDroppedAddsNone) {
     QTest::keyClick(&editor(), Qt::Key_Escape);
     EXPECT_TRUE(rows().empty());
     EXPECT_EQ(day.Tasks().Count(), 0);
-    EXPECT_FALSE(isRed(month, kTodayDate));
+    EXPECT_FALSE(test::isRed(month, kTodayDate));
 }
 
 TEST_F(PlannerPaneTest, TypingAgainChangesTheRowThatIsThere) {
@@ -243,14 +233,14 @@ TEST_F(PlannerPaneTest, DeleteRemovesTheRowAndTheStyleOfTheDay) {
     QTest::keyClick(&day, Qt::Key_Delete);
     EXPECT_EQ(rows(), Texts{"2026-03-12 1:00 PM-2:00 PM second"});
     EXPECT_EQ(blocks(), Texts{"second"});
-    EXPECT_TRUE(isRed(month, kTodayDate)) << "another row is left on the day";
-    EXPECT_TRUE(isRed(*sheet, kTodayDate));
+    EXPECT_TRUE(test::isRed(month, kTodayDate)) << "another row is left on the day";
+    EXPECT_TRUE(test::isRed(*sheet, kTodayDate));
     QTest::mouseClick(&day, Qt::LeftButton, {}, day.blockRect(0).center());
     QTest::keyClick(&day, Qt::Key_Delete);
     EXPECT_TRUE(rows().empty());
     EXPECT_EQ(day.Tasks().Count(), 0);
-    EXPECT_FALSE(isRed(month, kTodayDate));
-    EXPECT_FALSE(isRed(*sheet, kTodayDate));
+    EXPECT_FALSE(test::isRed(month, kTodayDate));
+    EXPECT_FALSE(test::isRed(*sheet, kTodayDate));
 }
 
 TEST_F(PlannerPaneTest, OfTwoRowsWithOneTagTheFirstIsChangedAndRemoved) {

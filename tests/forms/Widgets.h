@@ -10,6 +10,9 @@
 #include <QTest>
 #include <QToolTip>
 #include <QWidget>
+#include <chrono>
+
+#include "platform/controls/CalendarControl.h"
 
 namespace velmora::test {
 
@@ -26,6 +29,16 @@ inline void showActive(QWidget& widget) {
     widget.show();
     widget.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+}
+
+// Whether something of a date on show is in the red of days with appointments.
+inline bool isRed(CalendarControl& control, std::chrono::year_month_day date) {
+    const QImage image = control.grab(control.dateRect(date)).toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y) == QColor(255, 0, 0))
+                return true;
+    return false;
 }
 
 // Brings a drag of `data` over the middle of `target`; gives whether it may be dropped there.

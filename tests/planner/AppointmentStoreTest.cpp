@@ -470,6 +470,36 @@ TEST_F(AppointmentStoreTest, GivesTheStylesOfEachDayInTheOrderOfTheirLastRow) {
     EXPECT_EQ(store.Get(Column::StyleSet), "Event");
 }
 
+TEST_F(AppointmentStoreTest, GivesTheStylesOfTheDaysBetweenTwo) {
+    using namespace std::chrono;
+    add(rowOn("2026-03-14", 1, "", "Event"));
+    add(rowOn("2026-03-12", 2, "", "Vacation"));
+    add(rowOn("2026-03-11", 3, "", "Event"));
+    add(rowOn("2026-03-12", 4, "", "Meeting"));
+    add(rowOn("2026-03-13", 5, "", "Event"));
+    add(rowOn("2026-03-12", 6, "", "Vacation"));
+    add(rowOn("2026-03-1", 7, "", "Event"));
+    add(rowOn("0999-03-12", 8, "", "Event"));
+    add(rowOn("NULL", 9, "", "Event"));
+    EXPECT_THAT(store.DayStylesBetween(year(2026) / 3 / 12, year(2026) / 3 / 13),
+                ElementsAre(DayStyle{year(2026) / 3 / 12, "Meeting"},
+                            DayStyle{year(2026) / 3 / 12, "Vacation"},
+                            DayStyle{year(2026) / 3 / 13, "Event"}));
+    EXPECT_THAT(store.DayStylesBetween(year(2026) / 3 / 15, year(2026) / 5 / 1), IsEmpty());
+    EXPECT_EQ(store.NewDayStyles().size(), 6U) << "the others are still to be told";
+}
+
+TEST_F(AppointmentStoreTest, GivesTheStylesOfTheDaysBetweenTwoFromAFileWithoutTheIndex) {
+    using namespace std::chrono;
+    add(rowOn("2026-03-12", 1, "", "Vacation"));
+    add(rowOn("2026-03-20", 2, "", "Event"));
+    add(rowOn("2026-03-12", 3, "", "Meeting"));
+    sqlite::Database(NativePath(path), sqlite::Access::ReadWrite).execute("DROP INDEX appoint_day");
+    EXPECT_THAT(store.DayStylesBetween(year(2026) / 3 / 12, year(2026) / 3 / 13),
+                testing::IsSupersetOf({DayStyle{year(2026) / 3 / 12, "Vacation"},
+                                       DayStyle{year(2026) / 3 / 12, "Meeting"}}));
+}
+
 TEST_F(AppointmentStoreTest, ServesTwoCursorsThatDoNotMoveEachOther) {
     add(rowOn("2026-03-12", 1, "a"));
     add(rowOn("2026-03-12", 2, "b"));

@@ -170,6 +170,43 @@ TEST_F(PlannerTest, LetsTheLastRowOfADayWinThatHasAKnownStyle) {
     EXPECT_EQ(SSYear1.styleOf("03/12/2026"), "Meeting");
 }
 
+TEST_F(PlannerTest, ColoursTheDaysAroundTheDateFirstAndTheOthersAfterwards) {
+    add(rowOn("2026-03-12", 1, "", "Vacation"));
+    add(rowOn("2026-02-22", 2, ""));
+    add(rowOn("2026-04-11", 3, ""));
+    add(rowOn("2025-12-24", 4, ""));
+    add(rowOn("2026-07-04", 5, ""));
+    add(rowOn("2026-03-12", 6, "", "Meeting"));
+    const std::map<std::string, std::string> around = {
+        {"02/22/2026", "Event"}, {"03/12/2026", "Meeting"}, {"04/11/2026", "Event"}};
+    std::map<std::string, std::string> all = around;
+    all["12/24/2025"] = all["07/04/2026"] = "Event";
+    planner.BeginColours();
+    EXPECT_EQ(SSMonth1.styles, around);
+    EXPECT_EQ(SSYear1.styles, around);
+    planner.TryAgain();
+    EXPECT_EQ(SSMonth1.styles, around) << "a tick of the clock comes before the window is painted";
+    planner.UpdateDays();
+    EXPECT_EQ(SSMonth1.styles, all);
+    EXPECT_EQ(SSYear1.styles, all);
+}
+
+TEST_F(PlannerTest, ColoursAllDaysBeforeAYearIsShown) {
+    add(rowOn("2026-07-04", 1, ""));
+    planner.BeginColours();
+    EXPECT_EQ(SSYear1.styleOf("07/04/2026"), "");
+    planner.OpenYear();
+    EXPECT_EQ(SSYear1.styleOf("07/04/2026"), "Event");
+    EXPECT_EQ(SSMonth1.styleOf("07/04/2026"), "Event");
+}
+
+TEST_F(PlannerTest, ColoursAllDaysWhenAnEditEndsBeforeTheOthersHadTheirTurn) {
+    add(rowOn("2026-07-04", 1, ""));
+    planner.BeginColours();
+    planner.OnTaskEditEnd(-1, false, false);
+    EXPECT_EQ(SSMonth1.styleOf("07/04/2026"), "Event");
+}
+
 TEST_F(PlannerTest, PassesOverDatesThatACalendarCanNotShow) {
     add(rowOn("0100-06-01", 1, ""));
     add(rowOn("NULL", 2, ""));

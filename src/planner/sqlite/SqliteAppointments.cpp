@@ -189,8 +189,8 @@ bool SqliteAppointments::hasIndexOfDays() {
     return columns.step() && columns.text(0) == "Date BINARY,StyleSet BINARY" && whole.step();
 }
 
-void SqliteAppointments::visitStyles(const VisitStyle& visit) {
-    if (hasIndexOfDays() && visitDistinct(visit))
+void SqliteAppointments::visitStyles(const Days& days, const VisitStyle& visit) {
+    if (hasIndexOfDays() && visitDistinct(days, visit))
         return;
     auto statement = database_.prepare(R"(SELECT "Date", "StyleSet" FROM appoint ORDER BY rowid)");
     while (statement.step())
@@ -201,14 +201,18 @@ void SqliteAppointments::visitStyles(const VisitStyle& visit) {
 // Reads the index in its order, day by day and style by style, and leaps over the rest of a style
 // that many rows of a day have: so neither many days nor many rows a day cost much. False where the
 // index of a damaged file is not in its order, which could lead in circles.
-bool SqliteAppointments::visitDistinct(const VisitStyle& visit) {
+bool SqliteAppointments::visitDistinct(const Days& days, const VisitStyle& visit) {
     // Standing on a row it keeps the table as it is, so that a leap need not lock it anew.
     auto standing = database_.prepare("SELECT 1 FROM sqlite_master");
     (void)standing.step();
     auto rows = database_.prepare(
         R"(SELECT "Date", "StyleSet", rowid FROM appoint INDEXED BY appoint_day
-           WHERE ("Date", "StyleSet") >= (?1, ?2) ORDER BY "Date", "StyleSet", rowid)");
-    rows.bindText(1, "").bindText(2, "");
+           WHERE ("Date", "StyleSet") >= (?1, ?2))" +
+        std::string(days.last ? R"( AND "Date" <= ?3)" : "") +
+        R"( ORDER BY "Date", "StyleSet", rowid)");
+    rows.bindText(1, days.first).bindText(2, "");
+    if (days.last)
+        rows.bindText(3, *days.last);
     StylesOfDay day;
     std::set<std::string, std::less<>> passed;
     const auto finish = [&] {

@@ -24,7 +24,7 @@ class SqliteAppointments final : public AppointmentConnection {
                std::vector<AppointmentRow>& rows) override;
     [[nodiscard]] std::optional<AppointmentRow> find(Condition condition, std::string_view value,
                                                      std::string_view tag) override;
-    void visitStyles(const VisitStyle& visit) override;
+    void visitStyles(const Days& days, const VisitStyle& visit) override;
     void visitStylesOf(std::string_view date, const VisitStyle& visit) override;
     void add(const Values& values) override;
     void change(std::int64_t number, const Values& values) override;
@@ -33,7 +33,7 @@ class SqliteAppointments final : public AppointmentConnection {
   private:
     void expectTable();
     [[nodiscard]] bool hasIndexOfDays();
-    [[nodiscard]] bool visitDistinct(const VisitStyle& visit);
+    [[nodiscard]] bool visitDistinct(const Days& days, const VisitStyle& visit);
     [[nodiscard]] sqlite::Statement& query(Condition condition);
     void write(sqlite::Statement& statement);
 
