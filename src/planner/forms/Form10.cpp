@@ -70,22 +70,23 @@ void Form10::connectControls() {
     connect(time_, &TimeSteppers::hourChanged, this, [this](int hour) { tasks_.setHour(hour); });
     connect(time_, &TimeSteppers::minuteChanged, this,
             [this](int minute) { tasks_.setMinute(minute); });
-    connect(List1, &EntryList::lineClicked, this, [this] {
-        tasks_.Pick(List1->selectedLine());
-        showFields();
-    });
-    connect(Command1, &QPushButton::clicked, this, [this] {
-        tasks_.Add();
-        showFields();
-        showList();
-    });
-    connect(Command2, &QPushButton::clicked, this, [this] {
-        if (!List1->hasSelection())
-            return;
-        tasks_.Remove(List1->selectedLine());
-        showList();
-    });
-    connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+    connectTasks(Command1, Command2, Command3,
+                 {.pick =
+                      [this](const std::string& line) {
+                          tasks_.Pick(line);
+                          showFields();
+                      },
+                  .add =
+                      [this] {
+                          tasks_.Add();
+                          showFields();
+                          showList();
+                      },
+                  .remove =
+                      [this](const std::string& line) {
+                          tasks_.Remove(line);
+                          showList();
+                      }});
 }
 
 void Form10::beginAnew() {

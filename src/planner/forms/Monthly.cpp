@@ -57,22 +57,23 @@ void Monthly::connectControls() {
         tasks_.setDay(day);
         showDay();
     });
-    connect(List1, &EntryList::lineClicked, this, [this] {
-        tasks_.Pick(List1->selectedLine());
-        showDay();
-    });
-    connect(Command1, &QPushButton::clicked, this, [this] {
-        tasks_.Add();
-        setBoxText(tasks_.text());
-        showList();
-    });
-    connect(Command2, &QPushButton::clicked, this, [this] {
-        if (!List1->hasSelection())
-            return;
-        tasks_.Remove(List1->selectedLine());
-        showList();
-    });
-    connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+    connectTasks(Command1, Command2, Command3,
+                 {.pick =
+                      [this](const std::string& line) {
+                          tasks_.Pick(line);
+                          showDay();
+                      },
+                  .add =
+                      [this] {
+                          tasks_.Add();
+                          setBoxText(tasks_.text());
+                          showList();
+                      },
+                  .remove =
+                      [this](const std::string& line) {
+                          tasks_.Remove(line);
+                          showList();
+                      }});
 }
 
 void Monthly::beginAnew() {

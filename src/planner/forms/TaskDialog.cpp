@@ -1,6 +1,7 @@
 #include "planner/forms/TaskDialog.h"
 
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "platform/controls/EntryList.h"
 #include "platform/qt/QtText.h"
@@ -25,6 +26,18 @@ TaskDialog::TaskDialog(const char* name, const char* title, const CodePage& code
 
 void TaskDialog::setBoxText(const std::string& text) {
     Text1->setText(toQt(text, codePage_));
+}
+
+void TaskDialog::connectTasks(QPushButton* add, QPushButton* remove, QPushButton* close,
+                              const TaskActions& actions) {
+    connect(List1, &EntryList::lineClicked, this,
+            [this, pick = actions.pick] { pick(List1->selectedLine()); });
+    connect(add, &QPushButton::clicked, this, actions.add);
+    connect(remove, &QPushButton::clicked, this, [this, removeLine = actions.remove] {
+        if (List1->hasSelection())
+            removeLine(List1->selectedLine());
+    });
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 }  // namespace velmora

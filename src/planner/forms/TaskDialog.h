@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/CodePage.h"
@@ -25,6 +26,16 @@ class TaskDialog : public Dialog {
     virtual void textTyped(const std::string& text) = 0;
 
     void setBoxText(const std::string& text);
+
+    // What a form of repetitive tasks does when a line is picked, and at its buttons. `remove` is
+    // asked with a line only.
+    struct TaskActions {
+        std::function<void(const std::string& line)> pick;
+        std::function<void()> add;
+        std::function<void(const std::string& line)> remove;
+    };
+    void connectTasks(QPushButton* add, QPushButton* remove, QPushButton* close,
+                      const TaskActions& actions);
 
     EntryList* List1;
     QLineEdit* Text1;
