@@ -15,10 +15,10 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"CallID", "callers"},        {"Faxer", "fax"},          {"Schedule", "scheduling"},
     {"Alarm", "alarms"},          {"AlarmAlert", "alarms"},  {"Form3", "tasks"},
     {"Form10", "tasks"},          {"Monthly", "tasks"},      {"TextSearch", "docpad-search"},
-    {"Form9", "docpad"},          {"FontDialog", "fonts"},   {"PrinterDialog", "printing"},
+    {"Form9", "letters"},         {"FontDialog", "fonts"},   {"PrinterDialog", "printing"},
     {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
     {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
-    {"Form11", "backup"},
+    {"Form11", "backup"},         {"Form6", "reports"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

@@ -16,6 +16,11 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("tasks", helpTopicOf("Form10"));
     EXPECT_EQ("tasks", helpTopicOf("Monthly"));
     EXPECT_EQ("docpad-search", helpTopicOf("TextSearch"));
+    EXPECT_EQ("letters", helpTopicOf("Form9"));
+    EXPECT_EQ("reports", helpTopicOf("Form6"));
+    EXPECT_EQ("envelope", helpTopicOf("Envelope"));
+    EXPECT_EQ("callers", helpTopicOf("CallID"));
+    EXPECT_EQ("fax", helpTopicOf("Faxer"));
     EXPECT_EQ("fonts", helpTopicOf("FontDialog"));
     EXPECT_EQ("printing", helpTopicOf("PrinterDialog"));
     EXPECT_EQ("calculator", helpTopicOf("Calculator"));
