@@ -27,6 +27,7 @@
 #include "core/forms/TabStops.h"
 #include "core/forms/ToolStrip.h"
 #include "platform/Messages.h"
+#include "platform/Twips.h"
 #include "platform/controls/EntryCard.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/Keypad.h"
@@ -38,7 +39,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr QSize kSmallBelow(1144, 640);
 constexpr int kToolbarHeight = 42;
 constexpr int kKeyWidth = 32;

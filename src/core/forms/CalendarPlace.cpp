@@ -5,12 +5,12 @@
 #include <QScreen>
 
 #include "core/forms/Desk.h"
+#include "platform/Twips.h"
 #include "platform/qt/WindowPlace.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr QSize kFirstOutside(1280, 800);  // with the frame
 
 }  // namespace

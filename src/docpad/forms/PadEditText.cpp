@@ -2,14 +2,10 @@
 
 #include <utility>
 
+#include "platform/Twips.h"
 #include "platform/controls/PadEdit.h"
 
 namespace velmora {
-namespace {
-
-constexpr int kTwipsPerPixel = 15;
-
-}  // namespace
 
 PadEditText::PadEditText(PadEdit& edit) : edit_(edit) {
     connect(&edit_, &PadEdit::textChanged, this, [this] {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/Failure.h"
+#include "platform/Twips.h"
 #include "platform/controls/DialogButton.h"
 #include "platform/controls/EntryList.h"
 #include "platform/controls/ListFrame.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr int kRowGap = 12;
 constexpr QSize kFormSize(540, 306);
-constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kBesideCorner(620 / kTwipsPerPixel, 50 / kTwipsPerPixel);
 constexpr int kInterval = 60000;  // milliseconds
 
