@@ -20,7 +20,7 @@ struct CloseDownParts {
 // The one way out: window closed, menu, toolbar, end of the desktop session, a signal.
 //
 // A session first has every program get ready, for an end that another program may still call off;
-// mayEnd() and keepAll() are for that, and the end itself comes later.
+// keepAll() is for that, and the end itself comes later.
 class CloseDown {
   public:
     CloseDown(Tray& tray, CloseDownParts parts);

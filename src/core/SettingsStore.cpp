@@ -19,7 +19,7 @@ std::string valueOf(const TextKey& key, std::string stored) {
     return value.empty() ? std::string(key.otherwise) : value;
 }
 
-// Only A to Z change, as in the texts of the switches and choices themselves.
+// The switches and choices are texts of A to Z, which are the same in every code page.
 std::string upper(std::string_view text) {
     return CodePage::western().upper(trimBlanks(text));
 }

@@ -57,6 +57,7 @@ class MergePrint {
         ControlFont font;
         LetterStyle style;
     };
+
     bool mergeBook(PrintSeries& series, std::int16_t book);
     void printLetters(PrintRun& run, const std::string& bookFile, const Letter& letter);
     [[nodiscard]] bool readNames(PrintRun& run, const std::string& bookFile);
