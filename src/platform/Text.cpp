@@ -10,7 +10,6 @@ namespace velmora {
 namespace {
 
 constexpr std::string_view kBlank = " ";
-constexpr std::string_view kBlankOrNul{" \0", 2};
 
 std::string replaceLineEnds(std::string_view text, std::string_view lineEnd) {
     std::string result;
@@ -44,10 +43,6 @@ std::string_view trimBlanks(std::string_view text) {
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
-}
-
-bool isBlankOrNul(std::string_view text) {
-    return text.find_first_not_of(kBlankOrNul) == std::string_view::npos;
 }
 
 std::string_view fieldText(std::string_view rawField) {

@@ -10,9 +10,6 @@ namespace velmora {
 // Cuts blanks (0x20) at both ends; tabs, line ends and NULs stay.
 [[nodiscard]] std::string_view trimBlanks(std::string_view text);
 
-// True for a text of blanks and NULs in any mix, the empty text too.
-[[nodiscard]] bool isBlankOrNul(std::string_view text);
-
 // What a reader sees of a fixed-width field: trailing blanks and NULs off, then leading blanks.
 [[nodiscard]] std::string_view fieldText(std::string_view rawField);
 

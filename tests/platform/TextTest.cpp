@@ -26,12 +26,6 @@ TEST(Text, AFieldReadsWithoutItsPaddingOfBlanksAndNuls) {
     EXPECT_EQ(fieldText("a\0b "s), "a\0b"s);
 }
 
-TEST(Text, BlankOrNulTakesAnyMixOfBoth) {
-    EXPECT_TRUE(isBlankOrNul(""));
-    EXPECT_TRUE(isBlankOrNul(" \0 "s));
-    EXPECT_FALSE(isBlankOrNul("\t"));
-}
-
 TEST(Text, NumbersAreReadLeniently) {
     struct Row {
         const char* text;
