@@ -66,7 +66,9 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       week_(world, month_, calendar),
       desk_(
           calendar, Picture6, panes, [this] { openSchedule(); }, week_, std::move(endProgram)),
-      places_(accessReader_, world.messages, world.codePage, world.files),
+      patient_(world.loop, calendar.status(), input_),
+      places_(accessReader_, world.messages, world.codePage, world.files,
+              [this](const std::function<void()>& work) { runPatiently(work); }),
       source_(world.files),
       store_(world.codePage, world.clock, source_),
       countingStore_(world.codePage, world.clock, source_, std::chrono::milliseconds(0)),
@@ -89,6 +91,13 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
 // The month outlives the room.
 PlannerRoom::~PlannerRoom() {
     calendar_.leftColumn().month()->setCounter({});
+}
+
+void PlannerRoom::runPatiently(const std::function<void()>& work) {
+    if (calendar_.isVisible())
+        patient_.run(work);
+    else
+        patient_.runAlone(work);
 }
 
 void PlannerRoom::connectControls() {

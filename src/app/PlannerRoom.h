@@ -11,6 +11,7 @@
 #include "app/World.h"
 #include "core/CommandSet.h"
 #include "core/PaneSwitch.h"
+#include "core/PatientCommand.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
 #include "phonebook/EntryWriter.h"
@@ -26,6 +27,7 @@
 #include "planner/sqlite/PlannerFiles.h"
 #include "planner/sqlite/SqliteAppointments.h"
 #include "platform/access/ChildAccessReader.h"
+#include "platform/qt/QtUserInput.h"
 
 class QAction;
 class QMenu;
@@ -91,6 +93,7 @@ class PlannerRoom {
     void commitEditors();
 
   private:
+    void runPatiently(const std::function<void()>& work);
     void connectControls();
     void makeSchedulingMenu();
     void openSchedule();
@@ -114,6 +117,8 @@ class PlannerRoom {
     WeekWindow week_;
     CalendarPlannerDesk desk_;
 
+    QtUserInput input_;
+    PatientCommand patient_;
     access::ChildAccessReader accessReader_;
     PlannerFiles places_;
     SqliteAppointmentSource source_;

@@ -143,8 +143,19 @@ void Program::close() {
 }
 
 void Program::endWithoutAsking() {
+    const Patience::Replaced patient = patientToTheEnd();
     closeDown_.runWithoutAsking();
     QCoreApplication::exit(0);
+}
+
+void Program::keepAll() {
+    const Patience::Replaced patient = patientToTheEnd();
+    closeDown_.keepAll();
+}
+
+// What the settings do not take now is lost.
+Patience::Replaced Program::patientToTheEnd() {
+    return {world_.settingsMedium.patience(), std::chrono::seconds(5)};
 }
 
 bool Program::hasToAsk() const {
@@ -184,7 +195,10 @@ void Program::bindCommands() {
 }
 
 void Program::connectEnd() {
-    calendar_.onCloseRequest([this] { return closeDown_.run(); });
+    calendar_.onCloseRequest([this] {
+        const Patience::Replaced patient = patientToTheEnd();
+        return closeDown_.run();
+    });
     QObject::connect(&calendar_, &Calendar::closing, &connections_,
                      [] { QCoreApplication::exit(0); });
 }

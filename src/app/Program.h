@@ -72,7 +72,7 @@ class Program {
     void endWithoutAsking();
 
     // Keeps what is unsaved for the next start. The program may go on.
-    void keepAll() { closeDown_.keepAll(); }
+    void keepAll();
 
     // The end of the desktop session, in two steps, since it may still be called off between them.
     // The question about unsaved text comes first, where there is one and it can be asked; false
@@ -94,6 +94,7 @@ class Program {
     void offerWhatWasCutOff();
     void answerNotice(const std::string& subject);
     void endAfter(const std::string& utf8Text);
+    [[nodiscard]] Patience::Replaced patientToTheEnd();
 
     World world_;
     SharedState state_;

@@ -28,6 +28,11 @@ void PatientCommand::run(const std::function<void()>& work) {
     status_.show("");
 }
 
+void PatientCommand::runAlone(const std::function<void()>& work) {
+    for (int tries = 1; !works(work, tries < kTries); ++tries)
+        loop_.freeze(kBetweenTries);
+}
+
 bool PatientCommand::works(const std::function<void()>& work, bool mayTryAgain) const {
     try {
         work();

@@ -22,6 +22,9 @@ class PatientCommand {
     // is closing.
     void run(const std::function<void()>& work);
 
+    // The same before there is a window: nothing else runs meanwhile.
+    void runAlone(const std::function<void()>& work);
+
   private:
     [[nodiscard]] bool works(const std::function<void()>& work, bool mayTryAgain) const;
 

@@ -20,6 +20,27 @@ class Patience {
     // before. False, without waiting, when the patience is at its end.
     [[nodiscard]] bool wait(int timesBefore);
 
+    // While one lives the longest wait is another one, counted anew.
+    class Replaced {
+      public:
+        Replaced(Patience& patience, std::chrono::milliseconds most)
+            : patience_(patience), most_(patience.most_), spent_(patience.spent_) {
+            patience.most_ = most;
+            patience.spent_ = {};
+        }
+        ~Replaced() {
+            patience_.most_ = most_;
+            patience_.spent_ = spent_;
+        }
+        Replaced(const Replaced&) = delete;
+        Replaced& operator=(const Replaced&) = delete;
+
+      private:
+        Patience& patience_;
+        Duration most_;
+        Duration spent_;
+    };
+
     // While one lives nothing is waited for.
     class Suspended {
       public:

@@ -62,6 +62,28 @@ TEST_F(PatientCommandTest, GivesUpAfterSomeFiveSecondsAndSaysWhy) {
     EXPECT_EQ(status.text, "Waiting: another copy of Velmora is using the file.");
 }
 
+TEST_F(PatientCommandTest, WaitsAloneWhereThereIsNoWindowYet) {
+    patient.runAlone([&] {
+        if (++tries <= 3)
+            throw StorageFailure("in use", Obstacle::InUse);
+    });
+    EXPECT_EQ(tries, 4);
+    EXPECT_EQ(loop.frozen, 300ms);
+    EXPECT_EQ(loop.waited, 0ms);
+    EXPECT_EQ(input.times, 0);
+}
+
+TEST_F(PatientCommandTest, GivesUpAloneAfterSomeFiveSeconds) {
+    const auto work = [&] {
+        ++tries;
+        throw StorageFailure("in use", Obstacle::InUse);
+    };
+    EXPECT_THROW(patient.runAlone(work), StorageFailure);
+    const auto all = loop.frozen + tries * 200ms;
+    EXPECT_GE(all, 4500ms);
+    EXPECT_LE(all, 5500ms);
+}
+
 TEST_F(PatientCommandTest, WaitsForNothingElse) {
     EXPECT_THROW(patient.run([] { throw StorageFailure("full", Obstacle::DiskFull); }), Failure);
     EXPECT_THROW(patient.run([] { throw Failure("damaged"); }), Failure);

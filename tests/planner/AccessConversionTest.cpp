@@ -200,7 +200,8 @@ class PlannerFilesTest : public AccessConversionTest {
         store.OpenDatabase(at);
     }
 
-    PlannerFiles places{reader, messages, CodePage::western(), test::samePaths()};
+    PlannerFiles places{reader, messages, CodePage::western(), test::samePaths(),
+                        [](const std::function<void()>& work) { work(); }};
     AppointmentStore store{CodePage::western(), clock, test::appointmentSource()};
 };
 

@@ -122,7 +122,8 @@ TEST(NumberedListCrash, TwoProgramsLoseNoAlarmOfEachOther) {
     { const SqliteSettings made{NativePath(path)}; }
     const auto append = [&](const std::string& name) {
         return [&path, name](const auto&) {
-            SqliteSettings medium{NativePath(path)};
+            // Both write without a pause, which no user does.
+            SqliteSettings medium{NativePath(path), std::chrono::minutes(1)};
             SettingsStore settings(medium);
             for (int i = 0; i < 100; ++i)
                 alarmsIn(settings).append("10:00", name);

@@ -140,7 +140,8 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     AppointmentStore store{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    PlannerFiles places{reader, messages, CodePage::western(), files};
+    PlannerFiles places{reader, messages, CodePage::western(), files,
+                        [](const std::function<void()>& work) { work(); }};
     PlannerFolder plannerFolder{locations, places, store, planner, desk, messages};
 
     void SetUp() override {

@@ -5,7 +5,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/Failure.h"
+#include "platform/StorageFailure.h"
+#include "platform/sqlite/Database.h"
 #include "support/TemporaryFolder.h"
 
 namespace velmora {
@@ -83,6 +84,28 @@ TEST_F(SqliteSettingsTest, ReadingLeavesTheOtherCopyFreeToWrite) {
     EXPECT_EQ(first.read("Tasks\\1"), "new");
 }
 
+TEST_F(SqliteSettingsTest, GivesUpSoonWhereAnotherCopyHoldsTheFile) {
+    SqliteSettings settings{NativePath(path)};
+    settings.save("A", "old");
+    {
+        sqlite::Database other(NativePath(path), sqlite::Access::ReadWrite);
+        const sqlite::Transaction writing(other);
+        const auto began = std::chrono::steady_clock::now();
+        for (int i = 0; i < 3; ++i) {
+            try {
+                settings.save("A", "new");
+                ADD_FAILURE() << "saved past a lock";
+            } catch (const StorageFailure& failure) {
+                EXPECT_EQ(failure.obstacle(), Obstacle::InUse);
+            }
+        }
+        EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(2));
+        EXPECT_EQ(settings.read("A"), "old");
+    }
+    settings.save("A", "new");
+    EXPECT_EQ(settings.read("A"), "new");
+}
+
 TEST_F(SqliteSettingsTest, ABatchThatThrowsKeepsNothing) {
     SqliteSettings settings{NativePath(path)};
     settings.save("A", "old");
@@ -102,7 +125,8 @@ TEST_F(SqliteSettingsTest, TwoCopiesOfTheProgramNeverLoseEachOthersKeys) {
     constexpr int kKeys = 300;
     { const SqliteSettings made{NativePath(path)}; }
     const auto saveAll = [&](const std::string& prefix) {
-        SqliteSettings settings{NativePath(path)};
+        // Without a pause, which no user does.
+        SqliteSettings settings{NativePath(path), std::chrono::minutes(1)};
         for (int i = 0; i < kKeys; ++i)
             settings.save(prefix + std::to_string(i), "x");
     };

@@ -23,7 +23,7 @@ namespace velmora {
 namespace {
 
 constexpr const char* kTable = "appoint";
-constexpr std::chrono::seconds kPatience{5};
+constexpr std::chrono::milliseconds kPatience{200};
 
 // Texts in an old table with years of two digits, if there are any, are of its own time.
 constexpr std::chrono::year kPivotYear{2000};

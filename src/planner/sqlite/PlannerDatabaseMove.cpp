@@ -1,5 +1,6 @@
 #include "planner/sqlite/PlannerDatabaseMove.h"
 
+#include <chrono>
 #include <optional>
 
 #include "planner/sqlite/PlannerDatabase.h"
@@ -13,13 +14,15 @@ namespace velmora {
 
 namespace {
 
+constexpr std::chrono::milliseconds kPatience{200};
+
 // Keeps writers out of a database as long as it lives; what a crash left undone in the file is put
 // right first. Closing any other handle of this process on the file would end it early.
 class StandStill {
   public:
     // `begin`: how the transaction begins that stands for all that time.
     StandStill(const NativePath& path, const char* begin)
-        : database_(path, sqlite::Access::ReadWrite) {
+        : database_(path, sqlite::Access::ReadWrite, kPatience) {
         database_.execute(begin);
         (void)database_.prepare("SELECT 1 FROM sqlite_master").step();
     }

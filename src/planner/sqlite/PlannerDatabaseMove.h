@@ -10,8 +10,9 @@ namespace velmora {
 // happens when both are one file, or hold the same bytes. The copy is whole even while other
 // copies of the program write to `from`.
 //
-// Throws Failure when `from` is no planner database, when either file is in use for too long, or
-// when the copy can not be written; what was at `to` is then still there.
+// Throws Failure when `from` is no planner database or when the copy can not be written, and
+// StorageFailure (Obstacle::InUse) when either file is in use for more than a fifth of a second;
+// what was at `to` is then still there.
 void copyPlannerDatabase(const NativePath& from, const NativePath& to);
 
 }  // namespace velmora

@@ -11,7 +11,8 @@ void PlannerFiles::prepare(const std::string& path) {
     if (kindOfDatabase(file) != DatabaseKind::Access)
         return;
     try {
-        const std::string original = conversion_.convert(file);
+        std::string original;
+        patiently_([&] { original = conversion_.convert(file); });
         if (!original.empty())
             messages_.tell(kApplicationTitle,
                            "The planner database \"" + path +
@@ -32,7 +33,7 @@ bool PlannerFiles::isThere(const std::string& path) const {
 }
 
 void PlannerFiles::copy(const std::string& from, const std::string& to) {
-    copyPlannerDatabase(paths_.nativePath(from), paths_.nativePath(to));
+    patiently_([&] { copyPlannerDatabase(paths_.nativePath(from), paths_.nativePath(to)); });
 }
 
 }  // namespace velmora

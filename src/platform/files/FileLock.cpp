@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "platform/Failure.h"
+#include "platform/StorageFailure.h"
 #include "platform/files/FileIdentity.h"
 
 namespace velmora {
@@ -59,7 +59,8 @@ void letLockGo(const FileDescriptor& file) {
 FileLock::FileLock(const NativePath& path, std::chrono::milliseconds patience)
     : file_(openToLock(path)) {
     if (takeLock(file_, patience) == LockOutcome::InUse)
-        throw Failure("\"" + path.utf8() + "\" is in use by another program.");
+        throw StorageFailure("\"" + path.utf8() + "\" is in use by another program.",
+                             Obstacle::InUse);
 }
 
 bool FileLock::isOn(const NativePath& path) const {

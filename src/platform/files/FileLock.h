@@ -22,7 +22,8 @@ void letLockGo(const FileDescriptor& file);
 // Where there are none, none is held.
 class FileLock {
   public:
-    // Throws Failure when the file can not be opened, or is locked for longer than the patience.
+    // Throws Failure when the file can not be opened, and StorageFailure (Obstacle::InUse) when it
+    // is locked for longer than the patience.
     FileLock(const NativePath& path, std::chrono::milliseconds patience);
 
     // True as long as `path` means the file that was locked.

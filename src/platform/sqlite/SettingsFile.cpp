@@ -80,10 +80,10 @@ void prepareToWrite(Database& database) {
     transaction.commit();
 }
 
-Database openedToWrite(const NativePath& path) {
+Database openedToWrite(const NativePath& path, Patience& patience) {
     if (hasForeignHead(path))
         throw NoSettings("The settings are of an unknown version.");
-    Database database(path, Access::ReadWriteOrCreate);
+    Database database(path, Access::ReadWriteOrCreate, patience);
     try {
         prepareToWrite(database);
     } catch (const NoSettings&) {
@@ -121,38 +121,38 @@ Database copiedToMemory(Database from) {
 }
 
 // The ways to read a file that can not be written, from the plainest on.
-Database opened(const NativePath& path, int way) {
+Database opened(const NativePath& path, int way, Patience& patience) {
     if (way == 0)
-        return Database(path, Access::ReadOnly);
+        return Database(path, Access::ReadOnly, patience);
     if (way == 2)
-        return Database(path, Access::AsItLies);
+        return Database(path, Access::AsItLies, patience);
     // The log of a database needs a file beside it that other programs share, for which a full
     // disk has no room; who is alone needs none.
-    Database database(path, Access::ReadWrite);
+    Database database(path, Access::ReadWrite, patience);
     database.execute("PRAGMA locking_mode = EXCLUSIVE");
     return database;
 }
 
 }  // namespace
 
-Database openSettingsToWrite(const NativePath& path) {
+Database openSettingsToWrite(const NativePath& path, Patience& patience) {
     makePrivateFile(path);
     try {
-        return openedToWrite(path);
+        return openedToWrite(path, patience);
     } catch (const NoSettings&) {
         // To the engine a disk that did not give some bytes looks like bytes that are wrong.
         requireReadable(path);
-        return openedToWrite(path);
+        return openedToWrite(path, patience);
     }
 }
 
-Database settingsAsTheyAre(const NativePath& path) {
+Database settingsAsTheyAre(const NativePath& path, Patience& patience) {
     if (!isNameTaken(path))
         return emptyInMemory();
     constexpr int kLastWay = 2;
     for (int way = 0;; ++way) {
         try {
-            return copiedToMemory(opened(path, way));
+            return copiedToMemory(opened(path, way, patience));
         } catch (const Failure&) {
             if (way == kLastWay)
                 throw;

@@ -10,6 +10,8 @@
 namespace velmora {
 namespace {
 
+constexpr std::chrono::seconds kPatienceToOpen{5};
+
 // Lets go of the lock that a statement holds while it stands on a row.
 class Reading {
   public:
@@ -43,10 +45,12 @@ SqliteSettings::Opened::Opened(sqlite::Database opened)
                             "ON CONFLICT(key) DO UPDATE SET value = ?2")),
       remove(database.prepare("DELETE FROM settings WHERE key = ?1")) {}
 
-SqliteSettings::SqliteSettings(NativePath path) : path_(std::move(path)) {
+SqliteSettings::SqliteSettings(NativePath path, std::chrono::milliseconds patience)
+    : path_(std::move(path)), patience_(patience) {
+    const Patience::Replaced alone(patience_, kPatienceToOpen);
     const auto found = identityOf(path_);
     try {
-        opened_.emplace(sqlite::openSettingsToWrite(path_));
+        opened_.emplace(sqlite::openSettingsToWrite(path_, patience_));
     } catch (const sqlite::NoSettings& failure) {
         // Another copy of the program that starts may have put it aside by now.
         if (!found || identityOf(path_) == found)
@@ -69,7 +73,7 @@ void SqliteSettings::putAsideAndBeginAnew(const std::string& why) {
 
 void SqliteSettings::openAnew() {
     try {
-        opened_.emplace(sqlite::openSettingsToWrite(path_));
+        opened_.emplace(sqlite::openSettingsToWrite(path_, patience_));
     } catch (const Failure& failure) {
         openToRead(failure.what());
     }
@@ -77,7 +81,7 @@ void SqliteSettings::openAnew() {
 
 void SqliteSettings::openToRead(const std::string& why) {
     whyReadOnly_ = why;
-    ignoringErrors([&] { opened_.emplace(sqlite::settingsAsTheyAre(path_)); });
+    ignoringErrors([&] { opened_.emplace(sqlite::settingsAsTheyAre(path_, patience_)); });
 }
 
 SqliteSettings::Opened& SqliteSettings::toRead() const {
@@ -88,7 +92,7 @@ SqliteSettings::Opened& SqliteSettings::toRead() const {
 
 SqliteSettings::Opened& SqliteSettings::toWrite() {
     if (whyReadOnly_) {
-        sqlite::Database database = sqlite::openSettingsToWrite(path_);
+        sqlite::Database database = sqlite::openSettingsToWrite(path_, patience_);
         opened_.emplace(std::move(database));
         whyReadOnly_.reset();
     }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/NativePath.h"
+#include "platform/Patience.h"
 #include "platform/SettingsMedium.h"
 #include "platform/sqlite/Database.h"
 
@@ -20,8 +22,13 @@ class SqliteSettings final : public SettingsMedium {
   public:
     // Opens the file, or makes it in a folder that is there. A file that is damaged, or holds
     // something else than settings, is put aside under its name plus ".damaged", never deleted,
-    // and settings begin anew. Throws no Failure.
-    explicit SqliteSettings(NativePath path);
+    // and settings begin anew. Throws no Failure. Another program's lock is waited for some
+    // seconds here, as no window is held up yet, and for `patience` later on.
+    explicit SqliteSettings(NativePath path,
+                            std::chrono::milliseconds patience = std::chrono::milliseconds(200));
+
+    // What waits for locks.
+    [[nodiscard]] Patience& patience() { return patience_; }
 
     // Where a damaged file was put aside, if one was.
     [[nodiscard]] const std::optional<NativePath>& putAside() const { return putAside_; }
@@ -55,6 +62,7 @@ class SqliteSettings final : public SettingsMedium {
     [[nodiscard]] Opened& toRead() const;
 
     NativePath path_;
+    Patience patience_;
     mutable std::optional<Opened> opened_;  // nothing where not even reading is possible
     std::optional<NativePath> putAside_;
     std::optional<std::string> whyReadOnly_;
