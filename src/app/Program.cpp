@@ -56,6 +56,7 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
       export_(world_, state_, calendar_, phonebook_.store(), jobs_.jobs(), jobs_.printing().state(),
               [this](const std::string& text) { endAfter(text); }),
       backup_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
+      copies_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),

@@ -7,6 +7,7 @@
 #include "app/AlarmRoom.h"
 #include "app/BackupRoom.h"
 #include "app/CallerRoom.h"
+#include "app/CopiesRoom.h"
 #include "app/DesktopCallServices.h"
 #include "app/DesktopLink.h"
 #include "app/DialerRoom.h"
@@ -120,6 +121,7 @@ class Program {
     ReportRoom reports_;
     ExportRoom export_;
     BackupRoom backup_;
+    CopiesRoom copies_;
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;

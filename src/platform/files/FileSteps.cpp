@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/Failure.h"
+#include "platform/files/FileComparison.h"
 #include "platform/files/FileDescriptor.h"
 #include "platform/files/TemporaryName.h"
 
@@ -55,16 +56,11 @@ std::optional<std::string> headOf(const NativePath& path, std::size_t limit) {
 bool sameBytes(const NativePath& a, const NativePath& b) {
     bool same = false;
     ignoringErrors([&] {
-        const FileDescriptor first = openOrFail(a, O_RDONLY);
-        const FileDescriptor second = openOrFail(b, O_RDONLY);
-        std::string left;
-        std::string right;
-        for (std::size_t offset = 0;; offset += kBlock) {
-            const std::string_view block = blockAt(first, a, offset, left);
-            same = block == blockAt(second, b, offset, right);
-            if (!same || block.size() < kBlock)
-                return;
-        }
+        FileComparison comparison(a, b);
+        FileComparison::Result result = comparison.step();
+        while (result == FileComparison::Result::Unknown)
+            result = comparison.step();
+        same = result == FileComparison::Result::Same;
     });
     return same;
 }

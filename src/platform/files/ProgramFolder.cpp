@@ -54,4 +54,8 @@ NativePath configurationFolder() {
     return userFolder("XDG_CONFIG_HOME", ".config", kForOwner);
 }
 
+NativePath stateFolder() {
+    return userFolder("XDG_STATE_HOME", ".local/state", kForOwner);
+}
+
 }  // namespace velmora

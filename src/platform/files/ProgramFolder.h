@@ -14,4 +14,8 @@ namespace velmora {
 // made, opening a file in it says why.
 [[nodiscard]] NativePath configurationFolder();
 
+// The folder of what the program keeps for itself about its runs, such as copies of the data, made
+// when it is missing, for its owner only. Where it can not be made, opening a file in it says why.
+[[nodiscard]] NativePath stateFolder();
+
 }  // namespace velmora
