@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* kWait = "Please Wait While Exporting... This can take a long time.";
 
-// The event loop runs after so many names.
-constexpr int kNamesPerTurn = 32;
+// The event loop runs after so many lines.
+constexpr int kLinesPerTurn = 32;
 
 // What the export knows of itself ends with it, and the book of reports is what it was.
 class StateOfRun {
@@ -166,29 +166,39 @@ void Export::writeBook(LongJob& job, ExportFile& file, const std::string& separa
     state.ReportCount = static_cast<int>(state.ReportNames.size());
     for (state.ReportIndex = 0; state.ReportIndex < state.ReportCount; ++state.ReportIndex) {
         job.tell(kWait);
-        writeName(entries, file, separator);
-        if (state.ReportIndex % kNamesPerTurn != 0)
-            continue;
-        file.write();
-        parts_.panel.showProgress(state.ReportIndex, state.ReportCount);
-        entries.eventsRan();
-        if (!job.goOn())
+        if (!writeName(job, entries, file, separator))
             return;
     }
 }
 
 // A name that is not found is that of an entry which was deleted meanwhile, or holds a comma.
-void Export::writeName(NamedEntries& entries, ExportFile& file, const std::string& separator) {
+// False when the job was called off.
+bool Export::writeName(LongJob& job, NamedEntries& entries, ExportFile& file,
+                       const std::string& separator) {
     const std::string& name =
         parts_.state.ReportNames[static_cast<std::size_t>(parts_.state.ReportIndex)];
     bool found = false;
+    bool goesOn = true;
     entries.forEach(WantedName(name, parts_.store.codePage()), [&](RecordView record) {
         found = true;
         writeLine(file, record, separator);
-        return true;
+        goesOn = turn(job, entries, file);
+        return goesOn;
     });
-    if (!found)
-        ++counts_.notFound;
+    if (found)
+        return goesOn;
+    ++counts_.notFound;
+    return turn(job, entries, file);
+}
+
+bool Export::turn(LongJob& job, NamedEntries& entries, ExportFile& file) {
+    if (++sinceTurn_ < kLinesPerTurn)
+        return true;
+    sinceTurn_ = 0;
+    file.write();
+    parts_.panel.showProgress(parts_.state.ReportIndex + 1, parts_.state.ReportCount);
+    entries.eventsRan();
+    return job.goOn();
 }
 
 void Export::writeLine(ExportFile& file, RecordView record, const std::string& separator) {

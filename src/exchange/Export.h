@@ -71,7 +71,9 @@ class Export {
 
     void write(LongJob& job, const Wish& wish);
     void writeBook(LongJob& job, ExportFile& file, const std::string& separator);
-    void writeName(NamedEntries& entries, ExportFile& file, const std::string& separator);
+    [[nodiscard]] bool writeName(LongJob& job, NamedEntries& entries, ExportFile& file,
+                                 const std::string& separator);
+    [[nodiscard]] bool turn(LongJob& job, NamedEntries& entries, ExportFile& file);
     void writeLine(ExportFile& file, RecordView record, const std::string& separator);
     [[nodiscard]] std::string header(const std::string& separator) const;
     [[nodiscard]] std::vector<std::string> whatIsMissing(const ExportFile& file) const;
@@ -79,7 +81,8 @@ class Export {
     Parts parts_;
     Counts counts_;
     std::string lastPath_;
-    std::string line_;  // in hand
+    std::string line_;   // in hand
+    int sinceTurn_ = 0;  // lines, since events ran
     bool tooManyNames_ = false;
 };
 
