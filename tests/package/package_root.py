@@ -16,6 +16,7 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build"
+LONGEST_MAKING = 300  # seconds; a registry that does not answer is done without
 ORDINARY_USER = 65534  # nobody; the message bus knows only those whom the system knows
 
 
@@ -95,7 +96,7 @@ class SystemRoot(PackageRoot):
             place.mkdir(parents=True)
             run("mmdebstrap", "--variant=apt", "--include=" + ",".join(wanted),
                 "--dpkgopt=path-exclude=/usr/share/man/*", "--aptopt=Acquire::Retries=2",
-                self._release(), place)
+                self._release(), place, timeout=LONGEST_MAKING)
             (place / "made").touch()
         super().__init__(place)
         self.run_inside("dpkg", "--purge", "velmora")  # of a test that was cut short
@@ -188,3 +189,13 @@ class FolderRoot(PackageRoot):
     def end(self):
         shutil.rmtree(self.folder)
         super().end()
+
+
+def root_for(package):
+    """A root for the package: a system of its own where one can be had."""
+    if SystemRoot.can_be_made():
+        try:
+            return SystemRoot(package)
+        except (AssertionError, subprocess.TimeoutExpired) as reason:
+            print(f"    no system of its own: {reason}", flush=True)
+    return FolderRoot(package)

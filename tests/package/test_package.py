@@ -10,7 +10,7 @@ import re
 import tempfile
 import unittest
 
-from package_root import ROOT, FolderRoot, SystemRoot, run
+from package_root import ROOT, root_for, run
 
 # Of the quick packing alone.
 UNLIKE_SHIPPED = "uses-no-compression-for-data-tarball"
@@ -68,10 +68,9 @@ class Package(unittest.TestCase):
         self.assertNotIn("mimeapps.list", " ".join(files))
 
     def test_it_is_installed_used_upgraded_used_again_and_removed(self):
-        kind = SystemRoot if SystemRoot.can_be_made() else FolderRoot
-        root = kind(self.package)
+        root = root_for(self.package)
         self.addCleanup(root.end)
-        print(f"    in a {kind.__name__}", flush=True)
+        print(f"    in a {type(root).__name__}", flush=True)
         root.install(self.package)
         self.assertTrue((root.place / "usr/bin/velmora").exists())
         root.spend_day("x11", "Adair")
