@@ -21,6 +21,12 @@ struct BookState {
     bool operator==(const BookState&) const = default;
 };
 
+// A record and its place in the book.
+struct PlacedRecord {
+    RecordNumber number;
+    PhonebookRecord record;
+};
+
 // The records of one book, open for one operation, wherever they are kept. All operations throw
 // Failure when they can not be read or written.
 class BookRecords {
@@ -38,6 +44,14 @@ class BookRecords {
     // Writes one record; behind the end it makes the book longer. Under the lock a record that is
     // overwritten is never left half old and half new.
     virtual void write(RecordNumber number, const PhonebookRecord& record) = 0;
+
+    // Writes several records under the lock and hands them to the disk together. Each number comes
+    // once, and they rise. Where the program is killed in the middle, each record is old or new or
+    // not there at all. Throws Failure; the book is then as it was, as far as its medium allows.
+    virtual void writeAll(std::span<const PlacedRecord> records) {
+        for (const PlacedRecord& placed : records)
+            write(placed.number, placed.record);
+    }
 
     // Keeps all others from writing until unlock(). False where this can not be done. Waits
     // a moment only, then throws StorageFailure (Obstacle::InUse): somebody else holds it.

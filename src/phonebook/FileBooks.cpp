@@ -1,6 +1,7 @@
 #include "phonebook/FileBooks.h"
 
 #include <utility>
+#include <vector>
 
 #include "platform/Failure.h"
 
@@ -42,6 +43,15 @@ void BookFile::write(RecordNumber number, const PhonebookRecord& record) {
         trace_.overwrite(*file_, offsetOf(number), record.bytes());
     else
         file_->writeAt(offsetOf(number), record.bytes());
+}
+
+void BookFile::writeAll(std::span<const PlacedRecord> records) {
+    ++writes_;
+    std::vector<WriteTrace::Write> writes;
+    writes.reserve(records.size());
+    for (const PlacedRecord& placed : records)
+        writes.push_back({offsetOf(placed.number), placed.record.bytes()});
+    trace_.writeAll(*file_, writes);
 }
 
 bool BookFile::lock(std::chrono::milliseconds patience) {

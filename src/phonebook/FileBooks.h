@@ -27,6 +27,7 @@ class BookFile final : public BookRecords {
     [[nodiscard]] RecordNumber count() const override;
     [[nodiscard]] std::size_t read(RecordNumber first, std::span<char> target) const override;
     void write(RecordNumber number, const PhonebookRecord& record) override;
+    void writeAll(std::span<const PlacedRecord> records) override;
     [[nodiscard]] bool lock() override { return lock(kPatience); }
     void unlock() override;
     [[nodiscard]] BookState state() const override;

@@ -36,6 +36,11 @@ void OpenBook::WriteAt(RecordNumber number, const PhonebookRecord& record) {
     records_->write(number, record);
 }
 
+void OpenBook::WriteAll(std::span<const PlacedRecord> records) {
+    reading_.reset();
+    records_->writeAll(records);
+}
+
 std::optional<RecordNumber> OpenBook::FindByListLine(std::string_view line,
                                                      CompanyRule rule) const {
     const EntryKey key = EntryKey::ofListLine(line, codePage_);

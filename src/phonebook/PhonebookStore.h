@@ -44,6 +44,10 @@ class OpenBook {
     // overwritten is old or new afterwards, even if the program is killed in the middle.
     void WriteAt(RecordNumber number, const PhonebookRecord& record);
 
+    // Writes several under a Lock, with one flush; each number comes once, and they rise. Throws
+    // Failure; the book is then as it was.
+    void WriteAll(std::span<const PlacedRecord> records);
+
     // The first entry that a list line names; an empty line names none.
     [[nodiscard]] std::optional<RecordNumber> FindByListLine(
         std::string_view line, CompanyRule rule = CompanyRule::NoLastName) const;

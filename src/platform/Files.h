@@ -11,6 +11,12 @@
 
 namespace velmora {
 
+// Bytes and where in a file they belong.
+struct FilePiece {
+    std::uint64_t offset;
+    std::span<const char> bytes;
+};
+
 // A file open for reading and, where the user may, for writing. Closed by its destructor.
 class RandomFile {
   public:
@@ -27,6 +33,13 @@ class RandomFile {
     // Writes all bytes at `offset` in one write and hands them to the disk. A gap before `offset`
     // is filled with NULs. Throws Failure; a file that would have grown then has its old length.
     virtual void writeAt(std::uint64_t offset, std::span<const char> bytes) = 0;
+
+    // Writes the pieces in their order and hands them to the disk together. They do not overlap.
+    // Throws Failure; the file is then as it was, as far as its medium allows.
+    virtual void writePieces(std::span<const FilePiece> pieces) {
+        for (const FilePiece& piece : pieces)
+            writeAt(piece.offset, piece.bytes);
+    }
 
     // Takes the advisory lock that keeps other copies of the program from writing between a scan
     // and the write that follows. Returns false where the file system has no locks. Waits for

@@ -65,25 +65,42 @@ std::size_t PosixRandomFile::readAt(std::uint64_t offset, std::span<char> target
 }
 
 void PosixRandomFile::writeAt(std::uint64_t offset, std::span<const char> bytes) {
+    const FilePiece piece{offset, bytes};
+    writePieces(std::span(&piece, 1));
+}
+
+void PosixRandomFile::writePieces(std::span<const FilePiece> pieces) {
     if (whyReadOnly_ != 0)
         throw notWritten(whyReadOnly_);
     const std::uint64_t oldSize = size();
-    std::vector<char> old;
-    if (offset < oldSize) {
-        old.resize(std::min<std::uint64_t>(bytes.size(), oldSize - offset));
-        old.resize(readAt(offset, old));
+    std::vector<std::vector<char>> olds;
+    std::size_t written = 0;  // of the last piece that was begun
+    int why = 0;
+    for (const FilePiece& piece : pieces) {
+        std::vector<char>& old = olds.emplace_back();
+        if (piece.offset < oldSize) {
+            old.resize(std::min<std::uint64_t>(piece.bytes.size(), oldSize - piece.offset));
+            old.resize(readAt(piece.offset, old));
+        }
+        why = writeOnce(file_.number(), piece.offset, piece.bytes, written);
+        if (why != 0)
+            break;
     }
-    std::size_t written = 0;
-    int why = writeOnce(file_.number(), offset, bytes, written);
     if (why == 0)
         why = flushBytes(file_);
     if (why == 0)
         return;
-    // Both steps are the best that can still be done; the failure is told in any case.
+    // All this is the best that can still be done; the failure is told in any case.
     if (size() > oldSize)
         (void)!ftruncate(file_.number(), static_cast<off_t>(oldSize));
-    if (const std::size_t spoilt = std::min(written, old.size()); spoilt > 0)
-        (void)writeOnce(file_.number(), offset, std::span(old).first(spoilt), written);
+    for (std::size_t at = 0; at < olds.size(); ++at) {
+        const bool last = at + 1 == olds.size();
+        const std::size_t spoilt = std::min(last ? written : olds[at].size(), olds[at].size());
+        std::size_t putBack = 0;
+        if (spoilt > 0)
+            (void)writeOnce(file_.number(), pieces[at].offset, std::span(olds[at]).first(spoilt),
+                            putBack);
+    }
     throw notWritten(why);
 }
 

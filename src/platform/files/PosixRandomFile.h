@@ -17,6 +17,7 @@ class PosixRandomFile final : public RandomFile {
     [[nodiscard]] std::uint64_t size() const override;
     [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> target) const override;
     void writeAt(std::uint64_t offset, std::span<const char> bytes) override;
+    void writePieces(std::span<const FilePiece> pieces) override;
     [[nodiscard]] bool lock(std::chrono::milliseconds patience) override;
     void unlock() override;
 

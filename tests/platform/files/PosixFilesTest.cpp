@@ -95,6 +95,15 @@ TEST_F(PosixFilesTest, ReadsAndWritesAtAnyPlace) {
     EXPECT_EQ(file->readAt(100, bytes), 0U);
 }
 
+TEST_F(PosixFilesTest, WritesSeveralPiecesTogether) {
+    folder.write("file.txt", "0123456789");
+    const auto file = files.openOrCreate(path("file.txt"));
+    const FilePiece pieces[] = {
+        {2, std::span("ab", 2)}, {9, std::span("cde", 3)}, {14, std::span("f", 1)}};
+    file->writePieces(pieces);
+    EXPECT_EQ(folder.read("file.txt"), std::string("01ab45678cde\0\0f", 15));
+}
+
 TEST_F(PosixFilesTest, AFileThatMayOnlyBeReadIsReadAndItsWritesSayWhy) {
     folder.write("data", "abc");
     std::filesystem::permissions(folder.file("data"), std::filesystem::perms(0444));
@@ -194,6 +203,15 @@ int useFullDisk(PosixFiles& files, const test::TemporaryFolder& folder, std::siz
         }
         if (file->size() != 100)
             return 2;
+        const std::string big(room * 2, 'n');
+        const FilePiece pieces[] = {{10, std::span("pp", 2)}, {100, big}};
+        try {
+            file->writePieces(pieces);
+            return 8;
+        } catch (const Failure&) {
+        }
+        if (file->size() != 100)
+            return 9;
     }
     if (folder.read("data") != old)
         return 3;
