@@ -39,17 +39,30 @@ std::string WantedName::key() const {
     return isPerson_ ? personKey(last_, first_) : company_;
 }
 
-void NameIndex::add(RecordNumber number, RecordView record) {
+std::string NameIndex::keyOf(RecordView record) const {
     const auto upper = [&](Field field) { return codePage_.upper(record.text(field)); };
-    const std::string key = record.isEmpty(Field::Last)
-                                ? upper(Field::Company)
-                                : personKey(upper(Field::Last), upper(Field::First));
-    if (!key.empty())
-        records_[key].push_back(number);
+    return record.isEmpty(Field::Last) ? upper(Field::Company)
+                                       : personKey(upper(Field::Last), upper(Field::First));
+}
+
+void NameIndex::add(RecordNumber number, RecordView record) {
+    const std::string key = keyOf(record);
+    if (key.empty())
+        return;
+    std::vector<RecordNumber>& numbers = records_[key];
+    numbers.insert(std::upper_bound(numbers.begin(), numbers.end(), number), number);
 }
 
 const std::vector<RecordNumber>& NameIndex::of(const WantedName& name) const {
-    const auto found = records_.find(name.key());
+    return at(name.key());
+}
+
+const std::vector<RecordNumber>& NameIndex::of(RecordView record) const {
+    return at(keyOf(record));
+}
+
+const std::vector<RecordNumber>& NameIndex::at(const std::string& key) const {
+    const auto found = records_.find(key);
     return found == records_.end() ? none_ : found->second;
 }
 

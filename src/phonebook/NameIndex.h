@@ -40,6 +40,9 @@ class WantedName {
 // Which records of a book have which name, so that a run over many names need not read the whole
 // book for each. It knows the book as it was when its records were added; whoever uses it looks at
 // the record again.
+//
+// What reports, exports, letters and imports look up here differs only by what they then ask of the
+// record.
 class NameIndex {
   public:
     // `codePage` must outlive the index.
@@ -50,13 +53,19 @@ class NameIndex {
     // So many records are to be added.
     void reserve(RecordNumber records) { records_.reserve(static_cast<std::size_t>(records)); }
 
-    // Records come in the order of the book.
+    // Each record comes once. Those that come in the order of the book come fastest.
     void add(RecordNumber number, RecordView record);
 
     // The records that may fit, in the order of the book.
     [[nodiscard]] const std::vector<RecordNumber>& of(const WantedName& name) const;
 
+    // Those that may be called as this record is.
+    [[nodiscard]] const std::vector<RecordNumber>& of(RecordView record) const;
+
   private:
+    [[nodiscard]] std::string keyOf(RecordView record) const;
+    [[nodiscard]] const std::vector<RecordNumber>& at(const std::string& key) const;
+
     const CodePage& codePage_;
     std::unordered_map<std::string, std::vector<RecordNumber>> records_;
     const std::vector<RecordNumber> none_;

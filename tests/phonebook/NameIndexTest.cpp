@@ -55,5 +55,21 @@ TEST(NameIndex, GivesTheRecordsOfANameInTheOrderOfTheBook) {
     EXPECT_EQ(index.of(WantedName("Acme", page())), Numbers{});
 }
 
+TEST(NameIndex, GivesTheRecordsThatAreCalledAsAnotherOne) {
+    NameIndex index(page());
+    index.add(1, personRecord("Smith, Jr", "Bob"));
+    index.add(2, companyRecord("Acme, Inc"));
+    EXPECT_EQ(index.of(personRecord("SMITH, JR", "bob")), (Numbers{1}));
+    EXPECT_EQ(index.of(companyRecord("ACME, INC")), (Numbers{2}));
+    EXPECT_EQ(index.of(formRecord("", "", "")), Numbers{});
+}
+
+TEST(NameIndex, KeepsTheOrderOfTheBookWhateverComesLast) {
+    NameIndex index(page());
+    index.add(7, companyRecord("Acme"));
+    index.add(3, companyRecord("acme"));
+    EXPECT_EQ(index.of(companyRecord("ACME")), (Numbers{3, 7}));
+}
+
 }  // namespace
 }  // namespace velmora
