@@ -186,6 +186,9 @@ inline constexpr std::array<FontKey, 7> AddressFonts{{{{"AFont2"}, {"AFontS2"}, 
                                                       {{"AFont10"}, {"AFontS10"}, {"AFontC10"}},
                                                       {{"AFont11"}, {"AFontS11"}, {"AFontC11"}}}};
 
+// Which columns of which list were taken for what, in the imports of late.
+inline constexpr TextKey ImportMappings{.name = "ImportMappings"};
+
 // The numbered lists: planner/ListShapes.h has what stands behind.
 inline constexpr KeyFamily Alarms{"Alarms\\"};
 inline constexpr KeyFamily Tasks{"Tasks\\"};
