@@ -81,8 +81,8 @@ BookFiller::Try BookFiller::tryToWrite(bool lookUnderLock) {
         throw;
     }
     if (!known_ || book.state() != *known_ || book.recordCount() != index_.count()) {
-        bookWasReplaced_ |= known_ && counts_.added + counts_.replaced > 0 &&
-                            book.state().book != known_->book;
+        bookWasReplaced_ |=
+            known_ && counts_.added + counts_.replaced > 0 && book.state().book != known_->book;
         known_.reset();
         if (!lookUnderLock)
             return Try::LookAgain;

@@ -32,12 +32,13 @@ constexpr std::array kNames{
           "|company|companyname|organization|organisation|organizationname|organization1name|firm|"
           "employer|firma|unternehmen|firmenname|societe|entreprise|organisme|empresa|compania|"
           "organizacion|"},
-    Names{ImportField::Street,
-          "|street|streetaddress|address|address1|addressline1|homestreet|homeaddress|"
-          "homestreetaddress|address1street|businessstreet|workaddress|workstreet|mailingaddress|"
-          "strasse|strae|anschrift|adresse|strasseprivat|straeprivat|strassegeschaeftlich|"
-          "straegeschaftlich|strassegeschaftlich|rue|adresse1|ruedomicile|ruebureau|calle|direccion|"
-          "domicilio|callecasa|calledeltrabajo|callepersonal|"},
+    Names{
+        ImportField::Street,
+        "|street|streetaddress|address|address1|addressline1|homestreet|homeaddress|"
+        "homestreetaddress|address1street|businessstreet|workaddress|workstreet|mailingaddress|"
+        "strasse|strae|anschrift|adresse|strasseprivat|straeprivat|strassegeschaeftlich|"
+        "straegeschaftlich|strassegeschaftlich|rue|adresse1|ruedomicile|ruebureau|calle|direccion|"
+        "domicilio|callecasa|calledeltrabajo|callepersonal|"},
     Names{ImportField::City,
           "|city|town|homecity|address1city|businesscity|workcity|locality|ort|stadt|wohnort|"
           "ortprivat|ortgeschaftlich|ville|villedomicile|villebureau|ciudad|localidad|poblacion|"
@@ -66,11 +67,12 @@ constexpr std::array kNames{
           "homestreet2|homeaddress2|businessstreet2|addressline2|address2|adresszusatz|zusatz|"
           "strasse2|gebaude|batiment|complement|complementadresse|complementdadresse|adresse2|"
           "edificio|direccion2|calle2|"},
-    Names{ImportField::Home,
-          "|homephone|homephonenumber|homenumber|phonehome|primaryphone|phone|phonenumber|telephone|"
-          "phone1value|hometelephone|telefonprivat|telefon|telefonnummer|privattelefon|"
-          "telephonedomicile|teldomicile|telephone1|tel|telefono|telefonoparticular|telefonodecasa|"
-          "telefonopersonal|"},
+    Names{
+        ImportField::Home,
+        "|homephone|homephonenumber|homenumber|phonehome|primaryphone|phone|phonenumber|telephone|"
+        "phone1value|hometelephone|telefonprivat|telefon|telefonnummer|privattelefon|"
+        "telephonedomicile|teldomicile|telephone1|tel|telefono|telefonoparticular|telefonodecasa|"
+        "telefonopersonal|"},
     Names{ImportField::Work,
           "|workphone|businessphone|workphonenumber|worknumber|officephone|companymainphone|"
           "phonework|businesstelephone|telefongeschaftlich|telefonarbeit|telefonburo|telefonfirma|"
@@ -95,8 +97,9 @@ constexpr std::array kNames{
     Names{ImportField::Memo,
           "|note|notes|memo|comment|comments|remarks|notizen|notiz|bemerkung|bemerkungen|"
           "anmerkungen|remarques|commentaires|notas|comentarios|observaciones|"},
-    Names{ImportField::Salutation,
-          "|salutation|greeting|briefanrede|anredeform|grussformel|formuledepolitesse|salut|saludo|"},
+    Names{
+        ImportField::Salutation,
+        "|salutation|greeting|briefanrede|anredeform|grussformel|formuledepolitesse|salut|saludo|"},
     Names{ImportField::Class,
           "|class|category|categories|group|groups|groupmembership|labels|kategorie|kategorien|"
           "gruppe|categorie|groupe|categoria|categorias|grupo|clase|"},
@@ -143,30 +146,54 @@ std::string plainName(std::string_view name, const CodePage& codePage) {
 // What an export calls the field that an answer goes to.
 Field exportFieldOf(ImportField field) {
     switch (field) {
-        case ImportField::Title: return Field::Title;
-        case ImportField::First: return Field::First;
-        case ImportField::Last: return Field::Last;
-        case ImportField::Position: return Field::Position;
-        case ImportField::Company: return Field::Company;
-        case ImportField::Street: return Field::Address1;
-        case ImportField::CityStateZip: return Field::Address2;
-        case ImportField::AdditionalAddress: return Field::Address3;
-        case ImportField::Country: return Field::Country;
-        case ImportField::Home: return Field::Phone;
-        case ImportField::Work: return Field::WorkPhone;
-        case ImportField::Pager: return Field::Pager;
-        case ImportField::Fax: return Field::Fax;
-        case ImportField::Other: return Field::OtherPhone;
-        case ImportField::EMail: return Field::EMail;
-        case ImportField::Memo: return Field::Memo;
-        case ImportField::Salutation: return Field::Salutation;
-        case ImportField::Class: return Field::Class;
-        case ImportField::DateReference: return Field::DateReference;
-        case ImportField::Custom1: return Field::Custom1;
-        case ImportField::Custom2: return Field::Custom2;
-        case ImportField::Spouse: return Field::Spouse;
-        case ImportField::WebPage: return Field::WebPage;
-        default: return Field::FileAttachment;  // never exported, as a city by itself is not
+        case ImportField::Title:
+            return Field::Title;
+        case ImportField::First:
+            return Field::First;
+        case ImportField::Last:
+            return Field::Last;
+        case ImportField::Position:
+            return Field::Position;
+        case ImportField::Company:
+            return Field::Company;
+        case ImportField::Street:
+            return Field::Address1;
+        case ImportField::CityStateZip:
+            return Field::Address2;
+        case ImportField::AdditionalAddress:
+            return Field::Address3;
+        case ImportField::Country:
+            return Field::Country;
+        case ImportField::Home:
+            return Field::Phone;
+        case ImportField::Work:
+            return Field::WorkPhone;
+        case ImportField::Pager:
+            return Field::Pager;
+        case ImportField::Fax:
+            return Field::Fax;
+        case ImportField::Other:
+            return Field::OtherPhone;
+        case ImportField::EMail:
+            return Field::EMail;
+        case ImportField::Memo:
+            return Field::Memo;
+        case ImportField::Salutation:
+            return Field::Salutation;
+        case ImportField::Class:
+            return Field::Class;
+        case ImportField::DateReference:
+            return Field::DateReference;
+        case ImportField::Custom1:
+            return Field::Custom1;
+        case ImportField::Custom2:
+            return Field::Custom2;
+        case ImportField::Spouse:
+            return Field::Spouse;
+        case ImportField::WebPage:
+            return Field::WebPage;
+        default:
+            return Field::FileAttachment;  // never exported, as a city by itself is not
     }
 }
 

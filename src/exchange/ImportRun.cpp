@@ -35,8 +35,9 @@ std::string textOf(const ImportReport& report, const CodePage& codePage) {
     if (!report.trouble.empty())
         text += " The rest could not be read: " + codePage.fromUtf8(report.trouble);
     if (report.bookWasReplaced)
-        text += " The file of the phonebook was taken away or replaced meanwhile: what was "
-                "imported before that may be missing.";
+        text +=
+            " The file of the phonebook was taken away or replaced meanwhile: what was "
+            "imported before that may be missing.";
     if (report.cut > 0)
         text += " " + counted(report.cut, "value was", "values were") + " too long and cut.";
     if (report.unknown > 0)

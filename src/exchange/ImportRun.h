@@ -17,11 +17,11 @@ namespace velmora {
 // What an import has to say at its end.
 struct ImportReport {
     FillCounts counts;
-    std::uint64_t cut = 0;           // values that were too long
-    std::uint64_t unknown = 0;       // characters that became "?"
-    std::string copy;                // where the book lies as it was before; empty for nowhere
-    std::string trouble;             // why it is not whole, in UTF-8; empty when it is
-    bool notBegun = false;           // nothing was imported, since no copy could be made
+    std::uint64_t cut = 0;      // values that were too long
+    std::uint64_t unknown = 0;  // characters that became "?"
+    std::string copy;           // where the book lies as it was before; empty for nowhere
+    std::string trouble;        // why it is not whole, in UTF-8; empty when it is
+    bool notBegun = false;      // nothing was imported, since no copy could be made
     bool calledOff = false;
     bool bookWasReplaced = false;
 

@@ -23,13 +23,13 @@ struct Answered {
     ImportField field;
 };
 constexpr std::array kAnswers{
-    Answered{"Title ", ImportField::Title},      Answered{"First ", ImportField::First},
-    Answered{"Last ", ImportField::Last},        Answered{"Comp ", ImportField::Company},
-    Answered{"A1 ", ImportField::Street},        Answered{"A2 ", ImportField::AdditionalAddress},
-    Answered{"City ", ImportField::City},        Answered{"State ", ImportField::State},
-    Answered{"Zip ", ImportField::Zip},          Answered{"Coun ", ImportField::Country},
-    Answered{"Phone ", ImportField::Home},       Answered{"Work ", ImportField::Work},
-    Answered{"Fax ", ImportField::Fax},          Answered{"Memo ", ImportField::Memo},
+    Answered{"Title ", ImportField::Title},    Answered{"First ", ImportField::First},
+    Answered{"Last ", ImportField::Last},      Answered{"Comp ", ImportField::Company},
+    Answered{"A1 ", ImportField::Street},      Answered{"A2 ", ImportField::AdditionalAddress},
+    Answered{"City ", ImportField::City},      Answered{"State ", ImportField::State},
+    Answered{"Zip ", ImportField::Zip},        Answered{"Coun ", ImportField::Country},
+    Answered{"Phone ", ImportField::Home},     Answered{"Work ", ImportField::Work},
+    Answered{"Fax ", ImportField::Fax},        Answered{"Memo ", ImportField::Memo},
     Answered{"Sal ", ImportField::Salutation},
 };
 
@@ -47,8 +47,7 @@ bool isTextName(const std::string& upperName) {
 
 }  // namespace
 
-ImportWizard::ImportWizard(Parts parts)
-    : parts_(std::move(parts)), memory_(parts_.settings) {}
+ImportWizard::ImportWizard(Parts parts) : parts_(std::move(parts)), memory_(parts_.settings) {}
 
 bool ImportWizard::begin() {
     if (parts_.jobs.refuses())
@@ -82,9 +81,8 @@ bool ImportWizard::beginText(const std::string& path, const std::string& upperNa
         commas ? Answer::No : Answer::Yes);
     if (parts_.jobs.closing())
         return false;
-    auto source =
-        std::make_unique<TextSource>(TextSource::File{parts_.openText, path, tabs ? '\t' : ','},
-                                     parts_.store.codePage());
+    auto source = std::make_unique<TextSource>(
+        TextSource::File{parts_.openText, path, tabs ? '\t' : ','}, parts_.store.codePage());
     auto outcome = TextSource::Inspection::GivenUp;
     parts_.jobs.run([&](LongJob& job) {
         job.tell(kReading);
@@ -171,11 +169,13 @@ void ImportWizard::listColumns() {
 void ImportWizard::storeChoice(std::size_t line) {
     mapping_[field_] = isNoColumn(lines_[line]) ? lines_[line] : source_->choiceOf(line);
     if (field_ == ImportField::Street) {
-        const bool separate = proposal_ ? proposal_->cityStateZipSeparate
-                                        : ColumnGuess(source_->columns(), parts_.store.codePage())
-                                              .cityStateZipSeparate();
+        const bool separate =
+            proposal_
+                ? proposal_->cityStateZipSeparate
+                : ColumnGuess(source_->columns(), parts_.store.codePage()).cityStateZipSeparate();
         mapping_.cityStateZipSeparate = parts_.messages.ask(
-            "Separate?", "Are the city, state, and zipcode elements of the address separate fields?",
+            "Separate?",
+            "Are the city, state, and zipcode elements of the address separate fields?",
             separate ? Answer::Yes : Answer::No);
     }
     askFor(fieldBehind(field_, mapping_.cityStateZipSeparate));

@@ -32,7 +32,7 @@ class Utf8Check {
 
     bool sound_ = true;
     bool beyondAscii_ = false;
-    int missing_ = 0;            // bytes of the character under way
+    int missing_ = 0;             // bytes of the character under way
     unsigned char least_ = 0x80;  // for the next of them
     unsigned char most_ = 0xBF;
 };
@@ -62,7 +62,7 @@ class TextDecoder {
 
     TextEncoding encoding_;
     const CodePage& codePage_;
-    std::string held_;        // the begin of a character of UTF-8, or the first byte of a unit
+    std::string held_;       // the begin of a character of UTF-8, or the first byte of a unit
     char32_t highHalf_ = 0;  // the first half of a character in two units of UTF-16
     std::uint64_t replaced_ = 0;
 };

@@ -25,8 +25,7 @@ class TextSource final : public ImportSource {
     };
 
     // `codePage` must outlive the source. Nothing is read yet.
-    TextSource(File file, const CodePage& codePage)
-        : file_(std::move(file)), codePage_(codePage) {}
+    TextSource(File file, const CodePage& codePage) : file_(std::move(file)), codePage_(codePage) {}
 
     enum class Inspection { Importable, NotImportable, GivenUp };
 

@@ -124,8 +124,8 @@ void WriteTrace::writeAll(RandomFile& book, std::span<const Write> writes) {
             overwritten += bytesOf(begun);
     }
     // What only makes the book longer needs no trace that survives a power cut.
-    const bool left = overwritten.empty() ? !grown.empty() && leaveForGrowth(grown)
-                                          : leave(overwritten + grown);
+    const bool left =
+        overwritten.empty() ? !grown.empty() && leaveForGrowth(grown) : leave(overwritten + grown);
     // Where this fails and can not put back what was there, the trace is what helps.
     book.writePieces(pieces);
     if (left)
@@ -207,7 +207,8 @@ WriteTrace::Told WriteTrace::read() const {
     std::string_view rest = bytes ? std::string_view(*bytes) : std::string_view();
     while (auto begun = takeBegun(rest))
         told.begun.push_back(*begun);
-    if (rest.size() == kGrowthSize && rest == growthBytes(numberOf(rest.substr(kGrowthMark.size()))))
+    if (rest.size() == kGrowthSize &&
+        rest == growthBytes(numberOf(rest.substr(kGrowthMark.size()))))
         told.grownFrom = numberOf(rest.substr(kGrowthMark.size()));
     else if (!rest.empty())
         return {};

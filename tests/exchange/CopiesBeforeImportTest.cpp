@@ -29,13 +29,13 @@ TEST(CopiesBeforeImport, OfOneSecondHaveNamesOfTheirOwn) {
 }
 
 TEST(CopiesBeforeImport, TheLastThreeAreKept) {
-    EXPECT_THAT(outdatedBeforeImports("D.QEL", {"D.QEL", "D.QEL.before-import-20260312-140501",
-                                                "D.QEL.before-import-20260101-000000",
-                                                "D.QEL.before-import-20260312-140501b",
-                                                "D.QEL.before-import-20251231-235959",
-                                                "E.QEL.before-import-20200101-000000",
-                                                "D.QEL.before-import-mine"}),
-                ElementsAre("D.QEL.before-import-20251231-235959"));
+    EXPECT_THAT(
+        outdatedBeforeImports(
+            "D.QEL",
+            {"D.QEL", "D.QEL.before-import-20260312-140501", "D.QEL.before-import-20260101-000000",
+             "D.QEL.before-import-20260312-140501b", "D.QEL.before-import-20251231-235959",
+             "E.QEL.before-import-20200101-000000", "D.QEL.before-import-mine"}),
+        ElementsAre("D.QEL.before-import-20251231-235959"));
     EXPECT_THAT(outdatedBeforeImports("D.QEL", {"D.QEL.before-import-20260312-140501"}), IsEmpty());
 }
 

@@ -114,12 +114,11 @@ class ImportWizardTest : public testing::Test, protected test::PhonebookFixture 
         std::function<void()> waiting_;
     };
 
-    ImportWizard wizard{
-        {desk.jobs, desk.messages, store, settings, copies, paths, bytes.opener(),
-         [this](std::function<void()> waiting) {
-             return std::make_unique<Shared>(access, std::move(waiting));
-         },
-         [this] { ++changes; }}};
+    ImportWizard wizard{{desk.jobs, desk.messages, store, settings, copies, paths, bytes.opener(),
+                         [this](std::function<void()> waiting) {
+                             return std::make_unique<Shared>(access, std::move(waiting));
+                         },
+                         [this] { ++changes; }}};
 };
 
 TEST_F(ImportWizardTest, WithoutAFileNothingBegins) {
@@ -244,8 +243,11 @@ TEST_F(ImportWizardTest, ADatabaseIsAskedForItsTableFirst) {
 }
 
 TEST_F(ImportWizardTest, TablesWhoseNamesBeginWithMsAreNotListed) {
-    access.described = {{"MSysObjects", {}, true}, {"Msgs", {}, false}, {"msX", {}, false},
-                        {"People", {}, false}, {"M", {}, false}};
+    access.described = {{"MSysObjects", {}, true},
+                        {"Msgs", {}, false},
+                        {"msX", {}, false},
+                        {"People", {}, false},
+                        {"M", {}, false}};
     ASSERT_TRUE(beginTables());
     EXPECT_THAT(wizard.lines(), ElementsAre("People", "M"));
 }

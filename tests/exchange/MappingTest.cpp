@@ -36,33 +36,57 @@ TEST(ColumnGuess, KnowsTheColumnsOfAnExportByTheirPlaces) {
 }
 
 TEST(ColumnGuess, KnowsUsualNamesInFourLanguages) {
-    const Columns english{"E-mail Address", "First Name", "Last Name", "Company", "Job Title",
-                          "Business Street", "Business City", "Business State",
-                          "Business Postal Code", "Home Phone", "Business Phone", "Mobile Phone",
-                          "Notes", "Web Page"};
+    const Columns english{"E-mail Address", "First Name",     "Last Name",
+                          "Company",        "Job Title",      "Business Street",
+                          "Business City",  "Business State", "Business Postal Code",
+                          "Home Phone",     "Business Phone", "Mobile Phone",
+                          "Notes",          "Web Page"};
     EXPECT_EQ(guessed(english, ImportField::First), "First Name");
     EXPECT_EQ(guessed(english, ImportField::Position), "Job Title");
     EXPECT_EQ(guessed(english, ImportField::Street), "Business Street");
     EXPECT_EQ(guessed(english, ImportField::Zip), "Business Postal Code");
     EXPECT_EQ(guessed(english, ImportField::EMail), "E-mail Address");
     EXPECT_EQ(guessed(english, ImportField::Other), "Mobile Phone");
-    const Columns german{"Anrede", "Vorname", "Nachname", "Firma", "Stra\xDF" "e gesch\xE4" "ftlich",
-                         "PLZ", "Ort", "Telefon privat", "Telefon gesch\xE4" "ftlich"};
+    const Columns german{"Anrede",
+                         "Vorname",
+                         "Nachname",
+                         "Firma",
+                         "Stra\xDF"
+                         "e gesch\xE4"
+                         "ftlich",
+                         "PLZ",
+                         "Ort",
+                         "Telefon privat",
+                         "Telefon gesch\xE4"
+                         "ftlich"};
     EXPECT_EQ(guessed(german, ImportField::Title), "Anrede");
     EXPECT_EQ(guessed(german, ImportField::Last), "Nachname");
-    EXPECT_EQ(guessed(german, ImportField::Street), "Stra\xDF" "e gesch\xE4" "ftlich");
+    EXPECT_EQ(guessed(german, ImportField::Street),
+              "Stra\xDF"
+              "e gesch\xE4"
+              "ftlich");
     EXPECT_EQ(guessed(german, ImportField::City), "Ort");
-    EXPECT_EQ(guessed(german, ImportField::Work), "Telefon gesch\xE4" "ftlich");
-    const Columns french{"Pr\xE9nom", "Nom", "Soci\xE9t\xE9", "T\xE9l\xE9phone (domicile)",
-                         "Adresse de messagerie", "Code postal (domicile)"};
+    EXPECT_EQ(guessed(german, ImportField::Work),
+              "Telefon gesch\xE4"
+              "ftlich");
+    const Columns french{"Pr\xE9nom",
+                         "Nom",
+                         "Soci\xE9t\xE9",
+                         "T\xE9l\xE9phone (domicile)",
+                         "Adresse de messagerie",
+                         "Code postal (domicile)"};
     EXPECT_EQ(guessed(french, ImportField::First), "Pr\xE9nom");
     EXPECT_EQ(guessed(french, ImportField::Last), "Nom");
     EXPECT_EQ(guessed(french, ImportField::Home), "T\xE9l\xE9phone (domicile)");
     EXPECT_EQ(guessed(french, ImportField::Zip), "Code postal (domicile)");
-    const Columns spanish{"Nombre", "Apellidos", "Tel\xE9" "fono m\xF3vil", "Cumplea\xF1os",
-                          "C\xF3nyuge"};
+    const Columns spanish{"Nombre", "Apellidos",
+                          "Tel\xE9"
+                          "fono m\xF3vil",
+                          "Cumplea\xF1os", "C\xF3nyuge"};
     EXPECT_EQ(guessed(spanish, ImportField::Last), "Apellidos");
-    EXPECT_EQ(guessed(spanish, ImportField::Other), "Tel\xE9" "fono m\xF3vil");
+    EXPECT_EQ(guessed(spanish, ImportField::Other),
+              "Tel\xE9"
+              "fono m\xF3vil");
     EXPECT_EQ(guessed(spanish, ImportField::Custom1), "Cumplea\xF1os");
     EXPECT_EQ(guessed(spanish, ImportField::Spouse), "C\xF3nyuge");
 }

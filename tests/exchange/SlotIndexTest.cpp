@@ -49,8 +49,8 @@ TEST(SlotIndex, AnEntryOfTheSameNameIsReplacedWhateverItsCase) {
 }
 
 TEST(SlotIndex, TheFirstOfSeveralEntriesOfTheSameNameIsReplaced) {
-    const SlotIndex index = indexOf({personRecord("B", "B"), personRecord("A", "A"),
-                                     personRecord("A", "A")});
+    const SlotIndex index =
+        indexOf({personRecord("B", "B"), personRecord("A", "A"), personRecord("A", "A")});
     expectSlot(index, personRecord("a", "a"), 2, Why::SameName);
 }
 
@@ -71,8 +71,8 @@ TEST(SlotIndex, DeletedAndNeverWrittenSlotsAreFree) {
 }
 
 TEST(SlotIndex, ACompanyIsReplacedWhereNeitherHasALastOrFirstName) {
-    const SlotIndex index = indexOf({formRecord("", "Jo", "Acme"), formRecord("A", "B", "Acme"),
-                                     companyRecord("ACME")});
+    const SlotIndex index = indexOf(
+        {formRecord("", "Jo", "Acme"), formRecord("A", "B", "Acme"), companyRecord("ACME")});
     expectSlot(index, companyRecord("acme"), 3, Why::SameName);
     expectSlot(index, formRecord("", "Jo", "Acme"), 4, Why::BehindTheLast);
     expectSlot(index, formRecord("C", "D", "Acme"), 4, Why::BehindTheLast);
@@ -107,8 +107,7 @@ RecordNumber slotByScan(const std::vector<PhonebookRecord>& book, const Phoneboo
                           record.raw(Field::First) == std::string(15, '\0');
         if (nuls || page().upper(record.text(Field::Last)) == "DELETED")
             return number;
-        if (is(record, Field::Last) && is(record, Field::First) &&
-            !entry.text(Field::Last).empty())
+        if (is(record, Field::Last) && is(record, Field::First) && !entry.text(Field::Last).empty())
             return number;
         if (is(record, Field::Company) && !entry.text(Field::Company).empty() &&
             entry.text(Field::Last).empty() && entry.text(Field::First).empty() &&

@@ -81,7 +81,8 @@ TEST(TextDecoder, LeavesBytesOfTheCodePageAsTheyAre) {
 }
 
 TEST(TextDecoder, TurnsUtf8IntoTheCodePageAndCountsWhatHasNoPlaceThere) {
-    EXPECT_EQ(decoded(TextEncoding::Utf8, "Ren\xC3\xA9 \xE2\x82\xAC"), (Decoded{"Ren\xE9 \x80", 0}));
+    EXPECT_EQ(decoded(TextEncoding::Utf8, "Ren\xC3\xA9 \xE2\x82\xAC"),
+              (Decoded{"Ren\xE9 \x80", 0}));
     EXPECT_EQ(decoded(TextEncoding::Utf8, "\xC4\x99x\xF0\x9F\x98\x80"), (Decoded{"?x?", 2}));
 }
 

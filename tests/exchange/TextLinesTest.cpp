@@ -53,11 +53,19 @@ TEST(TextLines, KeepNulsAndAllOtherBytes) {
 }
 
 TEST(TextLines, PassOverTheMarkOfTheirEncoding) {
-    EXPECT_THAT(linesOf("\xEF\xBB\xBF" "a\xC3\xA9\nb", TextEncoding::Utf8),
+    EXPECT_THAT(linesOf("\xEF\xBB\xBF"
+                        "a\xC3\xA9\nb",
+                        TextEncoding::Utf8),
                 ElementsAre("a\xE9", "b"));
-    EXPECT_THAT(linesOf(std::string("\xFF\xFE" "a\0\r\0\n\0b\0", 10), TextEncoding::Utf16LeastFirst),
+    EXPECT_THAT(linesOf(std::string("\xFF\xFE"
+                                    "a\0\r\0\n\0b\0",
+                                    10),
+                        TextEncoding::Utf16LeastFirst),
                 ElementsAre("a", "b"));
-    EXPECT_THAT(linesOf("\xEF\xBB\xBF" "a"), ElementsAre("\xEF\xBB\xBF" "a"));
+    EXPECT_THAT(linesOf("\xEF\xBB\xBF"
+                        "a"),
+                ElementsAre("\xEF\xBB\xBF"
+                            "a"));
 }
 
 TEST(TextLines, AreAsLongAsTheyAre) {
@@ -81,8 +89,7 @@ TEST(TextLines, AFailureOfTheFilePassesThrough) {
     TextLines lines(*source, TextEncoding::CodePageBytes, CodePage::western());
     ASSERT_TRUE(lines.next());
     bytes.failsFrom = 1;
-    EXPECT_THROW(
-        while (lines.next()) {}, Failure);
+    EXPECT_THROW(while (lines.next()){}, Failure);
 }
 
 }  // namespace

@@ -112,7 +112,9 @@ TEST_F(TextSourceTest, UnmarkedUtf8IsRecognisedByTheWholeFile) {
 }
 
 TEST_F(TextSourceTest, AMarkDecidesTheEncoding) {
-    TextSource utf8 = sourceOf("\xEF\xBB\xBF" "A,B\nx,\xC3\xA9\xFF\n");
+    TextSource utf8 = sourceOf(
+        "\xEF\xBB\xBF"
+        "A,B\nx,\xC3\xA9\xFF\n");
     ASSERT_EQ(inspect(utf8), Inspection::Importable);
     EXPECT_THAT(utf8.columns(), ElementsAre("A", "B"));
     EXPECT_EQ(rowsOf(utf8), (Rows{{"x", "\xE9?"}}));

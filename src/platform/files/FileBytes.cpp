@@ -10,8 +10,7 @@
 
 namespace velmora {
 
-FileBytes::FileBytes(NativePath path)
-    : path_(std::move(path)), file_(openOrFail(path_, O_RDONLY)) {
+FileBytes::FileBytes(NativePath path) : path_(std::move(path)), file_(openOrFail(path_, O_RDONLY)) {
     requireRegularFile(file_, path_);
 }
 
