@@ -57,6 +57,8 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
               [this](const std::string& text) { endAfter(text); }),
       backup_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
       copies_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
+      import_({world_, state_, calendar_, phonebook_.books(), phonebook_.store(),
+               phonebook_.letters(), jobs_.jobs()}),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),
@@ -191,6 +193,7 @@ void Program::bindCommands() {
     reports_.bindCommands(commands_);
     export_.bindCommands(commands_);
     backup_.bindCommands(commands_);
+    import_.bindCommands(commands_);
     paper_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }

@@ -15,6 +15,7 @@
 #include "app/ExportRoom.h"
 #include "app/FaxRoom.h"
 #include "app/FontRoom.h"
+#include "app/ImportRoom.h"
 #include "app/JobRoom.h"
 #include "app/LetterRoom.h"
 #include "app/OccasionRoom.h"
@@ -122,6 +123,7 @@ class Program {
     ExportRoom export_;
     BackupRoom backup_;
     CopiesRoom copies_;
+    ImportRoom import_;
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;

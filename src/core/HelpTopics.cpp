@@ -19,6 +19,8 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
     {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
     {"Form11", "backup"},         {"Form6", "reports"},
+    {"Form11", "backup"},
+    {"DataImport", "import"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

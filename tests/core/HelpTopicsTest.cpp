@@ -28,6 +28,7 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("datewarden", helpTopicOf("Form7"));
     EXPECT_EQ("events", helpTopicOf("Form8"));
     EXPECT_EQ("help", helpTopicOf("HelpWindow"));
+    EXPECT_EQ("import", helpTopicOf("DataImport"));
 }
 
 TEST(HelpTopics, OtherWindowsHaveTheFirstPage) {

@@ -143,6 +143,16 @@ class MemoryFiles final : public Files {
                       content_->begin() + static_cast<std::ptrdiff_t>(offset));
         }
 
+        void writePieces(std::span<const FilePiece> pieces) override {
+            const std::string before = *content_;
+            try {
+                RandomFile::writePieces(pieces);
+            } catch (const Failure&) {
+                *content_ = before;
+                throw;
+            }
+        }
+
         [[nodiscard]] bool lock(std::chrono::milliseconds) override {
             EXPECT_FALSE(locked_);
             files_.refuseLock();

@@ -11,10 +11,14 @@ namespace velmora::access {
 // called so. A child that crashes, hangs or talks nonsense is a Failure here, and nothing more.
 class ChildAccessReader final : public AccessTableReader {
   public:
-    // `program`: what to run, this very program unless told otherwise. `patience`: how long one
-    // reading may take.
+    // `program`: what to run, this very program unless told otherwise. `patience`: how long the
+    // child may keep one reading waiting.
     explicit ChildAccessReader(std::string program = "/proc/self/exe",
                                std::chrono::milliseconds patience = std::chrono::seconds(30));
+
+    // `whileWaiting` is called some twenty times a second as long as nothing comes; what it throws
+    // ends the reading and passes through.
+    explicit ChildAccessReader(std::function<void()> whileWaiting);
 
     [[nodiscard]] std::vector<AccessTable> tables(const NativePath& path) override;
     void readRows(const NativePath& path, const std::string& table,
@@ -23,6 +27,7 @@ class ChildAccessReader final : public AccessTableReader {
   private:
     std::string program_;
     std::chrono::milliseconds patience_;
+    std::function<void()> whileWaiting_;
 };
 
 }  // namespace velmora::access

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include "platform/Failure.h"
 
@@ -16,7 +17,11 @@ namespace velmora::access {
 
 namespace {
 
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+
 constexpr std::size_t kBlock = 1 << 16;
+constexpr milliseconds kSlice(50);
 
 class SpawnActions {
   public:
@@ -33,9 +38,8 @@ class SpawnActions {
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& arguments,
-                           std::chrono::milliseconds patience)
-    : deadline_(std::chrono::steady_clock::now() + patience), buffer_(kBlock, '\0') {
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments, Waiting waiting)
+    : waiting_(std::move(waiting)), buffer_(kBlock, '\0') {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         throw systemFailure("No pipe can be made", errno);
@@ -64,16 +68,25 @@ ChildProcess::~ChildProcess() {
     end();
 }
 
+// Where something else is to be done meanwhile, a small part of it.
+std::chrono::milliseconds ChildProcess::nextWait() const {
+    const auto left = waiting_.patience - duration_cast<milliseconds>(waited_);
+    return waiting_.meanwhile ? std::min(left, kSlice) : left;
+}
+
 std::string_view ChildProcess::read() {
     while (true) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-            deadline_ - std::chrono::steady_clock::now());
-        pollfd waiting{output_, POLLIN, 0};
-        const int ready =
-            left.count() > 0 ? ::poll(&waiting, 1, static_cast<int>(left.count())) : 0;
-        if (ready == 0)
+        const auto wait = nextWait();
+        if (wait.count() <= 0)
             throw Failure("Reading takes too long.");
-        if (ready < 0 && errno == EINTR)
+        const auto begin = std::chrono::steady_clock::now();
+        pollfd waiting{output_, POLLIN, 0};
+        const int ready = ::poll(&waiting, 1, static_cast<int>(wait.count()));
+        const int why = errno;
+        waited_ += std::chrono::steady_clock::now() - begin;
+        if (ready == 0 && waiting_.meanwhile)
+            waiting_.meanwhile();
+        if (ready == 0 || (ready < 0 && why == EINTR))
             continue;
         const ssize_t got = ::read(output_, buffer_.data(), buffer_.size());
         if (got < 0 && errno == EINTR)
@@ -87,7 +100,8 @@ std::string_view ChildProcess::read() {
 bool ChildProcess::endedWell() {
     // It has closed its output, so all that is left to it is to go: but not for ever.
     int status = 0;
-    while (std::chrono::steady_clock::now() < deadline_) {
+    const auto deadline = std::chrono::steady_clock::now() + waiting_.patience - waited_;
+    while (std::chrono::steady_clock::now() < deadline) {
         const pid_t gone = ::waitpid(child_, &status, WNOHANG);
         if (gone == child_) {
             child_ = -1;

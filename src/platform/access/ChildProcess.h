@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,14 +14,20 @@ namespace velmora::access {
 // dropped. Its destructor ends it at once if it still runs.
 class ChildProcess {
   public:
+    // How its bytes are waited for.
+    struct Waiting {
+        std::chrono::milliseconds patience;     // so long, all waits together
+        std::function<void()> meanwhile = {};  // called some twenty times a second
+    };
+
     // `arguments` begins with the program. Throws Failure when it can not be started.
-    ChildProcess(const std::vector<std::string>& arguments, std::chrono::milliseconds patience);
+    ChildProcess(const std::vector<std::string>& arguments, Waiting waiting);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     // The next bytes; empty at the end. The view lives until the next call. Throws Failure once
-    // the patience, counted from the start, has run out.
+    // the patience has run out, and what is called meanwhile throws.
     [[nodiscard]] std::string_view read();
 
     // Waits for the end; true when it ended by itself with exit code 0.
@@ -29,7 +36,10 @@ class ChildProcess {
   private:
     void end();
 
-    std::chrono::steady_clock::time_point deadline_;
+    [[nodiscard]] std::chrono::milliseconds nextWait() const;
+
+    Waiting waiting_;
+    std::chrono::steady_clock::duration waited_{};
     pid_t child_ = -1;
     int output_ = -1;
     std::string buffer_;

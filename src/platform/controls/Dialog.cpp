@@ -68,7 +68,9 @@ QScreen* Dialog::targetScreen() const {
 }
 
 QSize Dialog::footSize() const {
-    return {0, footer_->sizeHint().height()};
+    return {0, footer_->testAttribute(Qt::WA_WState_ExplicitShowHide) && footer_->isHidden()
+                   ? 0
+                   : footer_->sizeHint().height()};
 }
 
 // The greatest size of the inside; the body learns of it, too.
