@@ -20,17 +20,17 @@ struct Source {
     Field field;
 };
 constexpr std::array kSources{
-    Source{"Title", Field::Title},       Source{"First", Field::First},
-    Source{"Last", Field::Last},         Source{"OS", Field::Position},
-    Source{"Company", Field::Company},   Source{"Street", Field::Address1},
-    Source{"Street2", Field::Address2},  Source{"Country", Field::Country},
-    Source{"Phone", Field::Phone},       Source{"Work", Field::WorkPhone},
-    Source{"Fax", Field::Fax},           Source{"Note", Field::Memo},
-    Source{"Class", Field::Class},       Source{"PSal", Field::Salutation},
+    Source{"Title", Field::Title},      Source{"First", Field::First},
+    Source{"Last", Field::Last},        Source{"OS", Field::Position},
+    Source{"Company", Field::Company},  Source{"Street", Field::Address1},
+    Source{"Street2", Field::Address2}, Source{"Country", Field::Country},
+    Source{"Phone", Field::Phone},      Source{"Work", Field::WorkPhone},
+    Source{"Fax", Field::Fax},          Source{"Note", Field::Memo},
+    Source{"Class", Field::Class},      Source{"PSal", Field::Salutation},
 };
-constexpr std::array kEmptied{Field::Address3,   Field::Address4, Field::PostalCode,
-                              Field::Pager,      Field::OtherPhone, Field::EMail,
-                              Field::DateReference, Field::Custom1, Field::Custom2};
+constexpr std::array kEmptied{Field::Address3,      Field::Address4,   Field::PostalCode,
+                              Field::Pager,         Field::OtherPhone, Field::EMail,
+                              Field::DateReference, Field::Custom1,    Field::Custom2};
 
 std::string counted(std::uint64_t count, const std::string& one, const std::string& many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);

@@ -42,8 +42,9 @@ class FileCopiesBeforeImportTest : public testing::Test {
     const CodePage& page = CodePage::western();
     PosixFiles files{NativePaths(page)};
     DataLocations locations{folder.path(), settings, files, page};
-    FileBooks books{files, locations,
-                    [this](const std::string& path) { return fileStampOf(files.nativePath(path)); }};
+    FileBooks books{files, locations, [this](const std::string& path) {
+                        return fileStampOf(files.nativePath(path));
+                    }};
     PosixReplacements replacements;
     test::FakeClock clock;
     FileCopiesBeforeImport copies{{books, replacements, locations, files, clock, page}};

@@ -43,7 +43,8 @@ class TextBytes {
                 throw Failure("The file can not be read: Input/output error.");
             if (offset >= bytes_.size())
                 return 0;
-            const std::size_t held = offset == 0 ? std::max<std::size_t>(owner_.most, 4) : owner_.most;
+            const std::size_t held =
+                offset == 0 ? std::max<std::size_t>(owner_.most, 4) : owner_.most;
             return bytes_.copy(target.data(), std::min(target.size(), held), offset);
         }
 

@@ -60,19 +60,19 @@ class DataImportTest : public testing::Test, protected test::PhonebookFixture {
     PlainPaths paths;
     test::FakeAccessReader access;
     std::function<void()> whileImporting;
-    ImportWizard wizard{{desk.jobs, desk.messages, store, settings, copies, paths, bytes.opener(),
-                         [](std::function<void()>) { return std::make_unique<test::FakeAccessReader>(); },
-                         [] {}}};
-    DataImport form{wizard,
-                    [this](const std::string& book,
-                           const std::function<void(const ImportRun::State&)>& tell) {
-                        return wizard.import(book, [&](const ImportRun::State& state) {
-                            tell(state);
-                            if (whileImporting)
-                                whileImporting();
-                        });
-                    },
-                    CodePage::western()};
+    ImportWizard wizard{
+        {desk.jobs, desk.messages, store, settings, copies, paths, bytes.opener(),
+         [](std::function<void()>) { return std::make_unique<test::FakeAccessReader>(); }, [] {}}};
+    DataImport form{
+        wizard,
+        [this](const std::string& book, const std::function<void(const ImportRun::State&)>& tell) {
+            return wizard.import(book, [&](const ImportRun::State& state) {
+                tell(state);
+                if (whileImporting)
+                    whileImporting();
+            });
+        },
+        CodePage::western()};
     EntryList& list = test::named<EntryList>(form, "List1");
 };
 
@@ -144,8 +144,7 @@ TEST_F(DataImportTest, ImportsAndSaysWhatItDid) {
     whileImporting = [this] {
         EXPECT_FALSE(list.isVisible());
         EXPECT_FALSE(button("Command1").isVisible());
-        EXPECT_TRUE(text("Label2").starts_with(
-            "IMPORTING DATA... Please Wait Until Completed."));
+        EXPECT_TRUE(text("Label2").starts_with("IMPORTING DATA... Please Wait Until Completed."));
     };
     QTest::mouseClick(&button("Command3"), Qt::LeftButton);
     EXPECT_EQ(white().size(), 2 * kRecordSize);

@@ -16,7 +16,8 @@ std::string valueIn(const std::string& text, std::string_view section, std::stri
 
 TEST(ProfileFile, FindsKeysInTheirSectionsWhateverTheCaseAndTheLineEnds) {
     for (const std::string text :
-         {"[One]\nkey=1\n[Two]\nKey=2\n", "[One]\r\nkey=1\r\n[Two]\r\nKey=2", "[One]\rkey=1\r[Two]\rKey=2"}) {
+         {"[One]\nkey=1\n[Two]\nKey=2\n", "[One]\r\nkey=1\r\n[Two]\r\nKey=2",
+          "[One]\rkey=1\r[Two]\rKey=2"}) {
         EXPECT_EQ(valueIn(text, "one", "KEY"), "1");
         EXPECT_EQ(valueIn(text, "TWO", "key"), "2");
     }

@@ -140,8 +140,8 @@ void DataImport::presentFor(bool yellow) {
 }
 
 void DataImport::showQuestionParts(bool shown) {
-    for (QWidget* part : std::initializer_list<QWidget*>{Label1, Steps, Label3, frame_, Sample,
-                                                         Option1, Option2})
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{Label1, Steps, Label3, frame_, Sample, Option1, Option2})
         part->setVisible(shown);
     Remark->setVisible(shown && !Remark->text().isEmpty());
     Label2->setVisible(!shown);

@@ -59,21 +59,21 @@ class DataImport final : public Dialog {
     bool running_ = false;
     bool closeWanted_ = false;
 
-    QLabel* Label1;         // the question
-    QLabel* Label2;         // what the import is doing
-    QLabel* Label3;         // "Double-Click Your Selection:"
-    QLabel* Remark;         // what the user has to know of the source
-    ElidedLabel* Sample;    // what the column holds in the first rows
-    QLabel* Note;           // what the import has done
-    ProgressLine* Steps;    // how far the questions have come
+    QLabel* Label1;          // the question
+    QLabel* Label2;          // what the import is doing
+    QLabel* Label3;          // "Double-Click Your Selection:"
+    QLabel* Remark;          // what the user has to know of the source
+    ElidedLabel* Sample;     // what the column holds in the first rows
+    QLabel* Note;            // what the import has done
+    ProgressLine* Steps;     // how far the questions have come
     ProgressLine* Progress;  // how far the import has come
-    EntryList* List1;       // the columns
-    QFrame* frame_;         // around it
-    QRadioButton* Option1;  // "Import to Yellow Pages"
-    QRadioButton* Option2;  // "Import to White Pages"
-    QPushButton* Command1;  // "&Cancel", "Close"
-    QPushButton* Command2;  // "&Import!" of a table
-    QPushButton* Command3;  // "&Import!" of a text
+    EntryList* List1;        // the columns
+    QFrame* frame_;          // around it
+    QRadioButton* Option1;   // "Import to Yellow Pages"
+    QRadioButton* Option2;   // "Import to White Pages"
+    QPushButton* Command1;   // "&Cancel", "Close"
+    QPushButton* Command2;   // "&Import!" of a table
+    QPushButton* Command3;   // "&Import!" of a text
 };
 
 }  // namespace velmora

@@ -16,7 +16,7 @@ class ChildProcess {
   public:
     // How its bytes are waited for.
     struct Waiting {
-        std::chrono::milliseconds patience;     // so long, all waits together
+        std::chrono::milliseconds patience;    // so long, all waits together
         std::function<void()> meanwhile = {};  // called some twenty times a second
     };
 
