@@ -7,16 +7,23 @@
 #include "core/LongJobs.h"
 #include "core/SharedState.h"
 #include "core/forms/Calendar.h"
+#include "core/PrintJobs.h"
+#include "exchange/EarlierPhonebooks.h"
 #include "exchange/FileCopiesBeforeImport.h"
 #include "exchange/ImportWizard.h"
 #include "exchange/forms/DataImport.h"
 #include "phonebook/LetterView.h"
 #include "phonebook/PhonebookStore.h"
+#include "planner/OldPlannerImport.h"
+#include "planner/forms/Form2.h"
 #include "platform/files/PosixReplacement.h"
 
 namespace velmora {
 
-// Connects what brings entries into the phonebooks with the main window.
+class PlannerRoom;
+
+// Connects what brings data from elsewhere into the phonebooks and the planner with the main
+// window.
 class ImportRoom {
   public:
     // All must outlive the room.
@@ -28,6 +35,8 @@ class ImportRoom {
         const PhonebookStore& store;
         LetterView& letters;
         LongJobs& jobs;
+        ReportState& reports;
+        PlannerRoom& planner;
     };
 
     explicit ImportRoom(const Parts& parts);
@@ -39,12 +48,18 @@ class ImportRoom {
     [[nodiscard]] bool import(const std::string& bookFile,
                               const std::function<void(const ImportRun::State&)>& tell);
     void showLetterAnew();
+    void openPlannerImporter();
+    [[nodiscard]] std::string copyPlanner();
 
     Parts parts_;
     PosixReplacements replacements_;
     FileCopiesBeforeImport copies_;
     ImportWizard wizard_;
-    std::unique_ptr<DataImport> form_;  // made when it is wanted
+    EarlierPhonebooks earlierPhonebooks_;
+    OldPlannerImport oldPlanner_;
+    // Made when they are wanted.
+    std::unique_ptr<DataImport> form_;
+    std::unique_ptr<Form2> plannerForm_;
 };
 
 }  // namespace velmora

@@ -189,6 +189,13 @@ void PlannerRoom::colourCalendars() {
                      [this] { world_.loop.post(colouring_, [this] { planner_.UpdateDays(); }); });
 }
 
+void PlannerRoom::showAnew() {
+    commitEditors();
+    planner_.UpdateDays();
+    planner_.LoadDayTasks();
+    planner_.RefreshControls();
+}
+
 void PlannerRoom::commitEditors() {
     calendar_.day().commitEditor();
     planner_.KeepUnstored();

@@ -89,6 +89,12 @@ class PlannerRoom {
     void colourCalendars();
     void showToday() { planner_.GoToToday(); }
 
+    [[nodiscard]] AppointmentStore& store() { return store_; }
+    [[nodiscard]] PlannerPlaces& places() { return places_; }
+
+    // Shows the day and colours the calendars after somebody else has changed the table.
+    void showAnew();
+
     // Stores what is being typed into the day view.
     void commitEditors();
 

@@ -58,7 +58,7 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
       backup_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
       copies_(world_, calendar_, phonebook_.books(), jobs_.jobs()),
       import_({world_, state_, calendar_, phonebook_.books(), phonebook_.store(),
-               phonebook_.letters(), jobs_.jobs()}),
+               phonebook_.letters(), jobs_.jobs(), jobs_.printing().state(), planner_}),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
              [this] { openPreferences(); }),

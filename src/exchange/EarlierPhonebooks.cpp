@@ -1,8 +1,10 @@
 #include "exchange/EarlierPhonebooks.h"
 
 #include <array>
+#include <utility>
 
 #include "core/SharedState.h"
+#include "platform/Failure.h"
 #include "platform/Text.h"
 
 namespace velmora {

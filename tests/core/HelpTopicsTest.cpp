@@ -29,6 +29,7 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("events", helpTopicOf("Form8"));
     EXPECT_EQ("help", helpTopicOf("HelpWindow"));
     EXPECT_EQ("import", helpTopicOf("DataImport"));
+    EXPECT_EQ("import", helpTopicOf("Form2"));
 }
 
 TEST(HelpTopics, OtherWindowsHaveTheFirstPage) {
