@@ -12,6 +12,7 @@
 #include "platform/Failure.h"
 #include "platform/access/AccessFile.h"
 #include "platform/access/AccessWire.h"
+#include "platform/access/Confinement.h"
 
 namespace velmora::access {
 
@@ -20,6 +21,15 @@ namespace {
 constexpr rlim_t kSecondsOfWork = 20;
 constexpr rlim_t kBytesOfMemory = 1ULL << 30;
 constexpr std::size_t kBlock = 1 << 16;
+
+// The sanitizer reserves far more address space than any limit would leave.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kIsSanitized = true;
+#elif defined(__has_feature)
+constexpr bool kIsSanitized = __has_feature(address_sanitizer) != 0;
+#else
+constexpr bool kIsSanitized = false;
+#endif
 
 void limit(int resource, rlim_t value) {
     const rlimit both{value, value};
@@ -30,10 +40,8 @@ void limitThisProcess() {
     limit(RLIMIT_CPU, kSecondsOfWork);
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_FSIZE, 0);  // it has no business writing files
-#ifndef __SANITIZE_ADDRESS__
-    // The sanitizer reserves far more address space than any limit would leave.
-    limit(RLIMIT_AS, kBytesOfMemory);
-#endif
+    if (!kIsSanitized)
+        limit(RLIMIT_AS, kBytesOfMemory);
     // A parent that is gone wants no answer.
     (void)::prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
@@ -98,6 +106,9 @@ int accessReaderMain(int argc, char** argv) {
     try {
         try {
             AccessFile file(argv[2]);
+            // From here on what the file holds is followed: it and the converters of texts are open
+            // by now.
+            (void)confineThisProcess();
             if (argc == 4)
                 sendRows(file, argv[3], output);
             else
