@@ -58,7 +58,7 @@ bool isNoNote(std::string_view note) {
 
 std::string textOfOldNote(std::string note) {
     const std::size_t length = std::string_view(kMarker).size() + 1;
-    for (std::size_t at = note.find(kMarker); at != std::string::npos; at = note.find(kMarker))
+    for (std::size_t at = 0; (at = note.find(kMarker, at)) != std::string::npos;)
         note.replace(at, length, "    ");
     return std::string(trimBlanks(note));
 }

@@ -495,14 +495,14 @@ TEST_F(ImportWizardTest, WhatWasCutIsCounted) {
 
 TEST_F(ImportWizardTest, ManyLinesOfFewNamesReplaceOneAnother) {
     std::string text = "First,Last\n";
-    for (int i = 0; i < 20'000; ++i)
-        text += "Ann," + std::to_string(i % 1000) + "\n";
+    for (int i = 0; i < 4000; ++i)
+        text += "Ann," + std::to_string(i % 200) + "\n";
     ASSERT_TRUE(beginText(text));
     answerAll({{ImportField::First, 0}, {ImportField::Last, 1}});
     ASSERT_TRUE(import());
-    EXPECT_EQ(yellow().size(), 1000 * kRecordSize);
-    EXPECT_EQ(wizard.report().counts.added, 1000U);
-    EXPECT_EQ(wizard.report().counts.replaced, 19'000U);
+    EXPECT_EQ(yellow().size(), 200 * kRecordSize);
+    EXPECT_EQ(wizard.report().counts.added, 200U);
+    EXPECT_EQ(wizard.report().counts.replaced, 3800U);
 }
 
 TEST_F(ImportWizardTest, DoesNothingWhileAnotherJobRuns) {
