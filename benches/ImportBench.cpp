@@ -92,8 +92,7 @@ class Import {
                                },
                                list_, '\t'},
                               codePage_);
-            expect(source.inspect([&] { return job.goOn(); }) ==
-                       TextSource::Inspection::Importable,
+            expect(source.inspect([&] { return job.goOn(); }) == TextSource::Inspection::Importable,
                    "the text is not importable");
             flushes_ = 0;
             const ImportReport report =
@@ -126,9 +125,9 @@ class Import {
   private:
     static ImportMapping mapping() {
         ImportMapping mapping;
-        const ImportField fields[kColumns] = {ImportField::First,        ImportField::Last,
-                                              ImportField::Street,       ImportField::CityStateZip,
-                                              ImportField::Home, ImportField::Memo};
+        const ImportField fields[kColumns] = {ImportField::First,  ImportField::Last,
+                                              ImportField::Street, ImportField::CityStateZip,
+                                              ImportField::Home,   ImportField::Memo};
         for (std::size_t i = 0; i < kColumns; ++i)
             mapping[fields[i]] = std::to_string(i + 1);
         return mapping;

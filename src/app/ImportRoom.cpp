@@ -24,8 +24,7 @@ ImportRoom::ImportRoom(const Parts& parts)
                },
                [this] { showLetterAnew(); }}),
       earlierPhonebooks_({parts.jobs, parts.world.messages, parts.store, parts.world.locations,
-                          parts.world.files, copies_, parts.reports,
-                          [this] { showLetterAnew(); }}),
+                          parts.world.files, copies_, parts.reports, [this] { showLetterAnew(); }}),
       oldPlanner_({parts.jobs, parts.world.messages, parts.planner.store(), parts.world.files,
                    parts.world.clock, parts.world.codePage, [this] { return copyPlanner(); },
                    [&planner = parts.planner] { planner.showAnew(); }}) {}

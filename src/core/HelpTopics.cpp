@@ -22,6 +22,7 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Form11", "backup"},
     {"DataImport", "import"},
     {"DataImport", "import"}, {"Form2", "import"},
+    {"Form11", "backup"},         {"DataImport", "import"},  {"Form2", "import"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

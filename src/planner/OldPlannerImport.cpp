@@ -94,8 +94,7 @@ bool OldPlannerImport::run(LongJob& job, const std::string& path) {
     days.emplace_back();
     std::size_t number = 0;
     for (const OldPlannerDay& day : days) {
-        job.tell("Importing... " + std::to_string(++number) + " of " +
-                 std::to_string(days.size()));
+        job.tell("Importing... " + std::to_string(++number) + " of " + std::to_string(days.size()));
         if (!job.goOn())
             break;
         importDay(job, day, folderOf(path), outcome);

@@ -44,10 +44,10 @@ class EarlierPhonebooksTest : public testing::Test, protected test::PhonebookFix
 
     static PhonebookRecord person(std::string_view first, std::string_view last) {
         std::uint64_t cut = 0;
-        return earlierEntry(ProfileFile("[x]\nFirst=" + std::string(first) +
-                                            "\nLast=" + std::string(last),
-                                        CodePage::western()),
-                            "x", cut);
+        return earlierEntry(
+            ProfileFile("[x]\nFirst=" + std::string(first) + "\nLast=" + std::string(last),
+                        CodePage::western()),
+            "x", cut);
     }
 
     test::PrintDesk desk;
@@ -73,11 +73,11 @@ TEST_F(EarlierPhonebooksTest, EachKeyFillsItsField) {
     import();
     const PhonebookRecord record(yellow());
     const std::vector<std::pair<Field, std::string>> fields{
-        {Field::Title, "t"},       {Field::First, "f"},   {Field::Last, "l"},
-        {Field::Position, "o"},    {Field::Company, "c"}, {Field::Address1, "s"},
-        {Field::Address2, "s2"},   {Field::Country, "cy"}, {Field::Phone, "p"},
-        {Field::WorkPhone, "w"},   {Field::Fax, "x"},     {Field::Memo, "n"},
-        {Field::Class, "k"},       {Field::Salutation, "ps"}};
+        {Field::Title, "t"},     {Field::First, "f"},      {Field::Last, "l"},
+        {Field::Position, "o"},  {Field::Company, "c"},    {Field::Address1, "s"},
+        {Field::Address2, "s2"}, {Field::Country, "cy"},   {Field::Phone, "p"},
+        {Field::WorkPhone, "w"}, {Field::Fax, "x"},        {Field::Memo, "n"},
+        {Field::Class, "k"},     {Field::Salutation, "ps"}};
     for (const auto& [field, text] : fields)
         EXPECT_EQ(record.text(field), text);
     for (const Field empty :

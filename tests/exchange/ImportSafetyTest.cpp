@@ -91,8 +91,9 @@ class ImportSafetyTest : public testing::Test {
     SettingsStore settings{medium};
     PosixFiles files{NativePaths(CodePage::western())};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
-    FileBooks books{files, locations,
-                    [this](const std::string& path) { return fileStampOf(files.nativePath(path)); }};
+    FileBooks books{files, locations, [this](const std::string& path) {
+                        return fileStampOf(files.nativePath(path));
+                    }};
     PhonebookStore store{books, CodePage::western()};
     test::FakeMessages messages;
     EntryWriter writer{store, messages};
@@ -115,7 +116,8 @@ TEST_F(ImportSafetyTest, TwoImportsFromTwoCopiesLoseNothing) {
     EXPECT_EQ(entries.at("Second").size(), static_cast<std::size_t>(kEntries));
 }
 
-TEST_F(ImportSafetyTest, EntriesThatOthersAddMeanwhileAreAllThereAndImportedOnesWholeAfterEachKill) {
+TEST_F(ImportSafetyTest,
+       EntriesThatOthersAddMeanwhileAreAllThereAndImportedOnesWholeAfterEachKill) {
     std::minstd_rand random(testing::UnitTest::GetInstance()->random_seed() + 1U);
     int others = 0;
     for (int kill = 0; kill < test::soaked(10); ++kill) {

@@ -103,7 +103,8 @@ TEST_F(OldPlannerImportTest, CancellingTheFileDialogImportsNothing) {
 }
 
 TEST_F(OldPlannerImportTest, EachDayBecomesOneRowAndTheLastPassOneMore) {
-    files["/old/cname.dat"] = "[Mon, 3/9/98]\r\nFile=/old/a.dat\r\n[Tue, 3/10/98]\r\nFile=/old/b.dat";
+    files["/old/cname.dat"] =
+        "[Mon, 3/9/98]\r\nFile=/old/a.dat\r\n[Tue, 3/10/98]\r\nFile=/old/b.dat";
     files["/old/a.dat"] = "[Text]\r\nText= Dentist Chr$(13)\x0A then lunch\r\n";
     files["/old/b.dat"] = "[text]\r\ntext=\r\n";
     EXPECT_TRUE(import(" /old/cname.dat "));
@@ -145,8 +146,7 @@ TEST_F(OldPlannerImportTest, AFileThatMovedIsFoundBesideTheIndexByItsName) {
 TEST_F(OldPlannerImportTest, AMissingFileGivesTheDefaultTextAndIsTold) {
     files["/old/cname.dat"] = "[a, 3/9/98]\nFile=C:\\VLM\\none.dat\n";
     EXPECT_TRUE(import());
-    EXPECT_EQ(rows(),
-              (std::vector<RawRow>{event("1998-03-09", "Events of the Day"), lastPass()}));
+    EXPECT_EQ(rows(), (std::vector<RawRow>{event("1998-03-09", "Events of the Day"), lastPass()}));
     EXPECT_NE(desk.status.text.find("The files of 1 day could not be read"), std::string::npos);
 }
 
@@ -176,8 +176,8 @@ TEST_F(OldPlannerImportTest, WhatCanNotBeStoredIsCounted) {
     files["/old/a.dat"] = "[Text]\nText=x\n";
     store.OpenDatabase(folder.file("none.mdb"));
     EXPECT_TRUE(import());
-    EXPECT_TRUE(desk.status.text.starts_with(
-        "0 appointments added. 2 appointments could not be stored: "))
+    EXPECT_TRUE(
+        desk.status.text.starts_with("0 appointments added. 2 appointments could not be stored: "))
         << desk.status.text;
 }
 

@@ -37,15 +37,21 @@ bool closeCalls() {
     const std::unique_ptr<void, FreeFilter> filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)));
     if (!filter)
         return false;
-    for (const int call :
-         {SCMP_SYS(read), SCMP_SYS(pread64), SCMP_SYS(readv), SCMP_SYS(lseek), SCMP_SYS(write),
-          SCMP_SYS(writev), SCMP_SYS(close), SCMP_SYS(fstat), SCMP_SYS(newfstatat),
-          SCMP_SYS(brk), SCMP_SYS(mmap), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(mprotect),
-          SCMP_SYS(madvise), SCMP_SYS(futex), SCMP_SYS(sched_yield), SCMP_SYS(clock_gettime),
-          SCMP_SYS(gettimeofday), SCMP_SYS(getrandom), SCMP_SYS(getpid), SCMP_SYS(gettid),
-          SCMP_SYS(tgkill), SCMP_SYS(rt_sigaction), SCMP_SYS(rt_sigprocmask),
-          SCMP_SYS(rt_sigreturn), SCMP_SYS(sigaltstack), SCMP_SYS(restart_syscall),
-          SCMP_SYS(exit), SCMP_SYS(exit_group)})
+    for (const int call : {SCMP_SYS(read),           SCMP_SYS(pread64),
+                           SCMP_SYS(readv),          SCMP_SYS(lseek),
+                           SCMP_SYS(write),          SCMP_SYS(writev),
+                           SCMP_SYS(close),          SCMP_SYS(fstat),
+                           SCMP_SYS(newfstatat),     SCMP_SYS(brk),
+                           SCMP_SYS(mmap),           SCMP_SYS(munmap),
+                           SCMP_SYS(mremap),         SCMP_SYS(mprotect),
+                           SCMP_SYS(madvise),        SCMP_SYS(futex),
+                           SCMP_SYS(sched_yield),    SCMP_SYS(clock_gettime),
+                           SCMP_SYS(gettimeofday),   SCMP_SYS(getrandom),
+                           SCMP_SYS(getpid),         SCMP_SYS(gettid),
+                           SCMP_SYS(tgkill),         SCMP_SYS(rt_sigaction),
+                           SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn),
+                           SCMP_SYS(sigaltstack),    SCMP_SYS(restart_syscall),
+                           SCMP_SYS(exit),           SCMP_SYS(exit_group)})
         if (seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 0) != 0)
             return false;
     return seccomp_load(filter.get()) == 0;

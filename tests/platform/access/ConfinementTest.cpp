@@ -35,7 +35,7 @@ TEST(Confinement, LeavesWhatIsOpenAndNothingElse) {
         report(::read(open, &byte, 1) == 1 && byte == 'c' ? 'r' : '-');
         report(::open(folder.file("other").c_str(), O_RDONLY | O_CLOEXEC) < 0 ? 'o' : '-');
         report(::open(folder.file("new").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600) < 0 ? 'w'
-                                                                                           : '-');
+                                                                                            : '-');
         report(!confinement.calls || (::socket(AF_INET, SOCK_STREAM, 0) < 0 && errno == EPERM)
                    ? 's'
                    : '-');
