@@ -48,6 +48,13 @@ class BooksWorld {
         return contentsOf(kYellowPagesFile) + "white:\n" + contentsOf(kWhitePagesFile);
     }
 
+    // As an import does it.
+    void writeTogether(const std::vector<PlacedRecord>& records) {
+        OpenBook book = store_.Open(kYellowPagesFile);
+        const OpenBook::Lock lock(book);
+        book.WriteAll(records);
+    }
+
   private:
     // Free slots do not count.
     [[nodiscard]] std::string contentsOf(const char* bookFile) const {
@@ -164,6 +171,21 @@ std::vector<Operation> operations() {
             "AnEntryGoesIntoAFreeSlot", kWithATrace,
             [](BooksWorld& world) { (void)world.writer.add(kYellowPagesFile, entry("9", "new")); },
             Bears::Lasting),
+        operation<BooksWorld>(
+            "SeveralEntriesAreWrittenTogether", kWithATrace,
+            [](BooksWorld& world) {
+                world.writeTogether({{2, entry("1", "new")},
+                                     {4, entry("3", "new")},
+                                     {kEntries + 2, entry("9", "new")}});
+            },
+            Bears::One),
+        operation<BooksWorld>(
+            "SeveralEntriesGoBehindTheEnd", kInPlace,
+            [](BooksWorld& world) {
+                world.writeTogether(
+                    {{kEntries + 2, entry("8", "new")}, {kEntries + 3, entry("9", "new")}});
+            },
+            Bears::One),
         operation<BooksWorld>(
             "AnEntryGoesBehindTheEnd", kInPlace,
             [](BooksWorld& world) { (void)world.writer.add(kWhitePagesFile, entry("9", "new")); },
