@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -117,7 +118,8 @@ void DataImport::arrange() {
 }
 
 void DataImport::connectControls() {
-    connect(List1, &EntryList::lineActivated, this, &DataImport::choose);
+    // A choice opens boxes and moves the keys, so the key that made it has to be done with first.
+    connect(List1, &EntryList::lineActivated, this, &DataImport::choose, Qt::QueuedConnection);
     connect(List1, &EntryList::currentLineChanged, this, &DataImport::showSample);
     connect(Command1, &QPushButton::clicked, this, &DataImport::reject);
     connect(Command2, &QPushButton::clicked, this, &DataImport::run);
@@ -181,8 +183,9 @@ void DataImport::showSample() {
 
 void DataImport::choose() {
     const QModelIndex line = List1->currentIndex();
-    if (running_ || !line.isValid() || !List1->hasSelection())
+    if (running_ || choosing_ || !line.isValid() || !List1->hasSelection())
         return;
+    const QScopedValueRollback<bool> choosing(choosing_, true);
     wizard_.choose(static_cast<std::size_t>(line.row()));
     if (isVisible())
         showQuestion();
@@ -251,6 +254,13 @@ void DataImport::takeHeight(int height) {
         return;
     setMinimumHeight(0);
     resize(width(), height);
+}
+
+// Enter in the list chooses its line, and presses no button.
+void DataImport::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || event->modifiers().testFlag(Qt::ControlModifier) || !List1->hasFocus())
+        Dialog::keyPressEvent(event);
 }
 
 void DataImport::reject() {

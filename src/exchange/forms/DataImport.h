@@ -39,6 +39,7 @@ class DataImport final : public Dialog {
 
   protected:
     [[nodiscard]] QWidget* firstField() const override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void makeControls();
@@ -56,6 +57,7 @@ class DataImport final : public Dialog {
     ImportWizard& wizard_;
     Import import_;
     const CodePage& codePage_;
+    bool choosing_ = false;
     bool running_ = false;
     bool closeWanted_ = false;
 

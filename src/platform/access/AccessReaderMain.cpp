@@ -92,13 +92,7 @@ void sendRows(AccessFile& file, const std::string& table, Output& output) {
     });
 }
 
-}  // namespace
-
-bool isAccessReaderCall(int argc, char** argv) {
-    return argc >= 2 && std::strcmp(argv[1], kReaderArgument) == 0;
-}
-
-int accessReaderMain(int argc, char** argv) {
+int answer(int argc, char** argv) {
     if (argc < 3 || argc > 4)
         return 2;
     limitThisProcess();
@@ -122,6 +116,17 @@ int accessReaderMain(int argc, char** argv) {
         return 1;  // nobody listens, or memory ran out; the parent sees that the end is missing
     }
     return 0;
+}
+
+}  // namespace
+
+bool isAccessReaderCall(int argc, char** argv) {
+    return argc >= 2 && std::strcmp(argv[1], kReaderArgument) == 0;
+}
+
+int accessReaderMain(int argc, char** argv) {
+    // What libraries do at a usual end may need what this process may not do any more.
+    ::_exit(answer(argc, argv));
 }
 
 }  // namespace velmora::access
