@@ -18,11 +18,8 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Form9", "letters"},         {"FontDialog", "fonts"},   {"PrinterDialog", "printing"},
     {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
     {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
-    {"Form11", "backup"},         {"Form6", "reports"},
-    {"Form11", "backup"},
-    {"DataImport", "import"},
-    {"DataImport", "import"}, {"Form2", "import"},
-    {"Form11", "backup"},         {"DataImport", "import"},  {"Form2", "import"},
+    {"Form11", "backup"},         {"Form6", "reports"},      {"DataImport", "import"},
+    {"Form2", "import"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};
