@@ -1,7 +1,9 @@
 """Starts of one user on one folder share one window; the desktop finds it by its name."""
 
 import os
+import pathlib
 import shutil
+import signal
 import subprocess
 import unittest
 
@@ -11,6 +13,29 @@ from desk_test import DeskTest
 from velmora_driver import Atspi, Velmora, has_state, key, text_of, wait_until, xdo
 
 NAME = "example.velmora.Velmora"
+
+
+class StartedByOthers:
+    """A process that is no child of this one, as far as the driver asks for it."""
+
+    def __init__(self, pid):
+        self.pid = pid
+        self.returncode = None
+
+    def poll(self):
+        try:
+            state = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()[0]
+        except FileNotFoundError:
+            state = "Z"
+        if state == "Z":
+            self.returncode = 0
+        return self.returncode
+
+    def wait(self, timeout=None):
+        return wait_until(lambda: self.poll() is not None, "the end of the program")
+
+    def kill(self):
+        os.kill(self.pid, signal.SIGKILL)
 
 
 class OneWindow(DeskTest):
@@ -75,21 +100,54 @@ class OneWindow(DeskTest):
         self.assertEqual(0, self.start_again())
         self.assert_closes_well()
 
+    def open_link(self, link):
+        """As the desktop does when a link is clicked; a program that is not there is started."""
+        bus = dbus.bus.BusConnection(os.environ["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(bus.close)
+        desktop = bus.get_object(NAME, "/" + NAME.replace(".", "/"), introspect=False)
+        dbus.Interface(desktop, "org.freedesktop.Application").Open(
+            [link], dbus.Dictionary({"activation-token": "a-token"}, signature="sv"))
+        return int(bus.call_blocking("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                     "org.freedesktop.DBus", "GetConnectionUnixProcessID", "s",
+                                     (NAME,)))
+
+    def wait_number(self, program, number):
+        wait_until(lambda: program.shows("Label16"), "the Dialer pane")
+        wait_until(lambda: text_of(program.find(id="Label16")) == number, "the number")
+        self.assertFalse(self.desk.book("phonelog.txt").exists())
+
     def test_a_telephone_link_brings_its_number_and_dials_nothing(self):
         program = self.start()
         bus = dbus.SessionBus()
         wait_until(lambda: bus.name_has_owner(NAME), "the name on the bus")
-        desktop = dbus.Interface(
-            bus.get_object(NAME, "/" + NAME.replace(".", "/"), introspect=False),
-            "org.freedesktop.Application")
-        desktop.Open(["tel:+1-516-555-1212;ext=9"],
-                     dbus.Dictionary({"activation-token": "a-token"}, signature="sv"))
-        wait_until(lambda: program.shows("Label16"), "the Dialer pane")
-        wait_until(lambda: text_of(program.find(id="Label16")) == "+15165551212", "the number")
+        self.assertEqual(program.process.pid, self.open_link("tel:+1-516-555-1212;ext=9"))
+        self.wait_number(program, "+15165551212")
         self.wait_active(program.main)
-        self.assertFalse(self.desk.book("phonelog.txt").exists())
-        bus.close()
         self.assert_closes_well()
+
+    def offer_service(self):
+        """What the package has for the message bus, for the program of this desk."""
+        services = pathlib.Path(os.environ["XDG_RUNTIME_DIR"]) / "dbus-1/services"
+        services.mkdir(parents=True, exist_ok=True)
+        start = self.desk.base / "start"
+        more = {**os.environ, **self.desk.environment, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+                "VELMORA_TEST_IDS": "1"}
+        start.write_text("#!/usr/bin/python3\nimport os\n"
+                         f"os.execve({str(self.desk.binary)!r}, ['velmora'], {more!r})\n")
+        start.chmod(0o755)
+        service = services / f"{NAME}.service"
+        service.write_text(f"[D-BUS Service]\nName={NAME}\nExec={start}\n")
+        self.addCleanup(service.unlink)
+
+    def test_a_telephone_link_starts_the_program_where_it_does_not_run(self):
+        self.offer_service()
+        process = StartedByOthers(self.open_link("tel:5551212"))
+        program = self.program = Velmora(self.desk.binary, process=process)
+        self.addCleanup(program.end)
+        self.wait_number(program, "5551212")
+        program.activate()
+        key("ctrl+q")
+        wait_until(lambda: process.poll() is not None, "the end")
 
 
 if __name__ == "__main__":

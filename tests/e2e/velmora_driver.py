@@ -160,12 +160,12 @@ class Velmora:
     """One run of the program.
 
     `binary` is started as it lies, so it works on the data beside it. `environment` is added to
-    that of this process. The main window is made the active one unless `activate` is false. Call
+    that of this process; `process` is a run that somebody else has started. The main window is made the active one unless `activate` is false. Call
     end() in any case; it does nothing when the program has ended.
     """
 
-    def __init__(self, binary, environment=None, activate=True):
-        self.process = subprocess.Popen(
+    def __init__(self, binary, environment=None, activate=True, process=None):
+        self.process = process or subprocess.Popen(
             [binary], cwd=pathlib.Path(binary).parent, stdin=subprocess.DEVNULL,
             env={**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "VELMORA_TEST_IDS": "1",
                  **(environment or {})})

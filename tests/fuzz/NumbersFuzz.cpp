@@ -1,4 +1,5 @@
-// Reads any text as a caller's number, as a command line and as what an entry asks to be opened.
+// Reads any text as a caller's number, as a command line, as what an entry asks to be
+// opened, and as a telephone link.
 
 #include <algorithm>
 #include <string>
@@ -11,6 +12,7 @@
 #include "telephony/CommandLine.h"
 #include "telephony/NationalNumber.h"
 #include "telephony/OpenTarget.h"
+#include "telephony/TelephoneLink.h"
 
 namespace velmora {
 namespace {
@@ -67,6 +69,16 @@ void checkTargets(const std::string& text) {
     require(file.empty() || hasScheme(file) || file.front() == '/', "a file has its whole path");
 }
 
+void checkLink(const std::string& text) {
+    for (const std::string& link : {text, "tel:" + text}) {
+        const std::string number = numberOfLink(link);
+        require(number.size() <= 40, "forty characters at most");
+        require(number.find_first_not_of("0123456789*#,+") == std::string::npos, "keys only");
+        require(number.rfind('+') == std::string::npos || number.rfind('+') == 0, "a leading plus");
+        require(numberOfLink("tel:" + number) == number, "a number is its own link");
+    }
+}
+
 }  // namespace
 }  // namespace velmora
 
@@ -78,5 +90,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkNational(input.rest(), country);
     checkCommand(input.rest());
     checkTargets(std::string(input.rest()));
+    checkLink(std::string(input.rest()));
     return 0;
 }
