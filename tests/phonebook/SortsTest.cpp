@@ -85,6 +85,46 @@ TEST(Sorts, LongListsComeOutInOrder) {
     EXPECT_EQ(sorted(names, 2), expected);
 }
 
+// The steps as they are told, name by name.
+void sortStepByStep(Names& names, bool descending) {
+    const auto outOfOrder = [&](const std::string& a, const std::string& b) {
+        const int order = CodePage::western().compareIgnoringCase(a, b);
+        return descending ? order < 0 : order > 0;
+    };
+    std::size_t gap = names.size();
+    for (bool swapped = true; gap >= 2 || swapped;) {
+        gap = std::max<std::size_t>(gap * 10 / 13, 1);
+        if (gap == 9 || gap == 10)
+            gap = 11;
+        swapped = false;
+        for (std::size_t i = 0; i + gap < names.size(); ++i)
+            if (outOfOrder(names[i], names[i + gap])) {
+                std::swap(names[i], names[i + gap]);
+                swapped = true;
+            }
+    }
+}
+
+TEST(Sorts, EqualNamesOfAnyListStandAsTheStepsLeaveThem) {
+    unsigned seed = 7;
+    const auto next = [&] { return (seed = seed * 1103515245 + 12345) >> 16; };
+    for (const std::size_t count : {2U, 12U, 13U, 100U, 3000U}) {
+        Names names(count);
+        for (std::string& name : names) {
+            // Few names in many spellings, most alike for longer than a machine word or two.
+            name = next() % 3 == 0 ? "Sm" : "Bellweather, Adrian";
+            name += static_cast<char>('0' + next() % 10);
+            name[next() % 2] = static_cast<char>(name[0] ^ ' ');
+        }
+        for (const int flags : {5, 6}) {
+            SCOPED_TRACE(count);
+            Names expected = names;
+            sortStepByStep(expected, flags == 6);
+            EXPECT_EQ(sorted(names, flags), expected);
+        }
+    }
+}
+
 TEST(Sorts, IndicesOutsideTheArrayOrAbove32767Fail) {
     Names names(40000, "x");
     const CodePage& page = CodePage::western();
