@@ -298,6 +298,13 @@ TEST_F(QtPrintersTest, APrinterThatNeedsNoMarginsGetsSome) {
     EXPECT_EQ(margins(), sheet.needed);
 }
 
+TEST_F(QtPrintersTest, ASheetThatLiesHasRoomAtTheEndsWhateverSideItIsTurnedTo) {
+    const PrintService::Sheet sheet{
+        QStringLiteral("A4"), QStringLiteral("A4"), {595, 842}, {9, 10, 11, 12}};
+    EXPECT_EQ(sheet.layout(PageOrientation::Landscape).margins(QPageLayout::Point),
+              QMarginsF(12, 11, 12, 11));
+}
+
 TEST_F(QtPrintersTest, AFontWithoutASizeStillHasLines) {
     surface_.SetFontSize(0);
     EXPECT_GT(surface_.TextHeight("x"), 0);

@@ -166,6 +166,33 @@ TEST_F(PrintOnPaper, APrinterThatWentIsAFailureAndNoOtherPrints) {
     EXPECT_EQ(surface_.CurrentPrinter(), "Attic");
 }
 
+TEST_F(PrintOnPaper, APrinterThatVanishesWhileItsPagesAreMadeIsAFailureAndNothingIsPrinted) {
+    struct Vanishing final : PrintWatch {
+        explicit Vanishing(test::PrintShop& whole) : shop(whole) {}
+        bool playing(int page, int) override {
+            if (page == 2)
+                shop.administer("lpadmin -x Cellar");
+            return true;
+        }
+        bool sending() override { return true; }
+        bool waitingForTheQueue() override { return true; }
+        test::PrintShop& shop;
+    } watch{shop_};
+    shop_.administer("lpadmin -p Cellar -v file:///dev/null -E");
+    surface_.AskPrintSystem({});
+    ASSERT_TRUE(surface_.SetCurrentPrinter("Cellar"));
+    for (int page = 1; page <= 3; ++page) {
+        surface_.Print("x");
+        surface_.NewPage();
+    }
+    try {
+        surface_.EndDoc(&watch);
+        ADD_FAILURE() << "was printed";
+    } catch (const Failure& failure) {
+        EXPECT_THAT(failure.what(), HasSubstr("the printer \"Cellar\" is not there any more"));
+    }
+}
+
 TEST_F(PrintOnPaper, APrinterThatTakesNoJobsIsAFailureThatSaysSo) {
     shop_.administer("cupsreject Pocket");
     surface_.Print("x");

@@ -22,15 +22,21 @@ PdfPages::PdfPages(const std::string& title, const CodePage& codePage)
 
 PdfPages::~PdfPages() = default;
 
+// The painter's own corner lies on a whole point, margins seldom do.
 void PdfPages::beginPage(const QPageLayout& layout) {
-    if (!writer_.pageLayout().isEquivalentTo(layout))
-        writer_.setPageLayout(layout);
+    if (layout_ != layout) {
+        layout_ = layout;
+        QPageLayout whole = layout;
+        whole.setMode(QPageLayout::FullPageMode);
+        writer_.setPageLayout(whole);
+    }
     if (pages_ == 0 ? !painter_.begin(&writer_) : !writer_.newPage())
         throw notMade();
     ++pages_;
-    const QSizeF size = layout.paintRect(QPageLayout::Inch).size();
-    painter_.setClipRect(
-        QRectF(0, 0, size.width() * kPrinterResolution, size.height() * kPrinterResolution));
+    const QRectF area = printableRect(layout);
+    painter_.resetTransform();
+    painter_.translate(area.topLeft() * kPrinterResolution);
+    painter_.setClipRect(QRectF(QPointF(), area.size() * kPrinterResolution));
 }
 
 bool PdfPages::play(PrintJob& job, const QPageLayout& layout, PrintWatch* watch) {

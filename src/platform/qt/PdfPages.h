@@ -4,6 +4,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
+#include <optional>
 
 #include "platform/CodePage.h"
 #include "platform/PrintJob.h"
@@ -39,6 +40,7 @@ class PdfPages {
     QPdfWriter writer_{&bytes_};
     QPainter painter_;
     PagePainter pagePainter_;
+    std::optional<QPageLayout> layout_;  // of the last page
     int pages_ = 0;
 };
 

@@ -10,9 +10,10 @@
 namespace velmora {
 namespace {
 
-constexpr double kMargin = 0.25;           // inches
-constexpr double kLineWidth = 0.5 / 72.0;  // half a point
-constexpr double kSmallestFont = 1;        // points
+constexpr double kPointsAnInch = 72;
+constexpr double kMargin = 18;                      // points
+constexpr double kLineWidth = 0.5 / kPointsAnInch;  // half a point
+constexpr double kSmallestFont = 1;                 // points
 
 QColor colourOf(int number) {
     return {number & 255, number >> 8 & 255, number >> 16 & 255};
@@ -43,7 +44,12 @@ QPageLayout::Orientation toQt(PageOrientation orientation) {
 
 QPageLayout letterLayout(PageOrientation orientation) {
     return {QPageSize(QPageSize::Letter), toQt(orientation),
-            QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Inch};
+            QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Point};
+}
+
+QRectF printableRect(const QPageLayout& layout) {
+    const QRectF points = layout.paintRect(QPageLayout::Point);
+    return {points.topLeft() / kPointsAnInch, points.size() / kPointsAnInch};
 }
 
 void PagePainter::paint(const PrintPage& page) {

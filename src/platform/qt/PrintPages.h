@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPageLayout>
 #include <QPainter>
+#include <QRectF>
 #include <deque>
 #include <optional>
 
@@ -17,6 +18,10 @@ inline constexpr int kPrinterResolution = 1200;  // dots per inch
 
 // Of a file, and of what can not be asked: a Letter sheet with margins of a quarter inch.
 [[nodiscard]] QPageLayout letterLayout(PageOrientation orientation);
+
+// What can be printed on of a sheet, in inches from its left top corner: exactly, while the layout
+// itself rounds what it does not tell in points.
+[[nodiscard]] QRectF printableRect(const QPageLayout& layout);
 
 [[nodiscard]] QPageLayout::Orientation toQt(PageOrientation orientation);
 

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 #include "platform/Failure.h"
@@ -97,11 +98,14 @@ class PrintService::Question {
 
 QPageLayout PrintService::Sheet::layout(PageOrientation orientation) const {
     const bool lying = orientation == PageOrientation::Landscape;
-    const QMarginsF margins =
-        needed.isNull() ? QMarginsF(kMargin, kMargin, kMargin, kMargin) : needed;
+    QMarginsF margins = needed.isNull() ? QMarginsF(kMargin, kMargin, kMargin, kMargin) : needed;
+    if (lying) {  // printers turn it to the one side or the other
+        const double atEnds = std::max(margins.top(), margins.bottom());
+        const double atSides = std::max(margins.left(), margins.right());
+        margins = {atEnds, atSides, atEnds, atSides};
+    }
     return {QPageSize(size, QPageSize::Point, name, QPageSize::ExactMatch),
-            lying ? QPageLayout::Landscape : QPageLayout::Portrait, margins, QPageLayout::Point,
-            needed};
+            lying ? QPageLayout::Landscape : QPageLayout::Portrait, margins, QPageLayout::Point};
 }
 
 bool PrintService::ask(const QString& printer, const GoOn& goOn) {

@@ -59,8 +59,7 @@ double QtPrintMetrics::textWidth(const PrintFont& font, std::string_view line) c
 
 PrintableArea QtPrintMetrics::printableArea(const std::string& printer,
                                             PageOrientation orientation) const {
-    const QSizeF size =
-        layoutOf(printer, orientation, service_, codePage_).paintRect(QPageLayout::Inch).size();
+    const QSizeF size = printableRect(layoutOf(printer, orientation, service_, codePage_)).size();
     return {.width = size.width(), .height = size.height()};
 }
 

@@ -12,7 +12,7 @@ PrintTarget QtPrintTargets::target(PageOrientation orientation) const {
     const std::string printer = surface_.CurrentPrinter();
     const QPageLayout layout = layoutOf(printer, orientation, service_, codePage_);
     const QRectF sheet = layout.fullRect(QPageLayout::Inch);
-    const QRectF printable = layout.paintRect(QPageLayout::Inch);
+    const QRectF printable = printableRect(layout);
     return {.printer = printer,
             .paper = fromQt(layout.pageSize().name(), codePage_),
             .width = sheet.width(),
