@@ -13,13 +13,14 @@ constexpr std::uint64_t kLongest = 40000;  // bytes
 }  // namespace
 
 std::string Signature::load() {
-    wasTooLarge_ = false;
+    wasNotRead_ = true;
     try {
         if (!files_.exists(path_))
             files_.append(path_, "");
-        if (const auto text = files_.readWhole(path_, kLongest))
+        if (const auto text = files_.readWhole(path_, kLongest)) {
+            wasNotRead_ = false;
             return *text;
-        wasTooLarge_ = true;
+        }
         messages_.tell("File Exceeded Maximum Length.", "Signature file is too large.");
     } catch (const Failure& failure) {
         messages_.standardError(failure.what());
@@ -29,13 +30,13 @@ std::string Signature::load() {
 
 void Signature::keep(const std::string& text) {
     try {
-        if (wasTooLarge_) {
+        if (wasNotRead_ && files_.exists(path_)) {
             const auto large = files_.readWhole(path_, std::numeric_limits<std::int64_t>::max());
             if (large)
                 files_.writeWhole(path_ + "~", *large);
         }
         files_.writeWhole(path_, text + "\r\n");
-        wasTooLarge_ = false;
+        wasNotRead_ = false;
     } catch (const Failure& failure) {
         messages_.standardError(failure.what());
     }

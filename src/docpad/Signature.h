@@ -21,7 +21,7 @@ class Signature {
     // not be read, is told and shows nothing.
     [[nodiscard]] std::string load();
 
-    // Writes what was accepted. A file that was too large is kept under its name with "~" behind.
+    // Writes what was accepted. A file that was not shown is kept under its name with "~" behind.
     // A failure is told in the standard error box; the run goes on with the text all the same.
     void keep(const std::string& text);
 
@@ -29,7 +29,7 @@ class Signature {
     std::string path_;
     Files& files_;
     Messages& messages_;
-    bool wasTooLarge_ = false;
+    bool wasNotRead_ = false;  // too large, or it failed
 };
 
 // Shows a text to the user, who may change it.

@@ -3,15 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <utility>
-
-#include <deque>
-
+#include "docpad/LetterFakes.h"
 #include "docpad/PadFakes.h"
+#include "platform/Failure.h"
+#include "platform/files/PosixFiles.h"
 #include "support/FakeClock.h"
 #include "support/Golden.h"
+#include "support/OrdinaryUser.h"
 #include "support/PhonebookFixture.h"
 #include "support/PrintDesk.h"
+#include "support/TemporaryFolder.h"
 
 namespace velmora {
 namespace {
@@ -20,26 +25,6 @@ using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using WhichBooks = MergePrint::WhichBooks;
-
-struct FixedFont final : FontHolder {
-    [[nodiscard]] ControlFont font() const override { return now; }
-    void setFont(const ControlFont& font) override { now = font; }
-    ControlFont now{"Georgia", 12, 255};
-};
-
-// Answers in turn; records what it was asked with.
-struct FakeQuestion final : SignatureQuestion {
-    std::optional<std::string> ask(const std::string& text) override {
-        asked.push_back(text);
-        if (answers.empty())
-            return std::nullopt;
-        auto answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    std::deque<std::optional<std::string>> answers;
-    std::vector<std::string> asked;
-};
 
 class MergePrintTest : public ::testing::Test, protected test::PhonebookFixture {
   protected:
@@ -74,12 +59,13 @@ class MergePrintTest : public ::testing::Test, protected test::PhonebookFixture 
 
     test::PrintDesk desk;
     test::FakePadText pad;
-    FixedFont font;
+    test::FixedFont font;
     test::FakeClock clock;
     LocaleFormats locale;
     Signature signature{"/velmora", files, desk.messages};
-    FakeQuestion question;
+    test::FakeSignatureQuestion question;
     std::vector<std::string> ended;
+    bool isChanged = false;
     MergePrint merge{{desk.printing, store, settings, pad, font, signature, question, clock, locale,
                       [this](const std::string& text) { ended.push_back(text); }}};
 };
@@ -251,6 +237,69 @@ TEST_F(MergePrintTest, MoreNamesThanTheBoundEndTheProgramAndPrintNothing) {
     EXPECT_EQ(question.asked.size(), 1u);
 }
 
+TEST_F(MergePrintTest, AsManyNamesAsTheBoundAreLetters) {
+    yellow().clear();
+    const std::string one = test::bytesOf(test::personRecord("Smith", "John"));
+    for (int i = 0; i < 30001; ++i)
+        yellow() += one;
+    question.answers = {""};
+    int count = 0;
+    desk.loop.onYield = [&] {
+        count = desk.printing.state().ReportCount;
+        if (desk.printer.jobsSent() == 2)
+            desk.jobs.cancel();
+    };
+    merge.run(WhichBooks::Yellow);
+    EXPECT_EQ(count, 30001);
+    EXPECT_THAT(ended, IsEmpty());
+    EXPECT_EQ(desk.printer.takeJobs().at(1).title, "Velmora: Letter to Smith, John (2 of 30001)");
+}
+
+TEST_F(MergePrintTest, FieldsOfNulsAndAShortTailAreEmptyInALetter) {
+    PhonebookRecord bare;
+    bare.assign(Field::Last, "Abel");
+    yellow() = test::bytesOf(bare) +
+               test::bytesOf(test::personRecord("Baker", "Bob", "cut")).substr(0, 40);
+    question.answers = {""};
+    merge.run(WhichBooks::Yellow);
+    const auto jobs = desk.printer.takeJobs();
+    ASSERT_EQ(jobs.size(), 2u);
+    std::vector<std::vector<std::string>> letters;
+    for (const PrintJob& job : jobs) {
+        letters.emplace_back();
+        for (const auto& mark : job.pages.at(0))
+            letters.back().push_back(std::get<PrintedText>(mark).text);
+    }
+    EXPECT_THAT(letters.at(0), ElementsAre("12-Mar-26", "Abel", "Dear Sirs,",
+                                           "thank you for the tea.", "It was good."));
+    EXPECT_THAT(letters.at(1), ElementsAre("12-Mar-26", "Bob Baker", "Dear Sirs,",
+                                           "thank you for the tea.", "It was good."));
+}
+
+TEST_F(MergePrintTest, WhoIsAddedOrRenamedWhileItPrintsGetsNoLetter) {
+    question.answers = {""};
+    desk.loop.onYield = [this] {
+        if (desk.printing.state().ReportCount == 0 || std::exchange(isChanged, true))
+            return;
+        yellow().replace(0, kRecordSize, test::bytesOf(test::personRecord("Renamed", "John")));
+        yellow() += test::bytesOf(test::personRecord("Added", "Ann"));
+    };
+    merge.run(WhichBooks::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme"));
+}
+
+TEST_F(MergePrintTest, APrinterThatVanishesBehindSomeLettersIsToldAndNoneIsTriedAnyMore) {
+    question.answers = {""};
+    desk.printer.beforeJob = [this] {
+        if (desk.printer.jobsSent() == 1)
+            throw Failure("Nothing was printed.");
+    };
+    merge.run(WhichBooks::Yellow);
+    EXPECT_THAT(takeReceivers(), ElementsAre("Acme"));
+    EXPECT_THAT(desk.messages.takeShown(), ElementsAre("error|Velmora|Nothing was printed."));
+    EXPECT_FALSE(desk.jobs.running());
+}
+
 TEST_F(MergePrintTest, NothingHappensWhileAnotherJobRuns) {
     desk.jobs.run([this](LongJob&) { merge.run(WhichBooks::Yellow); });
     EXPECT_THAT(question.asked, IsEmpty());
@@ -274,6 +323,43 @@ TEST_F(MergePrintTest, ASignatureFileThatIsTooLargeIsToldAndKept) {
     EXPECT_EQ(files["/velmora\\sig.txt~"], large);
     files["/velmora\\sig.txt"] = std::string(40000, 'x');
     EXPECT_EQ(signature.load().size(), 40000u);
+}
+
+TEST_F(MergePrintTest, ASignatureThatCouldNotBeReadIsNotWrittenOver) {
+    files["/velmora\\sig.txt"] = "old";
+    files.unreachable = true;
+    EXPECT_EQ(signature.load(), "");
+    files.unreachable = false;
+    EXPECT_EQ(desk.messages.takeShown().size(), 1u);
+    signature.keep("Helen");
+    EXPECT_EQ(signatureFile(), "Helen\r\n");
+    EXPECT_EQ(files["/velmora\\sig.txt~"], "old");
+}
+
+TEST_F(MergePrintTest, ASignatureInAFolderThatIsReadOnlyIsToldAndPrintsAllTheSame) {
+    const test::TemporaryFolder folder;
+    const std::string own = folder.path() + "/own";
+    const std::string path = own + "/sig.txt";
+    {
+        const test::OrdinaryUser user(folder.path());
+        std::filesystem::create_directory(own);
+        std::ofstream(path) << "old\r\n";
+        std::filesystem::permissions(path, std::filesystem::perms(0444));
+        std::filesystem::permissions(own, std::filesystem::perms(0555));
+        PosixFiles realFiles{NativePaths(codePage)};
+        Signature real(own, realFiles, desk.messages);
+        question.answers = {"Helen"};
+        MergePrint({desk.printing, store, settings, pad, font, real, question, clock, locale,
+                    [](const std::string&) {}})
+            .run(WhichBooks::White);
+        std::filesystem::permissions(own, std::filesystem::perms(0755));
+    }
+    EXPECT_THAT(question.asked, ElementsAre("old\r\n"));
+    EXPECT_THAT(takeReceivers(), ElementsAre("Eva Adams"));
+    EXPECT_THAT(desk.messages.takeShown(),
+                ElementsAre(::testing::StartsWith("error|Velmora|The file " + path)));
+    std::ifstream left(path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(left), {}), "old\r\n");
 }
 
 TEST_F(MergePrintTest, ASignatureThatCanNotBeWrittenIsToldAndPrintsAllTheSame) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+
 #include "reports/ReportFixture.h"
 
 namespace velmora {
@@ -230,6 +232,60 @@ TEST_F(BookReportTest, APrinterThatRefusesIsToldOnTheStatusLine) {
     print();
     EXPECT_EQ(desk.status.text, "The printer is gone.");
     EXPECT_THAT(desk.messages.takeShown(), IsEmpty());
+}
+
+TEST_F(BookReportTest, APrinterThatVanishesWhileThePagesAreSentIsToldOnTheStatusLine) {
+    yellow() = people(9);
+    desk.printer.refusal = "The printer is gone.";
+    desk.printer.vanishesBeforePage = 2;
+    print();
+    EXPECT_EQ(desk.status.text, "The printer is gone.");
+    EXPECT_THAT(desk.printer.takeJobs(), IsEmpty());
+    EXPECT_FALSE(desk.icon.shown);
+    EXPECT_FALSE(desk.jobs.running());
+}
+
+TEST_F(BookReportTest, AMemoOfManyLinesMakesItsEntryHigherAndTurnsThePageEarlier) {
+    yellow() = people(4);
+    PhonebookRecord second = personRecord("Last001", "First");
+    second.assign(Field::Memo, "one\r\ntwo\nthree\r\n" + std::string(20, '\n') + "last");
+    yellow().replace(kRecordSize, kRecordSize, bytesOf(second));
+    print();
+    const PrintJob job = desk.printer.takeJobs().at(0);
+    std::vector<std::string> page1;
+    float memo = 0;
+    float last = 0;
+    for (const auto& mark : job.pages.at(0))
+        if (const auto* text = std::get_if<PrintedText>(&mark)) {
+            page1.push_back(text->text);
+            if (text->text == "Memo: one")
+                memo = text->y;
+            if (text->text == "last")
+                last = text->y;
+        }
+    EXPECT_THAT(page1, testing::IsSupersetOf({"Memo: one", "two", "three", "last"}));
+    EXPECT_FLOAT_EQ(last - memo, 23 * 0.16F);
+    // Without its lines four entries have room.
+    EXPECT_THAT(page1, testing::Not(testing::Contains("Last002, First")));
+    EXPECT_THAT(std::get<PrintedText>(job.pages.at(1).at(1)).text, "Last002, First");
+}
+
+TEST_F(BookReportTest, LineEndsInTheNumbersOfAListingKeepItsCellsApart) {
+    PhonebookRecord record = personRecord("Abel", "Al");
+    record.assign(Field::Phone, "555-0100\r\n555-0101");
+    record.assign(Field::EMail, "a@example.com\nb@example.com");
+    yellow() = bytesOf(record) + bytesOf(personRecord("Baker", "Bob"));
+    list();
+    const PrintJob job = desk.printer.takeJobs().at(0);
+    std::map<std::string, float> tops;
+    for (const auto& mark : job.pages.at(0))
+        if (const auto* text = std::get_if<PrintedText>(&mark))
+            tops.emplace(text->text, text->y);
+    const float line = 9.75F * 0.016F;
+    EXPECT_FLOAT_EQ(tops["555-0101"], 1 + line);
+    EXPECT_FLOAT_EQ(tops["Pager: "], 1 + line);
+    EXPECT_FLOAT_EQ(tops["b@example.com"], 1 + 2 * line);
+    EXPECT_FLOAT_EQ(tops["Baker, Bob"], 1 + 3 * line + 0.15F);
 }
 
 TEST_F(BookReportTest, ABookThatCanNotBeReadIsToldOnTheStatusLine) {

@@ -43,6 +43,7 @@ class FakePrinters : public PrintOutput {
     std::string defaultName = "Pocket";
     std::string refusal;              // when not empty, each job fails with this text
     bool calledOff = false;           // as if the user named no file for each job
+    int vanishesBeforePage = 0;       // of each job, with the text of `refusal`; 0: never
     std::function<void()> beforeJob;  // may throw, as a printer does
 
     bool silent = false;  // the print system answers no question
@@ -65,7 +66,7 @@ class FakePrinters : public PrintOutput {
     bool print(PrintJob job, PrintWatch* watch) override {
         if (beforeJob)
             beforeJob();
-        if (!refusal.empty())
+        if (!refusal.empty() && vanishesBeforePage == 0)
             throw Failure(refusal);
         if (calledOff || !goesOn(job, watch))
             return false;
@@ -95,7 +96,9 @@ class FakePrinters : public PrintOutput {
     [[nodiscard]] bool goesOn(const PrintJob& job, PrintWatch* watch) {
         const int pages = static_cast<int>(job.pages.size());
         for (int page = 1; watch && page <= pages; ++page)
-            if (!watch->playing(page, pages))
+            if (page == vanishesBeforePage)
+                throw Failure(refusal);
+            else if (!watch->playing(page, pages))
                 return false;
         while (watch && tries > 0 && --tries >= 0)
             if (!watch->waitingForTheQueue())
