@@ -54,6 +54,13 @@ std::string counted(std::uint64_t count, const char* one, const char* more) {
     return count == 1 ? one : std::to_string(count) + more;
 }
 
+std::vector<Field> exportedFields() {
+    std::vector<Field> fields;
+    for (const ExportColumn& column : kExportColumns)
+        fields.push_back(column.field);
+    return fields;
+}
+
 }  // namespace
 
 void Export::run() {
@@ -158,7 +165,8 @@ void Export::write(LongJob& job, const Wish& wish) {
 void Export::writeBook(LongJob& job, ExportFile& file, const std::string& separator) {
     ReportState& state = parts_.state;
     state.ReportFile = state.ReportBook == kYellowPages ? kYellowPagesFile : kWhitePagesFile;
-    NamedEntries entries(parts_.store, state.ReportFile, [&job] { return job.goOn(); });
+    NamedEntries entries(parts_.store, state.ReportFile, exportedFields(),
+                         [&job] { return job.goOn(); });
     const auto names = entries.read(state.ReportNames);
     tooManyNames_ = names == NamedEntries::Names::TooMany;
     if (names != NamedEntries::Names::Read)
@@ -179,7 +187,7 @@ bool Export::writeName(LongJob& job, NamedEntries& entries, ExportFile& file,
         parts_.state.ReportNames[static_cast<std::size_t>(parts_.state.ReportIndex)];
     bool found = false;
     bool goesOn = true;
-    entries.forEach(WantedName(name, parts_.store.codePage()), [&](RecordView record) {
+    entries.forEach(WantedName(name, parts_.store.codePage()), [&](const EntryTexts& record) {
         found = true;
         writeLine(file, record, separator);
         goesOn = turn(job, entries, file);
@@ -201,7 +209,7 @@ bool Export::turn(LongJob& job, NamedEntries& entries, ExportFile& file) {
     return job.goOn();
 }
 
-void Export::writeLine(ExportFile& file, RecordView record, const std::string& separator) {
+void Export::writeLine(ExportFile& file, const EntryTexts& record, const std::string& separator) {
     line_.clear();
     bool torn = false;
     for (const ExportColumn& column : kExportColumns) {

@@ -74,7 +74,7 @@ class Export {
     [[nodiscard]] bool writeName(LongJob& job, NamedEntries& entries, ExportFile& file,
                                  const std::string& separator);
     [[nodiscard]] bool turn(LongJob& job, NamedEntries& entries, ExportFile& file);
-    void writeLine(ExportFile& file, RecordView record, const std::string& separator);
+    void writeLine(ExportFile& file, const EntryTexts& record, const std::string& separator);
     [[nodiscard]] std::string header(const std::string& separator) const;
     [[nodiscard]] std::vector<std::string> whatIsMissing(const ExportFile& file) const;
 

@@ -27,12 +27,21 @@ WantedName::WantedName(std::string_view line, const CodePage& codePage) : codePa
 }
 
 bool WantedName::fits(RecordView record) const {
-    const auto is = [&](Field field, const std::string& upper) {
-        return codePage_->equalIgnoringCase(record.text(field), upper);
+    return fits(record.text(Field::Last), record.text(Field::First), record.text(Field::Company));
+}
+
+bool WantedName::fits(const EntryTexts& entry) const {
+    return fits(entry.text(Field::Last), entry.text(Field::First), entry.text(Field::Company));
+}
+
+bool WantedName::fits(std::string_view last, std::string_view first,
+                      std::string_view company) const {
+    const auto is = [&](std::string_view text, const std::string& upper) {
+        return codePage_->equalIgnoringCase(text, upper);
     };
     if (isPerson_)
-        return !last_.empty() && is(Field::Last, last_) && is(Field::First, first_);
-    return !company_.empty() && record.isEmpty(Field::Last) && is(Field::Company, company_);
+        return !last_.empty() && is(last, last_) && is(first, first_);
+    return !company_.empty() && last.empty() && is(company, company_);
 }
 
 std::string WantedName::key() const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "phonebook/BookRecords.h"
+#include "phonebook/EntryTexts.h"
 #include "phonebook/RecordView.h"
 #include "platform/CodePage.h"
 
@@ -25,11 +26,15 @@ class WantedName {
 
     // A name that begins with a comma fits none; a company none with a last name.
     [[nodiscard]] bool fits(RecordView record) const;
+    [[nodiscard]] bool fits(const EntryTexts& entry) const;
 
     // Equal for all names that fit the same records.
     [[nodiscard]] std::string key() const;
 
   private:
+    [[nodiscard]] bool fits(std::string_view last, std::string_view first,
+                            std::string_view company) const;
+
     const CodePage* codePage_;
     bool isPerson_ = false;
     std::string last_;  // upper-cased, as the others

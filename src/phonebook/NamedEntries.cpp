@@ -12,13 +12,22 @@ namespace {
 // The event loop runs after so many records: a turn of it takes longer than the look at a record.
 constexpr RecordNumber kRecordsPerTurn = 32;
 
+std::vector<Field> withNames(std::vector<Field> fields) {
+    for (const Field name : {Field::Last, Field::First, Field::Company})
+        if (std::ranges::find(fields, name) == fields.end())
+            fields.push_back(name);
+    return fields;
+}
+
 }  // namespace
 
-NamedEntries::NamedEntries(const PhonebookStore& store, std::string bookFile, GoOn goOn)
+NamedEntries::NamedEntries(const PhonebookStore& store, std::string bookFile,
+                           const std::vector<Field>& fields, GoOn goOn)
     : store_(store),
       bookFile_(std::move(bookFile)),
       goOn_(std::move(goOn)),
-      index_(store.codePage()) {}
+      index_(store.codePage()),
+      texts_(withNames(fields)) {}
 
 NamedEntries::Names NamedEntries::read(std::vector<std::string>& names) {
     names.clear();
@@ -42,7 +51,7 @@ NamedEntries::Names NamedEntries::read(std::vector<std::string>& names) {
 }
 
 void NamedEntries::forEach(const WantedName& name,
-                           const std::function<bool(const PhonebookRecord&)>& use) {
+                           const std::function<bool(const EntryTexts&)>& use) {
     RecordNumber last = 0;
     while (refreshIndex()) {
         const std::vector<RecordNumber>& numbers = index_.of(name);
@@ -50,8 +59,8 @@ void NamedEntries::forEach(const WantedName& name,
         if (next == numbers.end())
             return;
         last = *next;
-        PhonebookRecord record;
-        if (book_->ReadAt(last, record) && name.fits(record) && !use(record))
+        const EntryTexts entry = texts_.of(last);
+        if (name.fits(entry) && !use(entry))
             return;
     }
 }
@@ -62,10 +71,13 @@ bool NamedEntries::readBook(const std::function<bool(RecordView)>& see) {
     version_ = book_->state().version;
     index_.clear();
     index_.reserve(book_->recordCount());
+    texts_.clear();
+    texts_.reserve(book_->recordCount());
     eventsRan_ = true;  // a long book is read with events
     BookScan records = book_->scan();
     while (records.next()) {
         index_.add(records.number(), records.record());
+        texts_.add(records.record());
         if (!see(records.record()))
             return false;
         if (records.number() % kRecordsPerTurn == 1 && !goOn_())

@@ -6,15 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "phonebook/NameIndex.h"
+#include "phonebook/EntryTexts.h"
+#include "phonebook/NameTable.h"
 #include "phonebook/PhonebookStore.h"
 
 namespace velmora {
 
 // One book in the order of its names, as reports and exports go through it. All names are read and
-// sorted first. Then each is looked up again, so that what is used is what the book holds at that
-// moment; an entry that was deleted or renamed meanwhile is left out. Two entries of one name stand
-// in the list twice, and both are used each time.
+// sorted first. Then each is looked up, and the book is read anew where it has changed since, so
+// that what is used is what the book holds at that moment; an entry that was deleted or renamed
+// meanwhile is left out. Two entries of one name stand in the list twice, and both are used each
+// time.
 class NamedEntries {
   public:
     // The most names that there may be.
@@ -23,18 +25,20 @@ class NamedEntries {
     // Lets events run; false when the run is called off.
     using GoOn = std::function<bool()>;
 
-    // `store` must outlive the object. Nothing is read yet.
-    NamedEntries(const PhonebookStore& store, std::string bookFile, GoOn goOn);
+    // `store` must outlive the object. Nothing is read yet. `fields`: what is wanted of an entry
+    // apart from its names.
+    NamedEntries(const PhonebookStore& store, std::string bookFile,
+                 const std::vector<Field>& fields, GoOn goOn);
 
     enum class Names { Read, CalledOff, TooMany };
 
     // Puts the sorted names of the book into `names`. Throws Failure.
     [[nodiscard]] Names read(std::vector<std::string>& names);
 
-    // Calls `use` with every record that now has the name, in the order of the book. Forward only,
+    // Calls `use` with every entry that now has the name, in the order of the book. Forward only,
     // whatever happens to the book while `use` lets events run, which it tells by eventsRan(); it
     // returns false to end. Throws Failure.
-    void forEach(const WantedName& name, const std::function<bool(const PhonebookRecord&)>& use);
+    void forEach(const WantedName& name, const std::function<bool(const EntryTexts&)>& use);
 
     // The book may be another one than when it was indexed.
     void eventsRan() { eventsRan_ = true; }
@@ -48,7 +52,8 @@ class NamedEntries {
     GoOn goOn_;
     std::optional<OpenBook> book_;
     std::string version_;  // of the book, when it was indexed
-    NameIndex index_;
+    NameTable index_;
+    KeptTexts texts_;
     bool eventsRan_ = false;
 };
 

@@ -2,6 +2,8 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 
 #include "platform/Failure.h"
@@ -46,8 +48,14 @@ std::string_view trimBlanks(std::string_view text) {
 }
 
 std::string_view fieldText(std::string_view rawField) {
-    // The fields of a book are mostly padding, and whole books are read: no search for each byte.
+    // The fields of a book are mostly padding, and whole books are read: no look at each byte.
+    constexpr std::uint64_t kBlanks = 0x2020202020202020;
     std::size_t end = rawField.size();
+    for (std::uint64_t word = 0; end >= sizeof word; end -= sizeof word) {
+        std::memcpy(&word, rawField.data() + end - sizeof word, sizeof word);
+        if (word != kBlanks && word != 0)
+            break;
+    }
     while (end > 0 && (rawField[end - 1] == ' ' || rawField[end - 1] == '\0'))
         --end;
     std::size_t begin = 0;

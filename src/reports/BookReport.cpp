@@ -46,7 +46,7 @@ void BookReport::run(PrintRun& run) {
     if (profile_.needsBook && !parts_.store.exists(bookFile_))
         return;
     ReportState& state = run.state;
-    entries_.emplace(parts_.store, bookFile_, [&run] { return run.goOn(); });
+    entries_.emplace(parts_.store, bookFile_, fieldsOf(profile_), [&run] { return run.goOn(); });
     const auto names = entries_->read(state.ReportNames);
     tooManyNames_ = names == NamedEntries::Names::TooMany;
     if (names != NamedEntries::Names::Read)
@@ -78,10 +78,10 @@ void BookReport::printName(PrintRun& run, ReportPages& pages, const std::string&
     const WantedName wanted(name, parts_.store.codePage());
     if (run.cancelled())
         return;
-    entries_->forEach(wanted, [&](const PhonebookRecord& record) {
+    entries_->forEach(wanted, [&](const EntryTexts& entry) {
         if (profile_.shrinksEditor && !wanted.isPerson())
             shrinkEditor();
-        if (pages.print(record, name, wanted.isPerson()))
+        if (pages.print(entry, name, wanted.isPerson()))
             entries_->eventsRan();
         return !run.cancelled();
     });

@@ -85,11 +85,11 @@ void ReportPages::tellPage(bool withTotal) {
     run_.tell(text);
 }
 
-bool ReportPages::print(const PhonebookRecord& record, const std::string& name, bool isPerson) {
+bool ReportPages::print(const EntryTexts& entry, const std::string& name, bool isPerson) {
     if (profile_.sizeAtEachEntry)
         run_.printer.SetFontSize(entrySize());
     for (const ReportRow& row : profile_.rows)
-        printRow(row, record, name, isPerson);
+        printRow(row, entry, name, isPerson);
     endEntry();
     const bool moreFollow = run_.state.ReportIndex < run_.state.ReportCount - 1;
     const double full = moreFollow ? profile_.fullWithMore : profile_.fullAtLast;
@@ -99,8 +99,8 @@ bool ReportPages::print(const PhonebookRecord& record, const std::string& name, 
     return isFull;
 }
 
-void ReportPages::printRow(const ReportRow& row, const PhonebookRecord& record,
-                           const std::string& name, bool isPerson) {
+void ReportPages::printRow(const ReportRow& row, const EntryTexts& entry, const std::string& name,
+                           bool isPerson) {
     if (row.cells.empty()) {
         rows_.gap(row.gap);
         return;
@@ -114,13 +114,13 @@ void ReportPages::printRow(const ReportRow& row, const PhonebookRecord& record,
             continue;
         const auto x = static_cast<float>(isPerson ? cell.x : cell.companyX);
         if (&cell == &*last)
-            rows_.lastCell(x, textOf(cell, record, name));
+            rows_.lastCell(x, textOf(cell, entry, name));
         else
-            rows_.cell(x, textOf(cell, record, name));
+            rows_.cell(x, textOf(cell, entry, name));
     }
 }
 
-std::string ReportPages::textOf(const ReportCell& cell, const PhonebookRecord& record,
+std::string ReportPages::textOf(const ReportCell& cell, const EntryTexts& entry,
                                 const std::string& name) const {
     if (cell.shows == ReportCell::Shows::Name)
         return name;
@@ -129,7 +129,7 @@ std::string ReportPages::textOf(const ReportCell& cell, const PhonebookRecord& r
         text = look_.custom1 + ": ";
     if (cell.shows == ReportCell::Shows::Custom2)
         text = look_.custom2 + ": ";
-    return text.append(record.text(cell.field));
+    return text.append(entry.text(cell.field));
 }
 
 void ReportPages::endEntry() {

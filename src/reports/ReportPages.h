@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/PrintJobs.h"
-#include "phonebook/PhonebookRecord.h"
+#include "phonebook/EntryTexts.h"
 #include "reports/ReportProfile.h"
 #include "reports/RowPrinter.h"
 
@@ -32,16 +32,16 @@ class ReportPages {
 
     // Prints an entry under a name as it stands in the list of names, and turns the page behind it
     // where the page is full. True when events ran meanwhile, as they do when a page is turned.
-    bool print(const PhonebookRecord& record, const std::string& name, bool isPerson);
+    bool print(const EntryTexts& entry, const std::string& name, bool isPerson);
 
   private:
     void estimatePages();
     void printHead(const ReportHead& head);
     void turnPage();
     void tellPage(bool withTotal);
-    void printRow(const ReportRow& row, const PhonebookRecord& record, const std::string& name,
+    void printRow(const ReportRow& row, const EntryTexts& entry, const std::string& name,
                   bool isPerson);
-    [[nodiscard]] std::string textOf(const ReportCell& cell, const PhonebookRecord& record,
+    [[nodiscard]] std::string textOf(const ReportCell& cell, const EntryTexts& entry,
                                      const std::string& name) const;
     void endEntry();
     [[nodiscard]] float entrySize() const;

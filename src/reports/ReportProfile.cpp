@@ -237,6 +237,15 @@ const ReportProfile& profileOf(ReportKind kind, ReportSize size) {
     return (kind == ReportKind::Listing ? listings : complete)[static_cast<std::size_t>(size)];
 }
 
+std::vector<Field> fieldsOf(const ReportProfile& profile) {
+    std::vector<Field> fields;
+    for (const ReportRow& row : profile.rows)
+        for (const ReportCell& cell : row.cells)
+            if (cell.shows != Shows::Name)
+                fields.push_back(cell.field);
+    return fields;
+}
+
 const char* nameOf(ReportKind kind) {
     return kind == ReportKind::Listing ? "Telecommunications Listing" : "Complete Report";
 }

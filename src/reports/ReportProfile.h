@@ -73,6 +73,9 @@ struct ReportProfile {
 
 [[nodiscard]] const ReportProfile& profileOf(ReportKind kind, ReportSize size);
 
+// What is printed of an entry apart from its name.
+[[nodiscard]] std::vector<Field> fieldsOf(const ReportProfile& profile);
+
 // "Telecommunications Listing" or "Complete Report".
 [[nodiscard]] const char* nameOf(ReportKind kind);
 

@@ -13,14 +13,16 @@ PrintTarget QtPrintTargets::target(PageOrientation orientation) const {
     const QPageLayout layout = layoutOf(printer, orientation, service_, codePage_);
     const QRectF sheet = layout.fullRect(QPageLayout::Inch);
     const QRectF printable = printableRect(layout);
-    return {.printer = printer,
-            .paper = fromQt(layout.pageSize().name(), codePage_),
-            .width = sheet.width(),
-            .height = sheet.height(),
-            .left = printable.left(),
-            .top = printable.top(),
-            .printableWidth = printable.width(),
-            .printableHeight = printable.height()};
+    return {
+        .printer = printer,
+        // Some have more than one name: "Letter / ANSI A".
+        .paper = fromQt(layout.pageSize().name().section(QStringLiteral(" / "), 0, 0), codePage_),
+        .width = sheet.width(),
+        .height = sheet.height(),
+        .left = printable.left(),
+        .top = printable.top(),
+        .printableWidth = printable.width(),
+        .printableHeight = printable.height()};
 }
 
 void QtPrintTargets::ask(PageOrientation orientation,
