@@ -19,6 +19,8 @@ class Importing(DeskTest):
 
     def test_a_list_comes_in_by_keys_alone(self):
         program = self.program = self.start_in_phonebook(BARLOW, b"")
+        program.letter("B")
+        program.wait_lines(["Barlow, Edith"])
         people = self.yellow.parent / "people.csv"
         people.write_text(PEOPLE, encoding="ascii", newline="")
         program.menu("Phonebook", "Import Data Into Phonebooks")
