@@ -167,6 +167,7 @@ void DataImport::showQuestion() {
         QPushButton* import = wizard_.isText() ? Command3 : Command2;
         makePrimary(*import);
         import->setFocus();
+        Sample->clear();
         return;
     }
     List1->setCurrentIndex(List1->model()->index(static_cast<int>(wizard_.proposedLine()), 0));

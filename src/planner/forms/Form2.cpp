@@ -33,6 +33,7 @@ Form2::Form2(std::function<bool()> import, std::function<void()> cancel, QWidget
         this);
     text->setObjectName(QStringLiteral("Label1"));
     text->setWordWrap(true);
+    text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     icon_->setFixedWidth(kIconSize.width());
     icon_->setAlignment(Qt::AlignTop);
     auto* body = new QHBoxLayout;
