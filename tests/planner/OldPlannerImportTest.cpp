@@ -105,7 +105,7 @@ TEST_F(OldPlannerImportTest, CancellingTheFileDialogImportsNothing) {
 TEST_F(OldPlannerImportTest, EachDayBecomesOneRowAndTheLastPassOneMore) {
     files["/old/cname.dat"] =
         "[Mon, 3/9/98]\r\nFile=/old/a.dat\r\n[Tue, 3/10/98]\r\nFile=/old/b.dat";
-    files["/old/a.dat"] = "[Text]\r\nText= Dentist Chr$(13)\x0A then lunch\r\n";
+    files["/old/a.dat"] = "[Text]\r\nText= Dentist Chr$(13)~ then lunch\r\n";
     files["/old/b.dat"] = "[text]\r\ntext=\r\n";
     EXPECT_TRUE(import(" /old/cname.dat "));
     EXPECT_EQ(rows(), (std::vector<RawRow>{event("1998-03-09", "Dentist      then lunch"),
