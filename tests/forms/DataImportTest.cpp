@@ -110,6 +110,7 @@ TEST_F(DataImportTest, EnterAndADoubleClickAnswer) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(wizard.step(), 2) << "a click selects only";
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, place);
     QCoreApplication::processEvents();
     EXPECT_EQ(wizard.step(), 3);
     EXPECT_EQ(list.selectedLine(), "None");
