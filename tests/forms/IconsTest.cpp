@@ -2,9 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
+#include <QImageReader>
 #include <QRegularExpression>
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/qt/DrawnIcons.h"
+#include "platform/qt/SymbolFile.h"
 
 namespace velmora {
 namespace {
@@ -70,6 +77,64 @@ TEST(Icons, RendersAtThePixelsOfTheScreen) {
         symbolPixmap(QStringLiteral("Image2"), {32, 32}, 1.5, Theme::light().ink2);
     EXPECT_EQ(QSize(48, 48), direct.size());
     EXPECT_EQ(1.5, direct.devicePixelRatio());
+}
+
+// The largest distance of two points' colours or opacities.
+int distance(const QImage& a, const QImage& b) {
+    int most = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb one = a.pixel(x, y), other = b.pixel(x, y);
+            const QRgb left = qPremultiply(one), right = qPremultiply(other);
+            for (const int each : {qAlpha(left) - qAlpha(right), qRed(left) - qRed(right),
+                                   qGreen(left) - qGreen(right), qBlue(left) - qBlue(right)})
+                most = std::max(most, std::abs(each));
+        }
+    return most;
+}
+
+QImage readByTheToolkit(const QString& id, int side, const QColor& colour) {
+    QFile file(QStringLiteral(":/icons.svg"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray picture = pictureOf(cutSymbols(file.readAll()).value(id.toUtf8()), colour);
+    QBuffer buffer(&picture);
+    QImageReader reader(&buffer, "svg");
+    reader.setScaledSize({side, side});
+    return reader.read();
+}
+
+TEST(Icons, DrawsBeforehandWhatTheToolkitWouldDraw) {
+    QFile file(QStringLiteral(":/icons.svg"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const SymbolTable symbols = cutSymbols(file.readAll());
+    int drawn = 0;
+    for (auto symbol = symbols.begin(); symbol != symbols.end(); ++symbol)
+        for (const int size : symbol->sizes)
+            for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+                const QString id = QString::fromUtf8(symbol.key());
+                const int side = qRound(size * ratio);
+                ASSERT_FALSE(drawnSymbol(symbol.key().toStdString(), side).empty());
+                for (const Theme* theme : {&Theme::light(), &Theme::dark()})
+                    for (const QColor& colour : {QColor(theme->ink), QColor(theme->danger)})
+                        EXPECT_LE(distance(symbolPixmap(id, {size, size}, ratio, colour).toImage(),
+                                           readByTheToolkit(id, side, colour)),
+                                  2)
+                            << symbol.key().toStdString() << " " << side;
+                ++drawn;
+            }
+    EXPECT_GT(drawn, 200);
+}
+
+TEST(Icons, ReadsASizeThatWasNotDrawnBeforehand) {
+    ASSERT_TRUE(drawnSymbol("Save", 57).empty());
+    const QImage image =
+        symbolPixmap(QStringLiteral("Save"), {57, 57}, 1, Theme::light().ink).toImage();
+    EXPECT_TRUE(paintedOnlyIn(image, Theme::light().ink));
+    const QImage wide =
+        symbolPixmap(QStringLiteral("Save"), {40, 20}, 1, Theme::light().ink).toImage();
+    EXPECT_EQ(QSize(40, 20), wide.size());
+    EXPECT_EQ(0, wide.pixelColor(2, 10).alpha()) << "it lies in the middle";
+    EXPECT_TRUE(paintedOnlyIn(wide, Theme::light().ink));
 }
 
 TEST(Icons, IsNullForAnUnknownSymbol) {

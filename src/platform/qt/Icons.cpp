@@ -1,36 +1,22 @@
 #include "platform/qt/Icons.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QFile>
-#include <QHash>
 #include <QIconEngine>
+#include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+#include "platform/qt/DrawnIcons.h"
+#include "platform/qt/SymbolFile.h"
 
 namespace velmora {
 namespace {
-
-using SymbolTable = QHash<QByteArray, QByteArray>;
-
-// The inner text of each symbol; Qt's renderer draws no symbol elements.
-SymbolTable cutSymbols(const QByteArray& svg) {
-    static const QByteArray kOpen = "<symbol id=\"";
-    static const QByteArray kClose = "</symbol>";
-    SymbolTable table;
-    qsizetype at = 0;
-    while ((at = svg.indexOf(kOpen, at)) >= 0) {
-        const qsizetype id = at + kOpen.size();
-        const qsizetype idEnd = svg.indexOf('"', id);
-        const qsizetype body = svg.indexOf('>', idEnd) + 1;
-        const qsizetype bodyEnd = svg.indexOf(kClose, body);
-        if (idEnd < 0 || body <= 0 || bodyEnd < 0)
-            break;
-        table.insert(svg.mid(id, idEnd - id), svg.mid(body, bodyEnd - body));
-        at = bodyEnd + kClose.size();
-    }
-    return table;
-}
 
 const SymbolTable& symbols() {
     static const SymbolTable table = [] {
@@ -40,29 +26,60 @@ const SymbolTable& symbols() {
     return table;
 }
 
-bool isSymbol(const QString& id) {
-    return symbols().contains(id.toUtf8());
+bool isSymbol(const QByteArray& id) {
+    return isDrawnSymbol({id.constData(), static_cast<std::size_t>(id.size())}) ||
+           symbols().contains(id);
 }
 
-QByteArray coloured(const QString& id, const QColor& colour) {
-    QByteArray body = symbols().value(id.toUtf8());
-    body.replace("currentColor", colour.name().toUtf8());
-    return R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24">)" + body + "</svg>";
+// Of a size in which nothing was drawn beforehand. The toolkit loads what it reads such pictures
+// with when the first one is asked for.
+QImage read(QByteArray svg, int side) {
+    QBuffer buffer(&svg);
+    QImageReader reader(&buffer, "svg");
+    reader.setScaledSize({side, side});
+    return reader.read();
+}
+
+QImage coloured(std::span<const std::uint8_t> coverage, int side, const QColor& colour) {
+    const QRgb opaque = colour.rgb() & RGB_MASK;
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < side; ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < side; ++x)
+            line[x] =
+                qPremultiply(QRgb{coverage[static_cast<std::size_t>(y * side + x)]} << 24 | opaque);
+    }
+    return image;
+}
+
+QImage symbolImage(const QByteArray& id, int side, const QColor& colour) {
+    const auto coverage = drawnSymbol({id.constData(), static_cast<std::size_t>(id.size())}, side);
+    return coverage.empty() ? read(pictureOf(symbols().value(id), colour), side)
+                            : coloured(coverage, side, colour);
+}
+
+QImage applicationImage(int side) {
+    const auto points = drawnApplicationIcon(side);
+    if (!points.empty())
+        return QImage(reinterpret_cast<const uchar*>(points.data()), side, side,
+                      QImage::Format_ARGB32_Premultiplied);
+    QFile file(QStringLiteral(":/app-icon.svg"));
+    return file.open(QIODevice::ReadOnly) ? read(file.readAll(), side) : QImage();
 }
 
 // `size` is in device pixels; the picture is square and lies in the middle.
-QPixmap rendered(const QByteArray& svg, const QSize& size) {
+QPixmap inTheMiddle(const QImage& image, const QSize& size) {
+    if (size == image.size())
+        return QPixmap::fromImage(image);
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
-    const int side = qMin(size.width(), size.height());
-    QPainter painter(&pixmap);
-    QSvgRenderer(svg).render(
-        &painter, QRectF(QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side)));
+    QPainter(&pixmap).drawImage((size.width() - image.width()) / 2,
+                                (size.height() - image.height()) / 2, image);
     return pixmap;
 }
 
 // `size` is in device pixels.
-QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
+QPixmap cached(const QString& id, const QSize& size, const QColor& colour) {
     const QString key = QStringLiteral("velmora/%1/%2x%3/%4")
                             .arg(id)
                             .arg(size.width())
@@ -71,7 +88,8 @@ QPixmap drawn(const QString& id, const QSize& size, const QColor& colour) {
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    pixmap = rendered(coloured(id, colour), size);
+    const int side = qMin(size.width(), size.height());
+    pixmap = inTheMiddle(symbolImage(id.toUtf8(), side, colour), size);
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
@@ -87,11 +105,11 @@ class SymbolEngine final : public QIconEngine {
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        return drawn(id_, size, colourOf(mode, state));
+        return cached(id_, size, colourOf(mode, state));
     }
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
-        return drawn(id_, size, colourOf(mode, state));
+        return cached(id_, size, colourOf(mode, state));
     }
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
@@ -112,7 +130,7 @@ class SymbolEngine final : public QIconEngine {
     IconColours colours_;
 };
 
-// Draws the program's icon itself: the toolkit would load its readers of all kinds of pictures for
+// Gives the program's icon itself: the toolkit would load its readers of all kinds of pictures for
 // the one file.
 class ApplicationIconEngine final : public QIconEngine {
   public:
@@ -125,8 +143,7 @@ class ApplicationIconEngine final : public QIconEngine {
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {
-        QFile file(QStringLiteral(":/app-icon.svg"));
-        return file.open(QIODevice::ReadOnly) ? rendered(file.readAll(), size) : QPixmap();
+        return inTheMiddle(applicationImage(qMin(size.width(), size.height())), size);
     }
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
@@ -145,7 +162,7 @@ class ApplicationIconEngine final : public QIconEngine {
 }  // namespace
 
 QIcon symbolIcon(const QString& id, const IconColours& colours) {
-    return isSymbol(id) ? QIcon(new SymbolEngine(id, colours)) : QIcon();
+    return isSymbol(id.toUtf8()) ? QIcon(new SymbolEngine(id, colours)) : QIcon();
 }
 
 QIcon symbolIcon(const QString& id, const Theme& theme) {
@@ -154,9 +171,9 @@ QIcon symbolIcon(const QString& id, const Theme& theme) {
 
 QPixmap symbolPixmap(const QString& id, const QSize& size, qreal devicePixelRatio,
                      const QColor& colour) {
-    if (!isSymbol(id))
+    if (!isSymbol(id.toUtf8()))
         return {};
-    QPixmap pixmap = drawn(id, (QSizeF(size) * devicePixelRatio).toSize(), colour);
+    QPixmap pixmap = cached(id, (QSizeF(size) * devicePixelRatio).toSize(), colour);
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }
