@@ -54,7 +54,7 @@ std::int16_t twips(int pixels) {
 // The row below the menu bar.
 QWidget* makeToolbarRow(ToolStrip* keys, ClockLabel* clock, QWidget* parent) {
     auto* row = new QWidget(parent);
-    row->setProperty("role", "bar");
+    row->setObjectName(QStringLiteral("ToolbarRow"));
     row->setAttribute(Qt::WA_StyledBackground);
     row->setFixedHeight(kToolbarHeight);
     auto* layout = new QHBoxLayout(row);

@@ -91,7 +91,7 @@ QWidget* LeftColumn::makeListCard() {
     auto* card = new QFrame(this);
     card->setProperty("role", "card");
     auto* header = new QWidget(card);
-    header->setProperty("role", "listheader");
+    header->setObjectName(QStringLiteral("ListHeader"));
     header->setAttribute(Qt::WA_StyledBackground);
     listHeader_ = header;
     auto* headerLayout = new QHBoxLayout(header);
@@ -106,7 +106,6 @@ QWidget* LeftColumn::makeListCard() {
          {std::pair{"Yellow", theme.onamber}, std::pair{"White", theme.ink}}) {
         QToolButton* button = bookKeys_->button(key);
         button->setFixedSize(32, 30);
-        button->setProperty("book", QString::fromLatin1(key));
         button->setIcon(symbolIcon(QString::fromLatin1(key), IconColours{ink, theme.dis, ink}));
     }
     bookKeys_->layout()->setSpacing(4);

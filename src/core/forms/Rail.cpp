@@ -33,7 +33,6 @@ constexpr std::array<PaneLook, kPaneCount> kPanes{{
 
 Rail::Rail(QWidget* parent) : QWidget(parent), Image8(new QToolButton(this)) {
     setObjectName(QStringLiteral("Rail"));
-    setProperty("role", "rail");
     setAttribute(Qt::WA_StyledBackground);
     auto* layout = new QVBoxLayout(this);
     for (const PaneLook& look : kPanes) {

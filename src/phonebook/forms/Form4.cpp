@@ -1,6 +1,7 @@
 #include "phonebook/forms/Form4.h"
 
 #include <QCheckBox>
+#include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -111,7 +112,7 @@ QLayout* Form4::questionRow() {
 }
 
 QWidget* Form4::fieldCard() {
-    auto* card = new QWidget(this);
+    auto* card = new QFrame(this);
     card->setProperty("role", QStringLiteral("card"));
     card->setAttribute(Qt::WA_StyledBackground);
     auto* head = new QHBoxLayout;

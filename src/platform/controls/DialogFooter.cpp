@@ -6,7 +6,6 @@
 namespace velmora {
 
 DialogFooter::DialogFooter(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
-    setProperty("role", QStringLiteral("footer"));
     setAttribute(Qt::WA_StyledBackground);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     row_->setContentsMargins(16, 12, 16, 12);
