@@ -114,6 +114,14 @@ void Desk::applyDocPadWidth() {
     splitter_->setSizes({std::max(rest, 0), chosenDocPadWidth_});
 }
 
+// The window takes its style before it is shown. Laid out for that, everything would be measured in
+// vain: it is laid out again when it is shown.
+bool Desk::event(QEvent* event) {
+    if (event->type() == QEvent::StyleChange && !isVisible())
+        return QAbstractScrollArea::event(event);
+    return QScrollArea::event(event);
+}
+
 // Before the first showing the splitter has no width that could be divided.
 void Desk::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);

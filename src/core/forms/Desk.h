@@ -50,6 +50,7 @@ class Desk final : public QScrollArea {
     void chooseDocPadWidth(int width);
 
   protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
