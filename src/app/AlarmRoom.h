@@ -27,6 +27,8 @@ class AlarmRoom {
 
     void bringAlertToFront() { windows_.bringAlertToFront(); }
 
+    [[nodiscard]] Sound& player() { return sound_; }
+
     // Also rung by the events of the day.
     [[nodiscard]] const AlarmSound& sound() const { return alarmSound_; }
 

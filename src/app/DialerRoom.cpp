@@ -8,14 +8,12 @@
 #include "core/forms/PhonebookPage.h"
 #include "core/forms/StatusBar.h"
 #include "platform/controls/Keypad.h"
+#include "platform/files/SystemFolders.h"
 #include "telephony/KeypadNumber.h"
 #include "telephony/forms/DialerPage.h"
 
 namespace velmora {
 namespace {
-
-// Where a dialing program lies that nobody has chosen.
-constexpr const char* kSystemPrograms = "/usr/bin";
 
 constexpr std::string_view kTypedKeys = "0123456789*,";
 

@@ -24,6 +24,11 @@ void PaperRoom::bindCommands(CommandSet& commands) {
     commands.bind(Commands::envmnu, [this] { envelope().present(); });
 }
 
+void PaperRoom::showEnvelopeAnew() {
+    if (form_)
+        form_->showPicture();
+}
+
 // A form that was only hidden keeps what was typed into it.
 Envelope& PaperRoom::envelope() {
     if (form_)

@@ -28,6 +28,9 @@ class PaperRoom {
 
     void bindCommands(CommandSet& commands);
 
+    // Settings have changed that an open envelope shows.
+    void showEnvelopeAnew();
+
   private:
     [[nodiscard]] Envelope& envelope();
 

@@ -75,7 +75,8 @@ PlannerRoom::PlannerRoom(World& world, const SharedState& state, Calendar& calen
       count_(store_, countingStore_),
       planner_(store_, {day_, month_, year_, desk_}, calendar.status(), world.settings, world.clock,
                world.locale),
-      folder_(world.locations, places_, store_, planner_, desk_, world.messages),
+      folder_({world.locations, places_, store_, planner_, desk_, world.messages, calendar.status(),
+               world.codePage}),
       scheduling_({state, entries, store_, planner_, day_, month_, desk_, scheduleTexts_,
                    world.messages, world.loop, world.clock, world.locale, calendar.status()}) {
     connectControls();
@@ -179,6 +180,11 @@ void PlannerRoom::openDatabase() {
     }
     folder_.OpenAtStart();
     planner_.TakeOver();
+}
+
+void PlannerRoom::moveTo(const std::string& folder) {
+    commitEditors();
+    folder_.Move(folder);
 }
 
 void PlannerRoom::colourCalendars() {

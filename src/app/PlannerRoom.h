@@ -95,6 +95,9 @@ class PlannerRoom {
     // Shows the day and colours the calendars after somebody else has changed the table.
     void showAnew();
 
+    // The preferences name this folder for the planner; it may be empty.
+    void moveTo(const std::string& folder);
+
     // Stores what is being typed into the day view.
     void commitEditors();
 

@@ -61,10 +61,16 @@ Program::Program(const NativePath& nativeProgramFolder, CallServices callService
                phonebook_.letters(), jobs_.jobs(), jobs_.printing().state(), planner_}),
       printing_(world_, calendar_, jobs_.printing(), [this] { reports_.openListing(); }),
       paper_(world_, state_, calendar_, phonebook_.store(), jobs_.printing(),
-             [this] { openPreferences(); }),
+             [this] { preferences_.open(); }),
       accessories_(world_, calendar_,
                    {.goToHomePage = [this] { outside_.mailAndWeb().goToHomePage(); },
                     .mailToProduct = [this] { outside_.mailAndWeb().mailToProduct(); }}),
+      system_(world_, calendar_, outside_.programs()),
+      preferences_(world_, calendar_, alarms_.player(),
+                   {.movePlanner = [this](const std::string& folder) { planner_.moveTo(folder); },
+                    .setDayLimits = [this] { planner_.setDayLimits(); },
+                    .showEnvelope = [this] { paper_.showEnvelopeAnew(); },
+                    .help = [this](std::string_view topic) { accessories_.helpAt(topic); }}),
       search_(
           world_, state_, calendar_, phonebook_.store(), phonebook_.letters(), jobs_.printing(),
           [this] { calendar_.flipCheck1(); },
@@ -195,6 +201,8 @@ void Program::bindCommands() {
     backup_.bindCommands(commands_);
     import_.bindCommands(commands_);
     paper_.bindCommands(commands_);
+    preferences_.bindCommands(commands_);
+    system_.bindCommands(commands_);
     windowRoom_.showWhatIsBound();
 }
 
@@ -205,13 +213,6 @@ void Program::connectEnd() {
     });
     QObject::connect(&calendar_, &Calendar::closing, &connections_,
                      [] { QCoreApplication::exit(0); });
-}
-
-void Program::openPreferences() {
-    if (commands_.isBound(Commands::Setupmnu))
-        run(Commands::Setupmnu);
-    else
-        calendar_.status().show(kNotYet);
 }
 
 void Program::run(CommandName command) {

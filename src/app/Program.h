@@ -23,9 +23,11 @@
 #include "app/PaperRoom.h"
 #include "app/PhonebookRoom.h"
 #include "app/PlannerRoom.h"
+#include "app/PreferencesRoom.h"
 #include "app/PrintRoom.h"
 #include "app/ReportRoom.h"
 #include "app/SearchRoom.h"
+#include "app/SystemRoom.h"
 #include "app/TaskRoom.h"
 #include "app/WindowRoom.h"
 #include "app/World.h"
@@ -91,7 +93,6 @@ class Program {
     void bindCommands();
     void connectEnd();
     void run(CommandName command);
-    void openPreferences();
     void tellOfSettings();
     void offerWhatWasCutOff();
     void answerNotice(const std::string& subject);
@@ -127,6 +128,8 @@ class Program {
     PrintRoom printing_;
     PaperRoom paper_;
     AccessoriesRoom accessories_;
+    SystemRoom system_;
+    PreferencesRoom preferences_;
     SearchRoom search_;
     ContextMenus contextMenus_;
 

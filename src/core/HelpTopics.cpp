@@ -19,7 +19,7 @@ constexpr auto kWindows = std::to_array<WindowTopic>({
     {"Calculator", "calculator"}, {"WeekataGlance", "week"}, {"Form7", "datewarden"},
     {"Form8", "events"},          {"Envelope", "envelope"},  {"HelpWindow", "help"},
     {"Form11", "backup"},         {"Form6", "reports"},      {"DataImport", "import"},
-    {"Form2", "import"},
+    {"Form2", "import"},          {"Setup", "preferences"},  {"Form5", "run"},
 });
 
 constexpr std::array<std::string_view, kPaneCount> kPanes{"planner", "phonebook", "dialer"};

@@ -18,6 +18,7 @@ struct FileQuestion {
 
     // To save: the dialog itself asks whether a file that is there may be replaced.
     bool asksToReplace = true;
+    bool programs = false;         // "*.exe" stands for all files that can be run
 };
 
 // The two answers to a question.
@@ -41,6 +42,10 @@ class Messages {
     // nothing. True for Yes; false for No, and when the program ends meanwhile.
     [[nodiscard]] virtual bool ask(const std::string& title, const std::string& text,
                                    Answer preselected) = 0;
+
+    // A box with an information mark, OK and Cancel, which Escape presses. True for OK; false also
+    // when the program ends meanwhile.
+    [[nodiscard]] virtual bool confirm(const std::string& title, const std::string& text) = 0;
 
     // A one-line input; nothing when cancelled.
     [[nodiscard]] virtual std::optional<std::string> askText(const std::string& title,

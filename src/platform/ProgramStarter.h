@@ -16,6 +16,10 @@ class ProgramStarter {
     // that is not there, an empty one, or a text with a NUL or a line end in it.
     virtual bool start(const std::string& program, const std::vector<std::string>& arguments) = 0;
 
+    // As start(), in a window that begins as small as the desktop can make it.
+    virtual bool startMinimised(const std::string& program,
+                                const std::vector<std::string>& arguments) = 0;
+
     // Whether start() would find `program`.
     [[nodiscard]] virtual bool finds(const std::string& program) const = 0;
 };

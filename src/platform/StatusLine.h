@@ -8,9 +8,6 @@ namespace velmora {
 inline constexpr const char* kCharacterReplaced =
     "A character that Velmora can not store was replaced by \"?\".";
 
-// What the line says when a command is asked for that is not built yet.
-inline constexpr const char* kNotYet = "This version of Velmora does not do this yet.";
-
 // Panel 2 of the status bar. A text stays until the next one.
 class StatusLine {
   public:

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/Text.h"
-#include "telephony/CommandLine.h"
+#include "core/CommandLine.h"
 #include "telephony/OpenTarget.h"
 
 namespace velmora {

@@ -29,6 +29,10 @@ class CountingStarter final : public ProgramStarter {
         count += started ? 1 : 0;
         return started;
     }
+    bool startMinimised(const std::string& program,
+                        const std::vector<std::string>& arguments) override {
+        return start(program, arguments);
+    }
     [[nodiscard]] bool finds(const std::string& program) const override {
         return real_.finds(program);
     }

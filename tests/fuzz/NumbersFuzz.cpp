@@ -9,7 +9,7 @@
 #include "support/FakeProgramStarter.h"
 #include "support/MemoryFiles.h"
 #include "telephony/CallerNumber.h"
-#include "telephony/CommandLine.h"
+#include "core/CommandLine.h"
 #include "telephony/NationalNumber.h"
 #include "telephony/OpenTarget.h"
 #include "telephony/TelephoneLink.h"

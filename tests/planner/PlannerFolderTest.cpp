@@ -10,7 +10,9 @@
 #include "platform/files/PosixFiles.h"
 #include "support/FakeAccessReader.h"
 #include "support/FakeMessages.h"
+#include "support/ChildProcess.h"
 #include "support/PlannerFixture.h"
+#include "support/SmallDisk.h"
 
 namespace velmora {
 namespace {
@@ -140,9 +142,14 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
     AppointmentStore store{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
     Planner planner{store, {SSDay1, SSMonth1, SSYear1, desk}, status, settings, clock, formats};
     DataLocations locations{folder.path(), settings, files, CodePage::western()};
+    int waits = 0;
     PlannerFiles places{reader, messages, CodePage::western(), files,
-                        [](const std::function<void()>& work) { work(); }};
-    PlannerFolder plannerFolder{locations, places, store, planner, desk, messages};
+                        [this](const std::function<void()>& work) {
+                            ++waits;
+                            work();
+                        }};
+    PlannerFolder plannerFolder{{locations, places, store, planner, desk, messages, status,
+                                 CodePage::western()}};
 
     void SetUp() override {
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
@@ -158,7 +165,8 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
 
 TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
     AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
-    PlannerFolder unknown{locations, places, other, planner, desk, messages};
+    PlannerFolder unknown{{locations, places, other, planner, desk, messages, status,
+                           CodePage::western()}};
     medium.unreadable = true;
     unknown.OpenAtStart();
     EXPECT_EQ(other.path(), "");
@@ -206,6 +214,73 @@ TEST_F(PlannerFolderTest, StaysOnItsDatabaseWhenThereIsNoneInTheFolder) {
     EXPECT_EQ(store.path(), own);
     EXPECT_THAT(SSDay1.texts(), ElementsAre("own"));
     EXPECT_THAT(messages.takeShown(), ElementsAre(kAdvice));
+}
+
+TEST_F(PlannerFolderTest, TellsOnTheStatusLineWhyThePlannerWasNotCopied) {
+    plannerFolder.Move(folder.file("nowhere"));
+    EXPECT_THAT(status.text, testing::StartsWith("The planner was not copied to \"" +
+                                                 folder.file("nowhere") + "\\qel.mdb\". "));
+    EXPECT_EQ(waits, 1);
+    status.text = "as before";
+    plannerFolder.Move(folder.file("shared"));
+    EXPECT_EQ(status.text, "as before");
+}
+
+TEST_F(PlannerFolderTest, AFolderThatVanishesCostsNothing) {
+    plannerFolder.Move(folder.file("shared"));
+    std::filesystem::remove_all(folder.file("shared"));
+    plannerFolder.Move(folder.file("shared"));
+    EXPECT_THAT(status.text, testing::StartsWith("The planner was not copied to "));
+    EXPECT_EQ(rows().size(), 1U);
+    plannerFolder.OpenAtStart();
+    EXPECT_EQ(store.path(), own);
+}
+
+TEST_F(PlannerFolderTest, ReplacesADatabaseThatAnotherCopyHasOpenAndThatFindsTheNewOne) {
+    share("shared");
+    AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
+    other.OpenDatabase(folder.file("shared") + "\\qel.mdb");
+    other.SelectAll();
+    other.Refresh();
+    EXPECT_EQ(other.Get(Column::Desc), "shared");
+    plannerFolder.Move(folder.file("shared"));
+    other.SelectAll();
+    other.Refresh();
+    EXPECT_EQ(other.Get(Column::Desc), "own");
+}
+
+TEST_F(PlannerFolderTest, WaitsForACopyThatWritesAndLeavesItsDatabaseWhenThatTakesTooLong) {
+    share("shared");
+    {
+        sqlite::Database busy(NativePath(shared), sqlite::Access::ReadWrite);
+        const sqlite::Transaction writing(busy);
+        plannerFolder.Move(folder.file("shared"));
+    }
+    EXPECT_EQ(waits, 1);
+    EXPECT_THAT(status.text, testing::StartsWith("The planner was not copied to "));
+    EXPECT_EQ(test::rawRows(shared)[0][4], "shared");
+    EXPECT_FALSE(folder.has("shared/qel.previous.mdb"));
+    EXPECT_EQ(store.path(), folder.file("shared") + "\\qel.mdb");
+}
+
+TEST_F(PlannerFolderTest, AFullDiskLeavesTheDatabaseThatIsThere) {
+    constexpr int kCanNotMount = 77;
+    for (int second = 2; second < 40; ++second)
+        add(rowOn("2026-03-12", second, std::string(4000, 'x')));
+    test::ChildProcess child([&] {
+        if (!test::mountSmallDisk(folder.file("shared"), "64k"))
+            return kCanNotMount;
+        share("shared");
+        plannerFolder.Move(folder.file("shared"));
+        const bool told = status.text.starts_with("The planner was not copied to ");
+        const bool kept = test::rawRows(shared).at(0)[4] == "shared";
+        const bool inUse = store.path() == folder.file("shared") + "\\qel.mdb";
+        return (told ? 0 : 1) + (kept ? 0 : 2) + (inUse ? 0 : 4);
+    });
+    const int code = child.wait();
+    if (code == kCanNotMount)
+        GTEST_SKIP() << "this system lets no test mount a small disk";
+    EXPECT_EQ(code, 0);
 }
 
 TEST_F(PlannerFolderTest, MovingTwiceLosesNothing) {

@@ -45,6 +45,10 @@ class FakeMessages final : public Messages {
         record("ask", title, text);
         return next().yes;
     }
+    bool confirm(const std::string& title, const std::string& text) override {
+        record("confirm", title, text);
+        return next().yes;
+    }
     std::optional<std::string> askText(const std::string& title, const std::string& prompt,
                                        const std::string& answer) override {
         record("input", title, prompt + "|" + answer);

@@ -18,6 +18,12 @@ class FakeProgramStarter final : public ProgramStarter {
         started.push_back(line);
         return finds(program);
     }
+    bool startMinimised(const std::string& program,
+                        const std::vector<std::string>& arguments) override {
+        const bool done = start(program, arguments);
+        started.back() += " minimised";
+        return done;
+    }
     [[nodiscard]] bool finds(const std::string& program) const override {
         return known.contains(program);
     }

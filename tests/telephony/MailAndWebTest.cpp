@@ -7,7 +7,7 @@
 #include "support/FakePhonebookPane.h"
 #include "support/FakeProgramStarter.h"
 #include "support/PhonebookFixture.h"
-#include "telephony/CommandLine.h"
+#include "core/CommandLine.h"
 
 namespace velmora {
 namespace {

@@ -12,6 +12,11 @@ class QtProgramStarter final : public ProgramStarter {
     explicit QtProgramStarter(const CodePage& codePage) : codePage_(codePage) {}
 
     bool start(const std::string& program, const std::vector<std::string>& arguments) override;
+    // The desktops leave it to a program how its window begins.
+    bool startMinimised(const std::string& program,
+                        const std::vector<std::string>& arguments) override {
+        return start(program, arguments);
+    }
     [[nodiscard]] bool finds(const std::string& program) const override;
 
   private:

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include "platform/qt/BoxOwner.h"
+#include "platform/qt/ProgramFilter.h"
 #include "platform/qt/QtText.h"
 
 namespace velmora {
@@ -61,6 +62,13 @@ bool QtMessages::ask(const std::string& title, const std::string& text, Answer p
     return runBox(box) == QMessageBox::Yes;
 }
 
+bool QtMessages::confirm(const std::string& title, const std::string& text) {
+    QMessageBox box(QMessageBox::Information, toQt(title), toQt(text),
+                    QMessageBox::Ok | QMessageBox::Cancel, boxOwner());
+    box.setDefaultButton(QMessageBox::Ok);
+    return runBox(box) == QMessageBox::Ok;
+}
+
 std::optional<std::string> QtMessages::askText(const std::string& title, const std::string& prompt,
                                                const std::string& answer) {
     QInputDialog dialog(boxOwner());
@@ -91,9 +99,12 @@ std::optional<std::string> QtMessages::chooseFile(FileDialogKind kind,
     const bool open = kind == FileDialogKind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (!question.filter.empty())
+    if (question.programs)
+        listPrograms(dialog, toQt(question.filter));
+    else if (!question.filter.empty())
         dialog.setNameFilter(toQtFilter(toQt(question.filter)));
-    if (question.defaultExtension.size() > 1)
+    // A program has no extension here, and is meant as it stands.
+    if (question.defaultExtension.size() > 1 && !question.programs)
         dialog.setDefaultSuffix(toQt(question.defaultExtension.substr(1)));
     if (!question.fileName.empty()) {
         const QFileInfo chosen(toQt(question.fileName));

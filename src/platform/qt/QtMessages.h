@@ -17,6 +17,7 @@ class QtMessages final : public Messages {
     void tell(const std::string& title, const std::string& text) override;
     [[nodiscard]] bool ask(const std::string& title, const std::string& text,
                            Answer preselected) override;
+    [[nodiscard]] bool confirm(const std::string& title, const std::string& text) override;
     [[nodiscard]] std::optional<std::string> askText(const std::string& title,
                                                      const std::string& prompt,
                                                      const std::string& answer) override;

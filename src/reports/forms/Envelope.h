@@ -43,6 +43,9 @@ class Envelope final : public Dialog {
     // the form is in view then, with an empty address.
     void present() override;
 
+    // Shows anew what will be printed where, after a change of the settings.
+    void showPicture();
+
   signals:
     void preferencesWanted();
 
@@ -65,7 +68,6 @@ class Envelope final : public Dialog {
     void setTabs();
     void showContent();
     void showFont(std::size_t line);
-    void showPicture();
     void print();
     void askWhere();
 

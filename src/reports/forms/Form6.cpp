@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/DialogButton.h"
-#include "platform/controls/Type.h"
+#include "platform/controls/GroupHead.h"
 #include "platform/qt/QtText.h"
 #include "reports/forms/ChoiceTile.h"
 
@@ -75,16 +75,8 @@ QLayout* Form6::bookRow() {
 QFrame* Form6::makeStyles() {
     auto* frame = new QFrame(this);
     frame->setObjectName(QStringLiteral("Frame1"));
-    auto* head = new QLabel(QStringLiteral("Print Styles:"), frame);
-    setType(*head, 9.75, QFont::DemiBold);
-    frame->setAccessibleName(head->text());
-    auto* hairline = new QFrame(frame);
-    hairline->setProperty("role", QStringLiteral("separator"));
-    hairline->setFixedHeight(1);
-    auto* headRow = new QHBoxLayout;
-    headRow->setSpacing(kTileGap);
-    headRow->addWidget(head);
-    headRow->addWidget(hairline, 1);
+    const QString head = QStringLiteral("Print Styles:");
+    frame->setAccessibleName(head);
     auto* tiles = new QHBoxLayout;
     tiles->setSpacing(kTileGap);
     for (ChoiceTile* size : {Option4, Option5, Option6})
@@ -92,7 +84,7 @@ QFrame* Form6::makeStyles() {
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(kTileGap);
-    column->addLayout(headRow);
+    column->addLayout(makeGroupHead(head, frame));
     column->addLayout(tiles, 1);
     return frame;
 }

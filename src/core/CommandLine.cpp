@@ -1,4 +1,4 @@
-#include "telephony/CommandLine.h"
+#include "core/CommandLine.h"
 
 #include "platform/Text.h"
 
