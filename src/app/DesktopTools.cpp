@@ -11,7 +11,7 @@ constexpr std::chrono::seconds kPatience(15);
 
 // Of the desktops that are in use; the first that is there is the one of this desktop, as a rule.
 constexpr const char* kSettingsPrograms[] = {
-    "gnome-control-center", "systemsettings",       "systemsettings5", "xfce4-settings-manager",
+    "gnome-control-center", "systemsettings",      "systemsettings5", "xfce4-settings-manager",
     "cinnamon-settings",    "mate-control-center", "lxqt-config",     "lxqt-config-appearance"};
 
 }  // namespace

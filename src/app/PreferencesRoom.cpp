@@ -12,8 +12,15 @@ PreferencesRoom::PreferencesRoom(World& world, Calendar& calendar, Sound& sound,
     : world_(world),
       calendar_(calendar),
       links_(std::move(links)),
-      preferences_({world.settings, world.files, sound, world.messages, calendar.status(),
-                    world.codePage, kSystemPrograms,
+      patient_(world.loop, calendar.status(), input_),
+      preferences_({world.settings,
+                    world.files,
+                    sound,
+                    world.messages,
+                    calendar.status(),
+                    world.codePage,
+                    [this](const std::function<void()>& work) { patient_.run(work); },
+                    kSystemPrograms,
                     {.movePlanner = links_.movePlanner, .setDayLimits = links_.setDayLimits}}) {}
 
 void PreferencesRoom::bindCommands(CommandSet& commands) {

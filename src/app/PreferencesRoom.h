@@ -8,10 +8,12 @@
 
 #include "app/World.h"
 #include "core/CommandSet.h"
+#include "core/PatientCommand.h"
 #include "core/Preferences.h"
 #include "core/forms/Calendar.h"
 #include "core/forms/Setup.h"
 #include "platform/Sound.h"
+#include "platform/qt/QtUserInput.h"
 
 namespace velmora {
 
@@ -39,6 +41,8 @@ class PreferencesRoom {
     World& world_;
     Calendar& calendar_;
     Links links_;
+    QtUserInput input_;
+    PatientCommand patient_;
     Preferences preferences_;
     std::unique_ptr<Setup> form_;  // made when it is wanted
     QObject connections_;          // ends them all before what they call is gone

@@ -25,9 +25,11 @@ bool Preferences::apply(PreferenceValues values) {
                      std::get<int>(end));
     const auto rows = preferenceRows();
     try {
-        parts_.settings.batch([&] {
-            for (std::size_t i = 0; i < rows.size(); ++i)
-                storeValue(rows[i], values.at(i), parts_.settings);
+        parts_.patiently([&] {
+            parts_.settings.batch([&] {
+                for (std::size_t i = 0; i < rows.size(); ++i)
+                    storeValue(rows[i], values.at(i), parts_.settings);
+            });
         });
     } catch (const Failure& failure) {
         parts_.messages.warn(kApplicationTitle,

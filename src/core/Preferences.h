@@ -30,6 +30,8 @@ class Preferences {
         Messages& messages;
         StatusLine& status;
         const CodePage& codePage;
+        // Runs what may meet the locks of another copy; as PatientCommand::run.
+        std::function<void(const std::function<void()>& work)> patiently;
         std::string systemFolder;
         Effects effects;
     };

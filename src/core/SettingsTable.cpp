@@ -114,21 +114,20 @@ PreferenceRange rangeOf(const PreferenceRow& row) {
 
 PreferenceValue shownValue(const PreferenceRow& row, const SettingsStore& settings,
                            std::string_view systemFolder) {
-    return std::visit(
-        Overloaded{[&](const TextKey& key) -> PreferenceValue {
-                       return textShown(row, key, settings, systemFolder);
-                   },
-                   [&](const SwitchKey& key) -> PreferenceValue {
-                       return settings.read(inPreferences(key));
-                   },
-                   [&](const NumberKey& key) -> PreferenceValue {
-                       return row.hour ? hourShown(key, settings)
-                                       : settings.read(inPreferences(key));
-                   },
-                   [&](const ChoiceKey& key) -> PreferenceValue {
-                       return choiceShown(row, key, settings);
-                   }},
-        row.key);
+    return std::visit(Overloaded{[&](const TextKey& key) -> PreferenceValue {
+                                     return textShown(row, key, settings, systemFolder);
+                                 },
+                                 [&](const SwitchKey& key) -> PreferenceValue {
+                                     return settings.read(inPreferences(key));
+                                 },
+                                 [&](const NumberKey& key) -> PreferenceValue {
+                                     return row.hour ? hourShown(key, settings)
+                                                     : settings.read(inPreferences(key));
+                                 },
+                                 [&](const ChoiceKey& key) -> PreferenceValue {
+                                     return choiceShown(row, key, settings);
+                                 }},
+                      row.key);
 }
 
 void storeValue(const PreferenceRow& row, const PreferenceValue& value, SettingsStore& settings) {

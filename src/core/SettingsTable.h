@@ -24,12 +24,12 @@ struct PreferenceRow {
     PreferenceKey key;
     // The object name of the control; of a choice, one of each option, in the order of its texts.
     std::array<std::string_view, kMostOptions> controls;
-    bool hour = false;                     // two digits, from 00 to 23
-    bool systemProgram = false;            // the default lies in the folder of system programs
-    std::string_view handler{};            // names the setting whose program an empty box offers
-    std::string_view storedWhenEmpty{};    // instead of the empty text
-    std::string_view storedBefore{};       // the text that any other one replaces
-    bool shownWhenUnknown = false;         // of a choice: its first option, else none
+    bool hour = false;                   // two digits, from 00 to 23
+    bool systemProgram = false;          // the default lies in the folder of system programs
+    std::string_view handler{};          // names the setting whose program an empty box offers
+    std::string_view storedWhenEmpty{};  // instead of the empty text
+    std::string_view storedBefore{};     // the text that any other one replaces
+    bool shownWhenUnknown = false;       // of a choice: its first option, else none
 };
 
 // In the order in which they are stored.

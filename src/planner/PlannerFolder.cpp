@@ -27,9 +27,10 @@ void PlannerFolder::Move(const std::string& folder) {
     if (parts_.places.isThere(target))
         open(target);
     show();
-    parts_.messages.warn(kApplicationTitle,
-                   "If you have changed your network settings, you should exit the program and "
-                   "then run it again for best results.");
+    parts_.messages.warn(
+        kApplicationTitle,
+        "If you have changed your network settings, you should exit the program and "
+        "then run it again for best results.");
     if (!failed.empty())
         parts_.status.show(failed);
 }
@@ -39,8 +40,8 @@ std::string PlannerFolder::copy(const std::string& from, const std::string& to) 
         parts_.places.copy(from, to);
         return {};
     } catch (const Failure& failure) {
-        return "The planner was not copied to \"" + to +
-               "\". " + parts_.codePage.fromUtf8(failure.what());
+        return "The planner was not copied to \"" + to + "\". " +
+               parts_.codePage.fromUtf8(failure.what());
     }
 }
 

@@ -18,7 +18,7 @@ struct FileQuestion {
 
     // To save: the dialog itself asks whether a file that is there may be replaced.
     bool asksToReplace = true;
-    bool programs = false;         // "*.exe" stands for all files that can be run
+    bool programs = false;  // "*.exe" stands for all files that can be run
 };
 
 // The two answers to a question.

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Text.h"
 #include "core/CommandLine.h"
+#include "platform/Text.h"
 #include "telephony/OpenTarget.h"
 
 namespace velmora {

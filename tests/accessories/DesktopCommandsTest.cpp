@@ -11,8 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kQuestion =
-    "confirm|Exit Windows|This will end the current Windows Session.";
+constexpr const char* kQuestion = "confirm|Exit Windows|This will end the current Windows Session.";
 
 class FakeSystemTools final : public SystemTools {
   public:

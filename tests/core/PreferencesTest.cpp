@@ -74,7 +74,13 @@ class PreferencesTest : public testing::Test {
     test::FakeMessages messages;
     test::FakeStatusLine status;
     std::vector<std::string> effects;
-    Preferences preferences{{settings, files, sound, messages, status, CodePage::western(),
+    Preferences preferences{{settings,
+                             files,
+                             sound,
+                             messages,
+                             status,
+                             CodePage::western(),
+                             [](const std::function<void()>& work) { work(); },
                              "/usr/bin",
                              {.movePlanner =
                                   [this](const std::string& folder) {
@@ -123,10 +129,10 @@ TEST_F(PreferencesTest, StoreAllInTheirOrderAndInOneBatch) {
         ElementsAre("Browser=", "EMail=", "EMailSettings=/n", "IEEnhanced=YES", "ComPort=COM1",
                     "ComPort=COM1", "ComType=Tone", "ComPrefix=", "ComInit=", "LocalAreaCode=",
                     "Dialer=/usr/bin\\dialer.exe", "LogPhone=0", "LetterTel=0", "LetterTab=0",
-                    "DefaultSal=", "Custom1=", "Custom2=", "EventStart=0", "Wordwrap=0",
-                    "Header=0", "KeepDoc=0", "EnvelopePrinting=Center", "EnvTop=OFF",
-                    "CallerID=OFF", "EventDays=0", "PlannerStart=00", "PlannerEnd=23", "White=",
-                    "Yellow=", "Calendar=", "AlarmSound=none"));
+                    "DefaultSal=", "Custom1=", "Custom2=", "EventStart=0", "Wordwrap=0", "Header=0",
+                    "KeepDoc=0", "EnvelopePrinting=Center", "EnvTop=OFF", "CallerID=OFF",
+                    "EventDays=0", "PlannerStart=00", "PlannerEnd=23",
+                    "White=", "Yellow=", "Calendar=", "AlarmSound=none"));
     EXPECT_EQ(medium.batches, 1);
 }
 
@@ -149,11 +155,16 @@ TEST_F(PreferencesTest, EachSwitchIsStoredInItsTwoTexts) {
         const char* on;
         const char* off;
     };
-    for (const Switch& each :
-         {Switch{"IEEnhanced", "YES", "NO"}, {"CallerID", "ON", "OFF"}, {"EnvTop", "ON", "OFF"},
-          {"LogPhone", "1", "0"}, {"LetterTel", "1", "0"}, {"LetterTab", "1", "0"},
-          {"EventStart", "1", "0"}, {"Wordwrap", "1", "0"}, {"Header", "1", "0"},
-          {"KeepDoc", "1", "0"}}) {
+    for (const Switch& each : {Switch{"IEEnhanced", "YES", "NO"},
+                               {"CallerID", "ON", "OFF"},
+                               {"EnvTop", "ON", "OFF"},
+                               {"LogPhone", "1", "0"},
+                               {"LetterTel", "1", "0"},
+                               {"LetterTab", "1", "0"},
+                               {"EventStart", "1", "0"},
+                               {"Wordwrap", "1", "0"},
+                               {"Header", "1", "0"},
+                               {"KeepDoc", "1", "0"}}) {
         applyWith(each.key, true);
         EXPECT_EQ(stored(each.key), each.on) << each.key;
         EXPECT_TRUE(ticked(each.key)) << each.key;
@@ -164,9 +175,9 @@ TEST_F(PreferencesTest, EachSwitchIsStoredInItsTwoTexts) {
 }
 
 TEST_F(PreferencesTest, EachTextIsStoredAsItWasTyped) {
-    for (const char* key : {"Browser", "EMail", "EMailSettings", "ComPrefix", "ComInit",
-                            "LocalAreaCode", "Dialer", "DefaultSal", "Custom1", "Custom2", "White",
-                            "Yellow", "Calendar", "AlarmSound"}) {
+    for (const char* key :
+         {"Browser", "EMail", "EMailSettings", "ComPrefix", "ComInit", "LocalAreaCode", "Dialer",
+          "DefaultSal", "Custom1", "Custom2", "White", "Yellow", "Calendar", "AlarmSound"}) {
         applyWith(key, std::string("  a \"b\" \xE4 "));
         EXPECT_EQ(stored(key), "  a \"b\" \xE4 ") << key;
     }
@@ -237,9 +248,9 @@ TEST_F(PreferencesTest, AnEndOfMidnightComesBackAsTheLastHour) {
 
 TEST_F(PreferencesTest, HoursOfAnyTextAreShownWithinTheDay) {
     const std::map<std::string, std::pair<int, int>> hours{
-        {"", {0, 23}},     {"0", {0, 23}},    {"00", {0, 23}},   {"abc", {0, 23}}, {"7", {7, 7}},
-        {"08", {8, 8}},    {"7.6", {8, 8}},   {"99", {23, 23}},  {"-5", {0, 0}},   {"12:30", {12, 12}},
-        {"1e300", {23, 23}}, {"\n 9", {9, 9}}};
+        {"", {0, 23}},  {"0", {0, 23}},      {"00", {0, 23}},     {"abc", {0, 23}},
+        {"7", {7, 7}},  {"08", {8, 8}},      {"7.6", {8, 8}},     {"99", {23, 23}},
+        {"-5", {0, 0}}, {"12:30", {12, 12}}, {"1e300", {23, 23}}, {"\n 9", {9, 9}}};
     for (const auto& [text, expected] : hours) {
         settings.Save("PlannerStart", text);
         settings.Save("PlannerEnd", text);

@@ -32,6 +32,7 @@ namespace velmora {
 namespace {
 
 using test::named;
+using Form = class Setup;  // a member of all tests hides the name
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -62,11 +63,8 @@ class SetupTest : public testing::Test {
             if (auto* arrows = form.findChild<StepperArrows*>(QString::fromStdString(name)))
                 arrows->setValue(arrows->value() > 5 ? 5 : 6);
             if (std::holds_alternative<ChoiceKey>(row.key))
-                option(std::string(row.controls[1]).c_str())->click();
+                option(std::string(row.controls[1]).c_str()).click();
         }
-    }
-    QRadioButton* option(const std::string& name) {
-        return form.findChild<QRadioButton*>(QString::fromStdString(name));
     }
 
     test::TemporaryFolder folder;
@@ -77,14 +75,18 @@ class SetupTest : public testing::Test {
     test::FakeMessages messages;
     test::FakeStatusLine status;
     std::vector<std::string> effects;
-    Preferences preferences{{settings, files, sound, messages, status, CodePage::western(),
-                             "/usr/bin",
-                             {.movePlanner =
-                                  [this](const std::string& to) {
-                                      effects.push_back("planner|" + to);
-                                  },
-                              .setDayLimits = [this] { effects.emplace_back("limits"); }}}};
-    Setup form{preferences, CodePage::western()};
+    Preferences preferences{
+        {settings,
+         files,
+         sound,
+         messages,
+         status,
+         CodePage::western(),
+         [](const std::function<void()>& work) { work(); },
+         "/usr/bin",
+         {.movePlanner = [this](const std::string& to) { effects.push_back("planner|" + to); },
+          .setDayLimits = [this] { effects.emplace_back("limits"); }}}};
+    Form form{preferences, CodePage::western()};
 };
 
 TEST_F(SetupTest, HasFivePagesOfWhichOneShows) {
@@ -98,9 +100,9 @@ TEST_F(SetupTest, HasFivePagesOfWhichOneShows) {
         EXPECT_EQ(tabs.tabText(page), captions[page]);
         tabs.setCurrentIndex(page);
         for (int other = 0; other < tabs.count(); ++other)
-            EXPECT_EQ(
-                named<DialogBody>(form, ("Picture" + std::to_string(other + 1)).c_str()).isVisible(),
-                other == page);
+            EXPECT_EQ(named<DialogBody>(form, ("Picture" + std::to_string(other + 1)).c_str())
+                          .isVisible(),
+                      other == page);
     }
     EXPECT_EQ(button("Command1").text(), "&Apply");
     EXPECT_EQ(button("Command2").text(), "Cancel");
@@ -122,8 +124,7 @@ TEST_F(SetupTest, ItsControlsHaveTheirCaptions) {
         {"Check3", "&Log Phone Calls"},
         {"Check4", "&Tab Before Salutation"},
         {"Check5", "&Use Caller ID"},
-        {"Check6",
-         "&Use Internet Settings from Control Panel (Optimize for Internet Explorer)"},
+        {"Check6", "&Use Internet Settings from Control Panel (Optimize for Internet Explorer)"},
         {"Check7",
          "&Auto WordWrap DocPad Print Jobs. (Adds carriage returns at set intervals to prevent "
          "printer run off)."},
@@ -143,21 +144,36 @@ TEST_F(SetupTest, ItsControlsHaveTheirCaptions) {
     for (const QLabel* each : form.findChildren<QLabel*>())
         texts << each->text();
     for (const char* text :
-         {"COM Port:", "Phone Type:", "Dialing Prefix:",
+         {"COM Port:",
+          "Phone Type:",
+          "Dialing Prefix:",
           "Modem Initialization String (If Necessary) (Used to Reset the Modem):",
           "Local Area Code:",
           "Area codes in phone numbers will be removed prior to dialing if within the first 4 "
           "digits.",
-          "External Dialer:", "in PHONELOG.TXT.", "White Pages Path", "Yellow Pages Path",
-          "Calendar Path", "Planner Hours Shown:", "End:", "Start:", "Play Sound on Alarm:",
-          "Alarm Options", "Datewarden Options",
-          "Number of days before event you should be reminded:", "Envelope Printing:",
-          "With Reports.", "Default Salutation:", "Names of custom phonebook fields:",
+          "External Dialer:",
+          "in PHONELOG.TXT.",
+          "White Pages Path",
+          "Yellow Pages Path",
+          "Calendar Path",
+          "Planner Hours Shown:",
+          "End:",
+          "Start:",
+          "Play Sound on Alarm:",
+          "Alarm Options",
+          "Datewarden Options",
+          "Number of days before event you should be reminded:",
+          "Envelope Printing:",
+          "With Reports.",
+          "Default Salutation:",
+          "Names of custom phonebook fields:",
           "By selecting this option you don't need to specify any of the other options listed "
           "below.",
-          "Your Web Browser:", "Your E-Mail Reader",
+          "Your Web Browser:",
+          "Your E-Mail Reader",
           "Command Line Options for E-mail Reader to create new messages:",
-          "Not needed for Eudora or Exchange", "+ recipient you click",
+          "Not needed for Eudora or Exchange",
+          "+ recipient you click",
           "Click the button to the right of each box to select..."})
         EXPECT_TRUE(texts.contains(QLatin1String(text))) << text;
 }
@@ -181,8 +197,8 @@ TEST_F(SetupTest, ShowsWhatIsStoredAndItsFallbacks) {
     EXPECT_EQ(box("Text14").text(), "/usr/bin\\dialer.exe");
     EXPECT_TRUE(check("Check8").isChecked());
     EXPECT_TRUE(check("Check6").isChecked());
-    for (const char* name : {"Check1", "Check2", "Check3", "Check4", "Check5", "Check7", "Check9",
-                             "Check10"})
+    for (const char* name :
+         {"Check1", "Check2", "Check3", "Check4", "Check5", "Check7", "Check9", "Check10"})
         EXPECT_FALSE(check(name).isChecked()) << name << " was never saved";
 }
 
@@ -191,18 +207,36 @@ TEST_F(SetupTest, EveryControlIsStoredUnderItsKeyAndComesBack) {
     changeAll();
     apply();
     EXPECT_FALSE(form.isVisible());
-    const std::map<std::string, std::string> stored{
-        {"BROWSER", "+"},        {"EMAIL", "+"},          {"EMAILSETTINGS", "/n+"},
-        {"IEENHANCED", "NO"},    {"COMPORT", "COM2"},     {"COMTYPE", "Pulse"},
-        {"COMPREFIX", "+"},      {"COMINIT", "+"},        {"LOCALAREACODE", "+"},
-        {"DIALER", "/usr/bin\\dialer.exe+"},              {"LOGPHONE", "1"},
-        {"LETTERTEL", "1"},      {"LETTERTAB", "1"},      {"DEFAULTSAL", "+"},
-        {"CUSTOM1", "+"},        {"CUSTOM2", "+"},        {"EVENTSTART", "1"},
-        {"WORDWRAP", "1"},       {"HEADER", "1"},         {"KEEPDOC", "1"},
-        {"ENVELOPEPRINTING", "Center"},                   {"ENVTOP", "ON"},
-        {"CALLERID", "ON"},      {"EVENTDAYS", "6"},      {"PLANNERSTART", "06"},
-        {"PLANNEREND", "07"},    {"WHITE", "+"},          {"YELLOW", "+"},
-        {"CALENDAR", "+"},       {"ALARMSOUND", "none+"}};
+    const std::map<std::string, std::string> stored{{"BROWSER", "+"},
+                                                    {"EMAIL", "+"},
+                                                    {"EMAILSETTINGS", "/n+"},
+                                                    {"IEENHANCED", "NO"},
+                                                    {"COMPORT", "COM2"},
+                                                    {"COMTYPE", "Pulse"},
+                                                    {"COMPREFIX", "+"},
+                                                    {"COMINIT", "+"},
+                                                    {"LOCALAREACODE", "+"},
+                                                    {"DIALER", "/usr/bin\\dialer.exe+"},
+                                                    {"LOGPHONE", "1"},
+                                                    {"LETTERTEL", "1"},
+                                                    {"LETTERTAB", "1"},
+                                                    {"DEFAULTSAL", "+"},
+                                                    {"CUSTOM1", "+"},
+                                                    {"CUSTOM2", "+"},
+                                                    {"EVENTSTART", "1"},
+                                                    {"WORDWRAP", "1"},
+                                                    {"HEADER", "1"},
+                                                    {"KEEPDOC", "1"},
+                                                    {"ENVELOPEPRINTING", "Center"},
+                                                    {"ENVTOP", "ON"},
+                                                    {"CALLERID", "ON"},
+                                                    {"EVENTDAYS", "6"},
+                                                    {"PLANNERSTART", "06"},
+                                                    {"PLANNEREND", "07"},
+                                                    {"WHITE", "+"},
+                                                    {"YELLOW", "+"},
+                                                    {"CALENDAR", "+"},
+                                                    {"ALARMSOUND", "none+"}};
     EXPECT_EQ(medium.values, stored);
     EXPECT_THAT(effects, ElementsAre("planner|+", "limits"));
     open();
@@ -238,9 +272,7 @@ TEST_F(SetupTest, WhatStandsInAFieldThatStillHasTheKeyboardIsStored) {
         [&] { QTest::mouseClick(&button("Command1"), Qt::LeftButton); },
         [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::AltModifier); },
         [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); },
-        [&] {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
-        },
+        [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier); },
     };
     int number = 0;
     for (const auto& way : ways) {
@@ -308,8 +340,10 @@ TEST_F(SetupTest, ProgramsAndTheSoundAreChosenAndACancelLeavesThem) {
         const char* button;
         const char* box;
     };
-    for (const Choice& each : {Choice{0, "chooseDialer", "Text14"}, {2, "chooseSound", "Text10"},
-                               {4, "Command8", "Text8"}, {4, "Command13", "Text11"}}) {
+    for (const Choice& each : {Choice{0, "chooseDialer", "Text14"},
+                               {2, "chooseSound", "Text10"},
+                               {4, "Command8", "Text8"},
+                               {4, "Command13", "Text11"}}) {
         showPage(each.page);
         messages.willAnswer(std::optional<std::string>("/opt/caf\xE9"));
         QTest::mouseClick(&button(each.button), Qt::LeftButton);
@@ -321,8 +355,7 @@ TEST_F(SetupTest, ProgramsAndTheSoundAreChosenAndACancelLeavesThem) {
     }
     const std::vector<std::string> shown = messages.takeShown();
     EXPECT_EQ(shown.size(), 8U);
-    EXPECT_EQ(shown[2],
-              "open|Select Sound File|.wav|Wave Files (*.wav)|*.wav|All Files (*.*)|*.*");
+    EXPECT_EQ(shown[2], "open|Select Sound File|.wav|Wave Files (*.wav)|*.wav|All Files (*.*)|*.*");
 }
 
 TEST_F(SetupTest, PlayNowPlaysWhatStandsInTheBox) {
@@ -344,11 +377,14 @@ TEST_F(SetupTest, AFolderIsChosenAndSetIntoEachPathAndCleared) {
     auto& places = named<QComboBox>(form, "Drive1");
     EXPECT_GE(places.count(), 2);
     auto& tree = named<QTreeView>(form, "Dir1");
-    ASSERT_TRUE(tree.currentIndex().isValid());
-    named<FolderChooser>(form, "folders").showFolder(QString::fromStdString(inner));
-    for (const auto& [set, clear, name] :
-         {std::tuple("setWhite", "clearWhite", "Text4"), {"setYellow", "clearYellow", "Text7"},
-          {"setCalendar", "clearCalendar", "Text15"}}) {
+    EXPECT_EQ(named<FolderChooser>(form, "folders").folder(), places.currentText());
+    named<FolderChooser>(form, "folders").showFolder(QString::fromStdString(folder.path()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.model()->rowCount(tree.rootIndex()) == 1; }));
+    QTest::keyClick(&tree, Qt::Key_Down);
+    EXPECT_EQ(named<FolderChooser>(form, "folders").folder().toStdString(), inner);
+    for (const auto& [set, clear, name] : {std::tuple("setWhite", "clearWhite", "Text4"),
+                                           {"setYellow", "clearYellow", "Text7"},
+                                           {"setCalendar", "clearCalendar", "Text15"}}) {
         QTest::mouseClick(&button(set), Qt::LeftButton);
         EXPECT_EQ(box(name).text().toStdString(), inner);
         QTest::mouseClick(&button(clear), Qt::LeftButton);
@@ -365,7 +401,7 @@ TEST_F(SetupTest, AFolderThatTheCodePageCanNotNameIsRefused) {
     open();
     showPage(1);
     named<FolderChooser>(form, "folders").showFolder(QString::fromStdString(cyrillic));
-    QSignalSpy refused(&form, &Setup::folderRefused);
+    QSignalSpy refused(&form, &Form::folderRefused);
     box("Text4").setText(QStringLiteral("/before"));
     QTest::mouseClick(&button("setWhite"), Qt::LeftButton);
     EXPECT_EQ(refused.size(), 1);
@@ -412,9 +448,18 @@ TEST_F(SetupTest, EachControlIsReachedByKeysAlone) {
         tabs.setCurrentIndex(page);
         tabs.tabBar()->setFocus();
         std::set<QString> reached;
+        QPoint before(-1, -1);
         for (int step = 0; step < 60; ++step) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            reached.insert(QApplication::focusWidget()->objectName());
+            const QWidget* now = QApplication::focusWidget();
+            if (!reached.insert(now->objectName()).second)
+                break;
+            const QRect place(now->mapTo(&form, QPoint()), now->size());
+            if (tabs.currentWidget()->isAncestorOf(now)) {
+                EXPECT_TRUE(place.center().y() > before.y() - 12)
+                    << now->objectName().toStdString();
+                before = place.center();
+            }
         }
         const QWidget* shown = tabs.currentWidget();
         for (const PreferenceRow& row : preferenceRows()) {
@@ -442,13 +487,13 @@ TEST_F(SetupTest, FitsEveryScreenWithItsTabsAndButtonsInSight) {
         owner.setGeometry(QRect(screen->geometry().topLeft(), QSize(300, 200)));
         owner.show();
         for (const qreal points : {9.75, 16.0}) {
-            Setup fitted(preferences, CodePage::western(), &owner);
+            Form fitted(preferences, CodePage::western(), &owner);
             QFont font = fitted.font();
             font.setPointSizeF(points);
             fitted.setFont(font);
             test::showActive(fitted);
-            EXPECT_LE(fitted.frameGeometry().height(), screen->availableGeometry().height() - 40);
-            EXPECT_LE(fitted.frameGeometry().width(), screen->availableGeometry().width() - 16);
+            EXPECT_LE(fitted.height(), screen->availableGeometry().height() - 40);
+            EXPECT_LE(fitted.width(), screen->availableGeometry().width() - 16);
             auto& tabs = named<QTabWidget>(fitted, "TabStrip1");
             for (int page = 0; page < tabs.count(); ++page) {
                 tabs.setCurrentIndex(page);

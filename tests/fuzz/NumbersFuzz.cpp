@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <string>
 
+#include "core/CommandLine.h"
 #include "fuzz/Fuzzing.h"
 #include "phonebook/PhonebookRecord.h"
 #include "support/FakeProgramStarter.h"
 #include "support/MemoryFiles.h"
 #include "telephony/CallerNumber.h"
-#include "core/CommandLine.h"
 #include "telephony/NationalNumber.h"
 #include "telephony/OpenTarget.h"
 #include "telephony/TelephoneLink.h"

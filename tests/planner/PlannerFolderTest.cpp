@@ -8,9 +8,9 @@
 #include "planner/sqlite/PlannerFiles.h"
 #include "platform/Failure.h"
 #include "platform/files/PosixFiles.h"
+#include "support/ChildProcess.h"
 #include "support/FakeAccessReader.h"
 #include "support/FakeMessages.h"
-#include "support/ChildProcess.h"
 #include "support/PlannerFixture.h"
 #include "support/SmallDisk.h"
 
@@ -148,8 +148,8 @@ class PlannerFolderTest : public testing::Test, protected test::PlannerFixture {
                             ++waits;
                             work();
                         }};
-    PlannerFolder plannerFolder{{locations, places, store, planner, desk, messages, status,
-                                 CodePage::western()}};
+    PlannerFolder plannerFolder{
+        {locations, places, store, planner, desk, messages, status, CodePage::western()}};
 
     void SetUp() override {
         SSMonth1.onSelection = [this](const std::string& date) { planner.OnMonthSelection(date); };
@@ -165,8 +165,8 @@ TEST_F(PlannerFolderTest, OpensTheProgramsOwnDatabase) {
 
 TEST_F(PlannerFolderTest, OpensNothingWhereTheSettingCanNotBeRead) {
     AppointmentStore other{CodePage::western(), clock, source, std::chrono::milliseconds(50)};
-    PlannerFolder unknown{{locations, places, other, planner, desk, messages, status,
-                           CodePage::western()}};
+    PlannerFolder unknown{
+        {locations, places, other, planner, desk, messages, status, CodePage::western()}};
     medium.unreadable = true;
     unknown.OpenAtStart();
     EXPECT_EQ(other.path(), "");

@@ -31,10 +31,11 @@ constexpr int kRows = 150;
 void layDown(const std::string& path, const std::string& text) {
     layDownDatabase(NativePath(path));
     sqlite::Database database(NativePath(path), sqlite::Access::ReadWrite);
-    database.execute(
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
-        std::to_string(kRows) + ") INSERT INTO appoint SELECT '2026-01-01 08:00:00', '2026-03-12', "
-        "'', '', '" + text + std::string(2000, 'x') + "', '' FROM n");
+    database.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+                     std::to_string(kRows) +
+                     ") INSERT INTO appoint SELECT '2026-01-01 08:00:00', '2026-03-12', "
+                     "'', '', '" +
+                     text + std::string(2000, 'x') + "', '' FROM n");
 }
 
 // What all rows of a sound database say up to its x, "none" without a file, and otherwise what is
@@ -82,12 +83,18 @@ class Copy {
     test::FakeMessages messages_;
     test::FakeSound sound_;
     test::FakeAccessReader reader_;
-    PlannerFiles places_{reader_, messages_, CodePage::western(), files_};
+    PlannerFiles places_{reader_, messages_, CodePage::western(), files_,
+                         [](const auto& work) { work(); }};
     PlannerFolder plannerFolder_{{locations_, places_, planner_.store, planner_.planner,
-                                  planner_.desk, messages_, planner_.status, CodePage::western(),
-                                  [](const auto& work) { work(); }}};
+                                  planner_.desk, messages_, planner_.status, CodePage::western()}};
     Preferences preferences_{
-        {settings_, files_, sound_, messages_, planner_.status, CodePage::western(), "/usr/bin",
+        {settings_,
+         files_,
+         sound_,
+         messages_,
+         planner_.status,
+         CodePage::western(),
+         "/usr/bin",
          {.movePlanner = [this](const std::string& to) { plannerFolder_.Move(to); },
           .setDayLimits = [] {}}}};
 };

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/CommandLine.h"
 #include "support/FakeMessages.h"
 #include "support/FakePhonebookPane.h"
 #include "support/FakeProgramStarter.h"
 #include "support/PhonebookFixture.h"
-#include "core/CommandLine.h"
 
 namespace velmora {
 namespace {

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <limits>
 #include <stdexcept>
 
 #include "platform/qt/QtText.h"
@@ -23,12 +24,13 @@ Control& PreferenceControls::control(const PreferenceRow& row, std::size_t optio
 
 PreferenceControls::PreferenceControls(const QWidget& form, const CodePage& codePage)
     : form_(form), codePage_(codePage) {
-    for (const PreferenceRow& row : preferenceRows()) {
-        if (!std::holds_alternative<NumberKey>(row.key))
-            continue;
-        const PreferenceRange range = rangeOf(row);
-        control<QAbstractSlider>(row).setRange(range.least, range.most);
-    }
+    // What is stored may be of any length, and stays whole.
+    forEachBox([](QLineEdit& box) { box.setMaxLength(std::numeric_limits<int>::max()); });
+    for (const PreferenceRow& row : preferenceRows())
+        if (std::holds_alternative<NumberKey>(row.key)) {
+            const PreferenceRange range = rangeOf(row);
+            control<QAbstractSlider>(row).setRange(range.least, range.most);
+        }
 }
 
 void PreferenceControls::show(const PreferenceValues& values) {

@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QLabel>
@@ -11,6 +12,7 @@
 #include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include "core/forms/PreferenceControls.h"
@@ -30,7 +32,7 @@ constexpr QSize kFormSize(700, 562);
 constexpr int kAboveTabs = 8;
 constexpr QSize kLeftFree(16, 40);  // of the screen
 constexpr int kLeastPage = 80;
-constexpr int kHours = 6;   // a large step
+constexpr int kHours = 6;  // a large step
 constexpr int kOneWeek = 7;
 
 }  // namespace
@@ -54,6 +56,7 @@ Setup::Setup(Preferences& preferences, const CodePage& codePage, QWidget* parent
     body->setContentsMargins(0, kAboveTabs, 0, 0);  // the line below the tabs runs to the edges
     controls_ = std::make_unique<PreferenceControls>(*this, codePage_);
     controls_->forEachBox([this](QLineEdit& box) { guard(box, codePage_); });
+    orderTabs();
     connectControls();
     connectFolders();
     connectNumbers();
@@ -76,6 +79,59 @@ void Setup::makePages() {
     addPage(4, QStringLiteral("Internet"), internetPage());
 }
 
+// In reading order, page by page.
+void Setup::orderTabs() {
+    std::vector<QWidget*> stops{TabStrip1->tabBar()};
+    stops.insert(stops.end(), ports_.begin(), ports_.end());
+    for (QWidget* stop : std::initializer_list<QWidget*>{Option9,
+                                                         Option10,
+                                                         Text5,
+                                                         Text9,
+                                                         Text1,
+                                                         Text14,
+                                                         chooseDialer,
+                                                         Check3,
+                                                         Check5,
+                                                         folders_->places(),
+                                                         folders_->tree(),
+                                                         Text4,
+                                                         setFolder_[0],
+                                                         clear_[0],
+                                                         Text7,
+                                                         setFolder_[1],
+                                                         clear_[1],
+                                                         Text15,
+                                                         setFolder_[2],
+                                                         clear_[2],
+                                                         start_->arrows(),
+                                                         end_->arrows(),
+                                                         Text10,
+                                                         chooseSound,
+                                                         playNow,
+                                                         Check2,
+                                                         days_->arrows(),
+                                                         Check8,
+                                                         Check7,
+                                                         Check10,
+                                                         Option11,
+                                                         Option12,
+                                                         Option13,
+                                                         Check9,
+                                                         Check1,
+                                                         Check4,
+                                                         Text6,
+                                                         Text3,
+                                                         Text2,
+                                                         Check6,
+                                                         Text8,
+                                                         Command8,
+                                                         Text11,
+                                                         Command13,
+                                                         Text12})
+        stops.push_back(stop);
+    setTabStops(stops);
+}
+
 void Setup::connectControls() {
     connect(Command1, &QPushButton::clicked, this, &Setup::apply);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
@@ -83,8 +139,8 @@ void Setup::connectControls() {
             [this] { preferences_.playNow(fromQt(Text10->text(), codePage_)); });
     connect(chooseSound, &QPushButton::clicked, this,
             [this] { choose(*Text10, &Preferences::chooseSound); });
-    for (const auto& [button, box] :
-         {std::pair(chooseDialer, Text14), std::pair(Command8, Text8), std::pair(Command13, Text11)})
+    for (const auto& [button, box] : {std::pair(chooseDialer, Text14), std::pair(Command8, Text8),
+                                      std::pair(Command13, Text11)})
         connect(button, &QPushButton::clicked, this,
                 [this, box = box] { choose(*box, &Preferences::chooseProgram); });
     connect(Check6, &QCheckBox::toggled, this, [this](bool desktops) {

@@ -53,6 +53,7 @@ class Setup final : public Dialog {
     [[nodiscard]] QBoxLayout* phonebookPage();
     [[nodiscard]] QBoxLayout* internetPage();
     [[nodiscard]] QLayout* hours();
+    void orderTabs();
     void connectControls();
     void connectFolders();
     void connectNumbers();
@@ -66,10 +67,10 @@ class Setup final : public Dialog {
     std::unique_ptr<PreferenceControls> controls_;
     std::array<DialogBody*, kPages> pages_{};  // Picture1 to Picture5
 
-    QTabWidget* TabStrip1;   // the pages
-    QPushButton* Command1;   // "&Apply"
-    QPushButton* Command2;   // "Cancel"
-    QPushButton* Command3;   // "&Help"
+    QTabWidget* TabStrip1;  // the pages
+    QPushButton* Command1;  // "&Apply"
+    QPushButton* Command2;  // "Cancel"
+    QPushButton* Command3;  // "&Help"
 
     std::array<QRadioButton*, 8> ports_{};  // Option1 to Option8: "COM 1" to "COM 8"
     QRadioButton* Option9;                  // "&Tone"
@@ -89,16 +90,16 @@ class Setup final : public Dialog {
     std::array<QPushButton*, 3> setFolder_{};  // setWhite, setYellow, setCalendar
     std::array<QPushButton*, 3> clear_{};      // clearWhite, clearYellow, clearCalendar
 
-    Stepper* start_;            // VScroll1 and Label27
-    Stepper* end_;              // VScroll2 and Label28
-    QLineEdit* Text10;          // sound of an alarm
-    QPushButton* chooseSound;   // "..."
-    QPushButton* playNow;       // "&Play Now"
-    QCheckBox* Check2;          // "&Show Events of The Day at Startup"
-    Stepper* days_;             // VScroll3 and Label11
-    QCheckBox* Check8;          // "&Keep Current DocPad Document Active"
-    QCheckBox* Check7;          // "&Auto WordWrap DocPad Print Jobs..."
-    QCheckBox* Check10;         // "Print &Header"
+    Stepper* start_;           // VScroll1 and Label27
+    Stepper* end_;             // VScroll2 and Label28
+    QLineEdit* Text10;         // sound of an alarm
+    QPushButton* chooseSound;  // "..."
+    QPushButton* playNow;      // "&Play Now"
+    QCheckBox* Check2;         // "&Show Events of The Day at Startup"
+    Stepper* days_;            // VScroll3 and Label11
+    QCheckBox* Check8;         // "&Keep Current DocPad Document Active"
+    QCheckBox* Check7;         // "&Auto WordWrap DocPad Print Jobs..."
+    QCheckBox* Check10;        // "Print &Header"
 
     QRadioButton* Option11;  // "&Left"
     QRadioButton* Option12;  // "&Right"

@@ -65,6 +65,12 @@ QLabel* makeCaption(const char* text, QWidget* buddy) {
     return label;
 }
 
+Stepper* makeNumber(const char* arrows, const char* label, QWidget* parent) {
+    auto* stepper = new Stepper(QString::fromLatin1(arrows), QString::fromLatin1(label), parent);
+    stepper->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return stepper;
+}
+
 QBoxLayout* makePage() {
     auto* page = new QVBoxLayout;
     page->setContentsMargins(kPageMargin, kPageTop, kPageMargin, kPageTop);
@@ -210,8 +216,8 @@ QBoxLayout* Setup::networkPage() {
 }
 
 QLayout* Setup::hours() {
-    start_ = new Stepper(QStringLiteral("VScroll1"), QStringLiteral("Label27"), this);
-    end_ = new Stepper(QStringLiteral("VScroll2"), QStringLiteral("Label28"), this);
+    start_ = makeNumber("VScroll1", "Label27", this);
+    end_ = makeNumber("VScroll2", "Label28", this);
     auto* row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makeCaption("Start:", start_->arrows()));
@@ -224,13 +230,13 @@ QLayout* Setup::hours() {
 }
 
 QBoxLayout* Setup::plannerPage() {
-    days_ = new Stepper(QStringLiteral("VScroll3"), QStringLiteral("Label11"), this);
+    days_ = makeNumber("VScroll3", "Label11", this);
     chooseSound = makeBrowse("chooseSound", "Select Sound File", this);
     playNow = makeDialogButton("playNow", "&Play Now", this);
     auto* days = new QHBoxLayout;
     days->setSpacing(12);
-    days->addWidget(makeCaption("Number of days before event you should be reminded:",
-                                days_->arrows()));
+    days->addWidget(
+        makeCaption("Number of days before event you should be reminded:", days_->arrows()));
     days->addWidget(days_);
     days->addStretch();
 
@@ -286,9 +292,10 @@ QBoxLayout* Setup::internetPage() {
     Command13 = makeBrowse("Command13", "Select the e-mail reader", this);
     QBoxLayout* page = makePage();
     page->addWidget(Check6);
-    page->addWidget(makeHint("By selecting this option you don't need to specify any of the other "
-                             "options listed below.",
-                             this));
+    page->addWidget(
+        makeHint("By selecting this option you don't need to specify any of the other "
+                 "options listed below.",
+                 this));
     page->addSpacing(kRowGap);
     page->addWidget(makeHairline(this));
     page->addSpacing(kLabelGap);

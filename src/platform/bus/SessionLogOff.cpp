@@ -98,9 +98,8 @@ void SessionLogOff::ask(bool mayStart) {
 
 void SessionLogOff::lookForDesktop() {
     step_ = Step::LookForDesktop;
-    const BusMessage call =
-        makeCall(connection_, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                 "org.freedesktop.DBus", "NameHasOwner");
+    const BusMessage call = makeCall(connection_, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                     "org.freedesktop.DBus", "NameHasOwner");
     if (call)
         sd_bus_message_append(call.get(), "s", kManagers.at(manager_).desktop);
     send(call.get());

@@ -9,6 +9,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "platform/controls/ListFrame.h"
+
 namespace velmora {
 namespace {
 
@@ -41,11 +43,12 @@ FolderChooser::FolderChooser(QWidget* parent)
     Dir1->setHeaderHidden(true);
     Dir1->setMinimumHeight(kLeastHeight);
     Dir1->setTabKeyNavigation(false);
+    Dir1->setFrameShape(QFrame::NoFrame);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(kGap);
     column->addWidget(Drive1);
-    column->addWidget(Dir1, 1);
+    column->addWidget(makeListFrame(Dir1, this), 1);
     setFocusProxy(Drive1);
 }
 
@@ -67,21 +70,25 @@ void FolderChooser::fill() {
     enterPlace();
 }
 
+// Its folders are below it; it is itself the chosen one until one of them is.
 void FolderChooser::enterPlace() {
-    showFolder(Drive1->currentText());
+    Dir1->setCurrentIndex({});
+    Dir1->setRootIndex(model_->index(Drive1->currentText()));
 }
 
 void FolderChooser::showFolder(const QString& folder) {
     if (!model_ || !QFileInfo(folder).isDir())
         return;
-    const QModelIndex place = model_->index(folder);
-    Dir1->setCurrentIndex(place);
-    Dir1->expand(place);
-    Dir1->scrollTo(place, QAbstractItemView::PositionAtTop);
+    if (Drive1->findText(folder) < 0)
+        Drive1->addItem(folder);
+    Drive1->setCurrentIndex(Drive1->findText(folder));
 }
 
 QString FolderChooser::folder() const {
-    return model_ ? model_->filePath(Dir1->currentIndex()) : QString();
+    if (!model_)
+        return {};
+    const QModelIndex chosen = Dir1->currentIndex();
+    return chosen.isValid() ? model_->filePath(chosen) : Drive1->currentText();
 }
 
 }  // namespace velmora

@@ -17,14 +17,15 @@ class FolderChooser final : public QWidget {
   public:
     explicit FolderChooser(QWidget* parent = nullptr);
 
-    // The path of the selected folder, without a separator at its end; empty before there is one.
+    // The path of the selected folder, or of the place where none is selected; without a separator
+    // at its end. Empty as long as the chooser has not been shown.
     [[nodiscard]] QString folder() const;
 
-    // Shows and selects a folder; one that is not there leaves all as it is.
+    // Makes a folder one of the places, and goes there; one that is not there leaves all as it is.
     void showFolder(const QString& folder);
 
     [[nodiscard]] QComboBox* places() const { return Drive1; }
-    [[nodiscard]] QTreeView* folders() const { return Dir1; }
+    [[nodiscard]] QTreeView* tree() const { return Dir1; }
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -33,8 +34,8 @@ class FolderChooser final : public QWidget {
     void fill();
     void enterPlace();
 
-    QComboBox* Drive1;                  // the places
-    QTreeView* Dir1;                    // the folders
+    QComboBox* Drive1;                   // the places
+    QTreeView* Dir1;                     // the folders
     QFileSystemModel* model_ = nullptr;  // made when it is first shown
 };
 

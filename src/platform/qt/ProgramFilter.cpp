@@ -47,10 +47,11 @@ void listPrograms(QFileDialog& dialog, const QString& filters) {
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
         names << parts[i] + QLatin1String(" (*)");
     dialog.setNameFilters(names);
-    QObject::connect(&dialog, &QFileDialog::filterSelected, programs,
-                     [programs, first = names.value(0), shown = parts.value(0)](const QString& now) {
-                         programs->setOnlyPrograms(now == first || now == shown);
-                     });
+    QObject::connect(
+        &dialog, &QFileDialog::filterSelected, programs,
+        [programs, first = names.value(0), shown = parts.value(0)](const QString& now) {
+            programs->setOnlyPrograms(now == first || now == shown);
+        });
 }
 
 }  // namespace velmora
