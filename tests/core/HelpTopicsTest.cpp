@@ -30,6 +30,9 @@ TEST(HelpTopics, EachWindowHasItsPage) {
     EXPECT_EQ("help", helpTopicOf("HelpWindow"));
     EXPECT_EQ("import", helpTopicOf("DataImport"));
     EXPECT_EQ("import", helpTopicOf("Form2"));
+    EXPECT_EQ("backup", helpTopicOf("Form11"));
+    EXPECT_EQ("preferences", helpTopicOf("Setup"));
+    EXPECT_EQ("run", helpTopicOf("Form5"));
 }
 
 TEST(HelpTopics, OtherWindowsHaveTheFirstPage) {
