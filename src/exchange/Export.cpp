@@ -54,6 +54,19 @@ std::string counted(std::uint64_t count, const char* one, const char* more) {
     return count == 1 ? one : std::to_string(count) + more;
 }
 
+// True where a field holds a line end or the separator itself.
+bool isTorn(std::string_view line, std::string_view separator) {
+    if (line.find('\r') != std::string_view::npos || line.find('\n') != std::string_view::npos)
+        return true;
+    if (separator.empty())
+        return false;
+    std::size_t separators = 0;
+    for (std::size_t at = line.find(separator); at != std::string_view::npos;
+         at = line.find(separator, at + separator.size()))
+        ++separators;
+    return separators != kExportColumns.size() - 1;
+}
+
 std::vector<Field> exportedFields() {
     std::vector<Field> fields;
     for (const ExportColumn& column : kExportColumns)
@@ -71,6 +84,7 @@ void Export::run() {
         return;
     tooManyNames_ = false;
     counts_ = {};
+    sinceTurn_ = 0;
     parts_.jobs.run([&](LongJob& job) { write(job, *wish); }, &parts_.panel);
     if (tooManyNames_)
         parts_.endProgram("Subscript out of range");
@@ -147,15 +161,16 @@ void Export::write(LongJob& job, const Wish& wish) {
     }
     if (tooManyNames_)
         return;
-    if (job.cancelled() && counts_.lines == 0)
+    const bool calledOff = job.cancelled();
+    if (calledOff && counts_.lines == 0)
         return last.add("Called off, nothing was exported.");
     try {
-        file->finish();
+        file->finish([&job] { (void)job.goOn(); });
     } catch (const Failure& failure) {
         return last.add("Nothing was exported: " +
                         parts_.store.codePage().fromUtf8(failure.what()));
     }
-    if (job.cancelled())
+    if (calledOff)
         last.add("Called off, " + counted(counts_.lines, "1 line was", " lines were") +
                  " exported.");
     for (const std::string& sentence : whatIsMissing(*file))
@@ -211,18 +226,12 @@ bool Export::turn(LongJob& job, NamedEntries& entries, ExportFile& file) {
 
 void Export::writeLine(ExportFile& file, const EntryTexts& record, const std::string& separator) {
     line_.clear();
-    bool torn = false;
-    for (const ExportColumn& column : kExportColumns) {
-        if (&column != kExportColumns.data())
-            line_ += separator;
-        const std::string_view value = record.text(column.field);
-        line_ += value;
-        torn = torn || value.find_first_of("\r\n") != std::string_view::npos ||
-               (!separator.empty() && value.find(separator) != std::string_view::npos);
-    }
+    for (const ExportColumn& column : kExportColumns)
+        line_.append(record.text(column.field)).append(separator);
+    line_.resize(line_.size() - separator.size());
     file.add(line_);
     ++counts_.lines;
-    counts_.torn += torn ? 1 : 0;
+    counts_.torn += isTorn(line_, separator) ? 1 : 0;
 }
 
 std::string Export::header(const std::string& separator) const {

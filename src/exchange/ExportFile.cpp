@@ -1,5 +1,8 @@
 #include "exchange/ExportFile.h"
 
+#include <chrono>
+#include <future>
+
 #include "platform/Failure.h"
 
 namespace velmora {
@@ -7,8 +10,10 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-// All at once would be waited for too long at the end.
+// So that not all is still to be done at the end.
 constexpr std::uint64_t kBytesPerFlush = 1 << 20;
+
+constexpr std::chrono::milliseconds kBetweenLooks(2);
 
 }  // namespace
 
@@ -32,16 +37,21 @@ void ExportFile::write() {
     }
     lines_.clear();
     gathered_.clear();
-    flushSometimes();
+    if (file_->size() - begun_ < kBytesPerFlush)
+        return;
+    begun_ = file_->size();
+    file_->beginFlush();
 }
 
-void ExportFile::finish() {
+// A disk may take seconds, in which the window goes on.
+void ExportFile::finish(const std::function<void()>& wait) {
     write();
     if (file_->size() == 0)
         throw Failure(why_);
-    if (!whyNotFlushed_.empty())
-        throw Failure(whyNotFlushed_);
-    file_->flush();
+    std::future<void> flushed = std::async(std::launch::async, [this] { file_->flush(); });
+    while (flushed.wait_for(kBetweenLooks) != std::future_status::ready)
+        wait();
+    flushed.get();
     file_->takePlace();
 }
 
@@ -53,18 +63,6 @@ bool ExportFile::append(std::string_view bytes) {
         if (why_.empty())
             why_ = failure.what();
         return false;
-    }
-}
-
-// Bytes that the disk refuses once are lost, whatever it says the next time.
-void ExportFile::flushSometimes() {
-    if (file_->size() - flushed_ < kBytesPerFlush)
-        return;
-    flushed_ = file_->size();
-    try {
-        file_->flush();
-    } catch (const Failure& failure) {
-        whyNotFlushed_ = failure.what();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -25,9 +26,10 @@ class ExportFile {
     // nothing.
     void write();
 
-    // All is written, and the file takes its place; not so where not a single line was written.
-    // Throws Failure; the earlier file is then as it was.
-    void finish();
+    // All is written and on the disk, and the file takes its place; not so where not a single line
+    // was written. `wait` is called again and again while the disk is waited for. Throws Failure;
+    // the earlier file is then as it was.
+    void finish(const std::function<void()>& wait);
 
     // Lines that could not be written, and why the first of them could not, in UTF-8.
     [[nodiscard]] std::uint64_t unwritten() const { return unwritten_; }
@@ -35,15 +37,13 @@ class ExportFile {
 
   private:
     [[nodiscard]] bool append(std::string_view bytes);
-    void flushSometimes();
 
     std::unique_ptr<Replacement> file_;
     std::string gathered_;
     std::vector<std::size_t> lines_;  // the sizes of those gathered
-    std::uint64_t flushed_ = 0;       // the size of the file at the last flush
+    std::uint64_t begun_ = 0;         // so far the disk was asked to begin with
     std::uint64_t unwritten_ = 0;
     std::string why_;
-    std::string whyNotFlushed_;  // empty unless the disk refused bytes that it had taken
 };
 
 }  // namespace velmora

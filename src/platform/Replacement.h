@@ -26,6 +26,9 @@ class Replacement {
     // Empty again. Throws Failure.
     virtual void startOver() = 0;
 
+    // Lets the disk begin with what was written, without waiting for it.
+    virtual void beginFlush() {}
+
     // Hands all bytes to the disk; what is read afterwards comes from there, where the system
     // knows how. Throws Failure.
     virtual void flush() = 0;

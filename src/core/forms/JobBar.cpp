@@ -13,8 +13,10 @@ constexpr int kBarWidth = 120;
 constexpr int kBarHeight = 8;
 constexpr int kGap = 8;
 
-// More steps than the bar has pixels on a fine screen; the others need no painting.
-constexpr int kSteps = 500;
+constexpr int kSteps = 1000;
+
+// Painted more often than that, the bar would take more time than many a job.
+constexpr int kBetweenPaints = 100;  // milliseconds
 
 }  // namespace
 
@@ -32,10 +34,10 @@ JobBar::JobBar(QWidget* parent)
     JobProgress->setRange(0, kSteps);
     JobProgress->setAccessibleName(tr("Progress"));
     JobCancel->setObjectName(QStringLiteral("JobCancel"));
-    JobCancel->setProperty("variant", "small");
+    JobCancel->setProperty("variant", "status");
     JobCancel->setToolTip(tr("Ends the job behind the entry in hand"));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kGap, 0, 1, 0);
+    row->setContentsMargins(kGap, 0, kGap, 0);
     row->setSpacing(kGap);
     row->addWidget(JobCount);
     row->addWidget(JobProgress);
@@ -48,13 +50,15 @@ void JobBar::showCancelIcon(bool shown) {
     JobCount->hide();
     JobProgress->hide();
     JobProgress->setValue(0);
+    sinceShown_.start();
     setVisible(shown);
 }
 
 void JobBar::showProgress(int done, int all) {
-    const int step = all <= 0 ? 0 : static_cast<int>(qint64{done} * kSteps / all);
-    if (JobProgress->isVisibleTo(this) && step == JobProgress->value() && done < all)
+    if (!sinceShown_.hasExpired(kBetweenPaints) && done < all)
         return;
+    sinceShown_.start();
+    const int step = all <= 0 ? 0 : static_cast<int>(qint64{done} * kSteps / all);
     const QLocale locale;
     JobCount->setText(tr("%1 of %2").arg(locale.toString(done), locale.toString(all)));
     JobProgress->setValue(step);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include "core/JobPanel.h"
@@ -17,7 +18,7 @@ class JobBar final : public QWidget, public JobPanel {
   public:
     explicit JobBar(QWidget* parent);
 
-    // In view or not. The count and the bar come with the first progress.
+    // In view or not. The count and the bar come a moment later, with the progress.
     void showCancelIcon(bool shown) override;
     void showProgress(int done, int all) override;
 
@@ -28,6 +29,7 @@ class JobBar final : public QWidget, public JobPanel {
     QLabel* JobCount;
     QProgressBar* JobProgress;
     QPushButton* JobCancel;
+    QElapsedTimer sinceShown_;
 };
 
 }  // namespace velmora

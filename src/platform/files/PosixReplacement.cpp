@@ -72,6 +72,10 @@ void PosixReplacement::startOver() {
     size_ = 0;
 }
 
+void PosixReplacement::beginFlush() {
+    (void)sync_file_range(file_.file().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 void PosixReplacement::flush() {
     requireDone(flushBytes(file_.file()));
     (void)posix_fadvise(file_.file().number(), 0, 0, POSIX_FADV_DONTNEED);

@@ -14,6 +14,7 @@ class PosixReplacement final : public Replacement {
     [[nodiscard]] std::uint64_t size() const override { return size_; }
     void append(std::string_view bytes) override;
     void startOver() override;
+    void beginFlush() override;
     void flush() override;
     [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> target) const override;
     void takePlace() override;
