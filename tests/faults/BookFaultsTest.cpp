@@ -180,7 +180,8 @@ std::vector<Operation> operations() {
             },
             Bears::One),
         operation<BooksWorld>(
-            "SeveralEntriesGoBehindTheEnd", kInPlace,
+            "SeveralEntriesGoBehindTheEnd",
+            {Call::Open, Call::Write, Call::HalfWrite, Call::Sync, Call::Remove},
             [](BooksWorld& world) {
                 world.writeTogether(
                     {{kEntries + 2, entry("8", "new")}, {kEntries + 3, entry("9", "new")}});

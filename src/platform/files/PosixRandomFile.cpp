@@ -73,18 +73,21 @@ void PosixRandomFile::writePieces(std::span<const FilePiece> pieces) {
     if (whyReadOnly_ != 0)
         throw notWritten(whyReadOnly_);
     const std::uint64_t oldSize = size();
-    std::vector<std::vector<char>> olds;
-    std::size_t written = 0;  // of the last piece that was begun
-    int why = 0;
-    for (const FilePiece& piece : pieces) {
-        std::vector<char>& old = olds.emplace_back();
-        if (piece.offset < oldSize) {
-            old.resize(std::min<std::uint64_t>(piece.bytes.size(), oldSize - piece.offset));
-            old.resize(readAt(piece.offset, old));
+    // All of them before the first write, since reading may fail as well.
+    std::vector<std::vector<char>> olds(pieces.size());
+    for (std::size_t at = 0; at < pieces.size(); ++at)
+        if (pieces[at].offset < oldSize) {
+            std::vector<char>& old = olds[at];
+            old.resize(
+                std::min<std::uint64_t>(pieces[at].bytes.size(), oldSize - pieces[at].offset));
+            old.resize(readAt(pieces[at].offset, old));
         }
+    std::size_t begun = 0;    // pieces
+    std::size_t written = 0;  // of the last of them
+    int why = 0;
+    while (why == 0 && begun < pieces.size()) {
+        const FilePiece& piece = pieces[begun++];
         why = writeOnce(file_.number(), piece.offset, piece.bytes, written);
-        if (why != 0)
-            break;
     }
     if (why == 0)
         why = flushBytes(file_);
@@ -93,8 +96,8 @@ void PosixRandomFile::writePieces(std::span<const FilePiece> pieces) {
     // All this is the best that can still be done; the failure is told in any case.
     if (size() > oldSize)
         (void)!ftruncate(file_.number(), static_cast<off_t>(oldSize));
-    for (std::size_t at = 0; at < olds.size(); ++at) {
-        const bool last = at + 1 == olds.size();
+    for (std::size_t at = 0; at < begun; ++at) {
+        const bool last = at + 1 == begun;
         const std::size_t spoilt = std::min(last ? written : olds[at].size(), olds[at].size());
         std::size_t putBack = 0;
         if (spoilt > 0)
