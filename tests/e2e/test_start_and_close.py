@@ -21,11 +21,6 @@ class StartAndClose(DeskTest):
         self.assert_books(yellow=b"", white=None)
         self.assert_closes_well()
 
-    def test_starts_without_what_draws_pictures(self):
-        program = self.start()
-        with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as maps:
-            self.assertNotIn("Svg", maps.read())
-
     def test_closing_leaves_the_books_alone(self):
         book = record(Last="Adair", First="Lucian", Phone="(312) 555-0195")
         self.start_in_phonebook(book, book)
