@@ -1,7 +1,8 @@
 """The package, from its first installation to its removal.
 
 What is packed is the build of the tests, so that no second one is needed and the sanitizers look
-on; what is shipped differs from it in the compiler's options alone. VELMORA_BUILD names its preset.
+on; what is shipped differs from it in the compiler's options alone. VELMORA_PRESET
+names another.
 """
 
 import os
