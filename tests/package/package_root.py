@@ -95,7 +95,8 @@ class SystemRoot(PackageRoot):
                 shutil.rmtree(old)
             place.mkdir(parents=True)
             run("mmdebstrap", "--variant=apt", "--include=" + ",".join(wanted),
-                "--dpkgopt=path-exclude=/usr/share/man/*", "--aptopt=Acquire::Retries=2",
+                "--dpkgopt=path-exclude=/usr/share/man/*", "--dpkgopt=force-unsafe-io",
+                "--aptopt=Acquire::Retries=2",
                 self._release(), place, timeout=LONGEST_MAKING)
             (place / "made").touch()
         super().__init__(place)
