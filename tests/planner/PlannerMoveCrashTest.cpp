@@ -94,6 +94,7 @@ class Copy {
          messages_,
          planner_.status,
          CodePage::western(),
+         [](const auto& work) { work(); },
          "/usr/bin",
          {.movePlanner = [this](const std::string& to) { plannerFolder_.Move(to); },
           .setDayLimits = [] {}}}};
