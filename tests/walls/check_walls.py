@@ -8,6 +8,7 @@ including Qt, as its targets do not link it; but all folders share one include r
 this table keeps one folder from including a neighbour.
 """
 
+import os
 import pathlib
 import re
 import sys
@@ -88,10 +89,11 @@ NOT_OURS = {"build", "pictures", ".git", ".cache", "__pycache__"}
 
 
 def files_of(root):
-    for path in sorted(root.rglob("*")):
-        relative = path.relative_to(root)
-        if path.is_file() and not NOT_OURS.intersection(relative.parts):
-            yield relative
+    found = []
+    for folder, folders, names in os.walk(root):
+        folders[:] = [name for name in folders if name not in NOT_OURS]
+        found += [(pathlib.Path(folder) / name).relative_to(root) for name in names]
+    return [relative for relative in sorted(found) if (root / relative).is_file()]
 
 
 def folder_of(relative):
