@@ -11,8 +11,8 @@ namespace {
 using std::chrono::steady_clock;
 
 // Rows that are written together: as many as come within this time, but no more than these.
-constexpr std::chrono::milliseconds kTurn(15);
-constexpr std::size_t kMostRowsTogether = 512;
+constexpr std::chrono::milliseconds kTurn(10);
+constexpr std::size_t kMostRowsTogether = 256;
 
 std::string counted(std::uint64_t count, const std::string& one, const std::string& many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
