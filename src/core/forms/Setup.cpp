@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTreeView>
@@ -135,6 +136,14 @@ void Setup::orderTabs() {
 void Setup::connectControls() {
     connect(Command1, &QPushButton::clicked, this, &Setup::apply);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+    // Here, since a combo box that has the keys would keep them.
+    for (const auto& [keys, step] :
+         {std::pair(Qt::CTRL | Qt::Key_Tab, 1), std::pair(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1)})
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this,
+                [this, step = step] {
+                    const int count = TabStrip1->count();
+                    TabStrip1->setCurrentIndex((TabStrip1->currentIndex() + step + count) % count);
+                });
     connect(playNow, &QPushButton::clicked, this,
             [this] { preferences_.playNow(fromQt(Text10->text(), codePage_)); });
     connect(chooseSound, &QPushButton::clicked, this,
