@@ -92,7 +92,8 @@ def files_of(root):
     found = []
     for folder, folders, names in os.walk(root):
         folders[:] = [name for name in folders if name not in NOT_OURS]
-        found += [(pathlib.Path(folder) / name).relative_to(root) for name in names]
+        found += [(pathlib.Path(folder) / name).relative_to(root) for name in names
+                  if name not in NOT_OURS]
     return [relative for relative in sorted(found) if (root / relative).is_file()]
 
 
