@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <string>
 
+#include "support/TestsFolder.h"
+
 namespace velmora::test {
 
 // A print system of this process's own, with the queue "Pocket" on Letter paper as the default;
@@ -14,7 +16,7 @@ class PrintShop {
     PrintShop() {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process_.start(QStringLiteral("/usr/bin/python3"),
-                       {QStringLiteral(VELMORA_TESTS_FOLDER "/e2e/print_shop.py")});
+                       {QString::fromStdString(testsFolder() + "/e2e/print_shop.py")});
         qputenv("CUPS_SERVER", QByteArray::fromStdString(answer()));
     }
     ~PrintShop() {

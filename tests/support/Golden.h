@@ -8,14 +8,15 @@
 #include <sstream>
 #include <string>
 
+#include "support/TestsFolder.h"
+
 namespace velmora::test {
 
 // Compares a text with the file tests/golden/`name`, byte by byte. A change that is meant is
 // written down by running the test once with VELMORA_WRITE_GOLDEN=1; look at the difference before
 // you commit it. The run that writes fails, so that none is left switched on.
 inline void expectGolden(const std::string& text, const std::string& name) {
-    const std::filesystem::path path =
-        std::filesystem::path(VELMORA_TESTS_FOLDER) / "golden" / name;
+    const std::filesystem::path path = std::filesystem::path(testsFolder()) / "golden" / name;
     if (std::getenv("VELMORA_WRITE_GOLDEN") != nullptr) {
         std::ofstream(path, std::ios::binary) << text;
         FAIL() << "wrote " << path;

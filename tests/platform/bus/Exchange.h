@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QString>
 
+#include "support/TestsFolder.h"
+
 namespace velmora::test {
 
 // Message buses of this process's own and the mocks of telephone services on them; see
@@ -17,7 +19,7 @@ class Exchange {
     Exchange() {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process_.start(QStringLiteral("/usr/bin/python3"),
-                       {QStringLiteral(VELMORA_TESTS_FOLDER "/e2e/telephone_exchange.py")});
+                       {QString::fromStdString(testsFolder() + "/e2e/telephone_exchange.py")});
         const QByteArrayList addresses = answer().split(' ');
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", addresses.value(0));
         qputenv("DBUS_SESSION_BUS_ADDRESS", addresses.value(1));

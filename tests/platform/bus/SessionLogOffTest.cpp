@@ -7,6 +7,7 @@
 #include "app/DesktopTools.h"
 #include "platform/bus/SessionBus.h"
 #include "support/FakeProgramStarter.h"
+#include "support/TestsFolder.h"
 
 namespace velmora {
 namespace {
@@ -83,9 +84,9 @@ TEST_F(SessionLogOffTest, WithoutABusNobodyTakesIt) {
 TEST_F(SessionLogOffTest, AManagerIsStartedOnlyWhereItsDesktopRuns) {
     const test::SessionBus bus;
     const std::string record = bus.folder().file("asked");
-    bus.canStart("org.kde.Shutdown", "/usr/bin/python3 " VELMORA_TESTS_FOLDER
-                                     "/platform/bus/session_manager.py org.kde.Shutdown /Shutdown "
-                                     "org.kde.Shutdown logout " +
+    bus.canStart("org.kde.Shutdown", "/usr/bin/python3 " + test::testsFolder() +
+                                         "/platform/bus/session_manager.py org.kde.Shutdown "
+                                         "/Shutdown org.kde.Shutdown logout " +
                                          record);
     EXPECT_FALSE(logOff());
     EXPECT_FALSE(bus.folder().has("asked"));
