@@ -94,7 +94,9 @@ class SystemRoot(PackageRoot):
             for old in BUILD.glob("package-system-*"):
                 shutil.rmtree(old)
             place.mkdir(parents=True)
-            run("mmdebstrap", "--variant=apt", "--include=" + ",".join(wanted),
+            # Its mounts go with it, even when it is killed.
+            run("unshare", "--mount", "--propagation", "private",
+                "mmdebstrap", "--variant=apt", "--include=" + ",".join(wanted),
                 "--dpkgopt=path-exclude=/usr/share/man/*", "--dpkgopt=force-unsafe-io",
                 "--aptopt=Acquire::Retries=2",
                 self._release(), place, timeout=LONGEST_MAKING)
