@@ -90,13 +90,18 @@ class EndOfSession(DeskTest):
 
     def exit_windows(self):
         self.program.menu("File", "Exit Windows...")
+        box = self.program.dialog("Exit Windows")
         self.assertEqual("This will end the current Windows Session.",
-                         self.program.answer("Exit Windows", "OK"))
+                         self.program.text_of_box(box))
+        click(self.program.find(name="OK", role="push button", within=box))
 
     def test_without_a_session_manager_it_is_told_and_all_goes_on(self):
         self.exit_windows()
-        self.assertIn("Unable to Exit Windows at this time.",
-                      self.program.answer("Exit Windows", "OK"))
+        # The box that tells it has the title of the one before.
+        refusal = "Unable to Exit Windows at this time."
+        wait_until(lambda: any(refusal in self.program.text_of_box(box)
+                               for box in self.program.dialogs("Exit Windows")), "the refusal")
+        self.assertIn(refusal, self.program.answer("Exit Windows", "OK"))
         self.assert_closes_well()
 
     def test_the_session_manager_of_the_desktop_is_asked(self):
@@ -114,7 +119,7 @@ class EndOfSession(DeskTest):
         wait_until(lambda: len(mock.GetMethodCalls("Logout")) == 1, "the request")
         self.assertEqual([False, True], [bool(value) for value in
                                          mock.GetMethodCalls("Logout")[0][1]])
-        self.assertFalse(self.program.is_open("Exit Windows"))
+        self.program.wait_closed("Exit Windows")
         self.assert_closes_well()
 
 

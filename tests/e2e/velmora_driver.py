@@ -254,6 +254,11 @@ class Velmora:
                          if has_state(window, Atspi.StateType.ACTIVE)), None)
         return wait_until(active, f"the window {title!r}")
 
+    def text_of_box(self, box):
+        """What a message box says."""
+        return " ".join(element.get_name() for element in walk(box)
+                        if element.get_role_name() == "label" and element.get_name())
+
     def is_open(self, title):
         return bool(self.dialogs(title))
 
@@ -301,11 +306,10 @@ class Velmora:
     def answer(self, title, button):
         """Presses a button of the message box of this title and returns the box's text."""
         box = self.dialog(title)
-        texts = [element.get_name() for element in walk(box)
-                 if element.get_role_name() == "label" and element.get_name()]
+        text = self.text_of_box(box)
         click(self.find(name=button, role="push button", within=box))
         self.wait_closed(title)
-        return " ".join(texts)
+        return text
 
     def menu(self, *captions):
         """Picks an item of the menu bar, from head to item, by mouse.
