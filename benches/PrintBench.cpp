@@ -66,6 +66,7 @@ class NamesTheFile final : public Messages {
     void warn(const std::string&, const std::string&) override {}
     void tell(const std::string&, const std::string&) override {}
     bool ask(const std::string&, const std::string&, Answer) override { return false; }
+    bool confirm(const std::string&, const std::string&) override { return false; }
     std::optional<std::string> askText(const std::string&, const std::string&,
                                        const std::string&) override {
         return std::nullopt;
