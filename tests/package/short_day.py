@@ -25,8 +25,8 @@ from gi.repository import GLib
 import planner
 from print_shop import lines_of
 from settings import Settings
-from velmora_driver import (Atspi, NotSeen, Velmora, has_state, is_focused, is_showing, text_of,
-                            walk, wait_until, xdo)
+from velmora_driver import (MANY_CHILDREN, Atspi, NotSeen, Velmora, has_state, is_focused,
+                            is_showing, text_of, walk, wait_until, xdo)
 
 EVENTS = "Events for Today:"
 ALERT = "Velmora - Alarm"
@@ -139,8 +139,20 @@ class Day:
         for _ in range(80):
             if is_focused(element):
                 return element
+            before = self.focused()
             self.keys.press("Tab")
-        return wait_until(lambda: is_focused(element) and element, f"the focus in {identifier}")
+            # The next one only when this has been taken, or it would lead past the element.
+            try:
+                wait_until(lambda seen=before: self.focused() != seen, "the next focus", 2)
+            except NotSeen:
+                pass
+        raise NotSeen(f"the focus in {identifier}; it is in {self.focused()}, of the windows "
+                      f"{[window.get_name() for window in self.program.windows()]}")
+
+    def focused(self):
+        """The names of what has the focus, in all windows."""
+        return [(element.get_role_name(), element.get_description())
+                for element in walk(self.program.root, MANY_CHILDREN) if is_focused(element)]
 
     def phonebook_command(self, letter, title):
         """Picks an item of the Phonebook menu, the fifth of the bar, which opens a window."""
