@@ -47,6 +47,7 @@ class Answers final : public Messages {
     bool ask(const std::string& title, const std::string&, Answer) override {
         return title != "Export Addressbook";
     }
+    bool confirm(const std::string&, const std::string&) override { return false; }
     std::optional<std::string> askText(const std::string&, const std::string&,
                                        const std::string&) override {
         return std::nullopt;
