@@ -31,7 +31,10 @@ class QtSoundTest : public testing::Test {
         return path;
     }
     std::string heardBy(const std::string& player) { return folder.read(player + ".heard"); }
-    bool hasHeard(const std::string& player) { return folder.has(player + ".heard"); }
+    // The file is there before its line is.
+    bool hasHeard(const std::string& player) {
+        return folder.has(player + ".heard") && heardBy(player).ends_with('\n');
+    }
 
     std::unique_ptr<QtSound> soundWith(const std::vector<std::string>& players) {
         std::vector<QtSound::Player> list;
