@@ -17,8 +17,8 @@ constexpr ChoiceKey kComPort{.name = keys::ComPort.name, .texts = kPorts};
 
 // clang-format off
 constexpr auto kRows = std::to_array<PreferenceRow>({
-    {.key = keys::Browser, .controls = {"Text8"}, .handler = "http\\shell\\open\\command"},
-    {.key = keys::EMail, .controls = {"Text11"}, .handler = "mailto\\shell\\open\\command"},
+    {.key = keys::Browser, .controls = {"Text8"}, .handler = R"(http\shell\open\command)"},
+    {.key = keys::EMail, .controls = {"Text11"}, .handler = R"(mailto\shell\open\command)"},
     {.key = keys::EMailSettings, .controls = {"Text12"}},
     {.key = keys::IEEnhanced, .controls = {"Check6"}},
     {.key = kComPort,
