@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 
 #include "core/DataLocations.h"
 #include "planner/AppointmentStore.h"
@@ -28,7 +27,7 @@ class PlannerFolder {
         StatusLine& status;
         const CodePage& codePage;
     };
-    explicit PlannerFolder(Parts parts) : parts_(std::move(parts)) {}
+    explicit PlannerFolder(Parts parts) : parts_(parts) {}
 
     // At start-up: the database in the folder "Calendar" if there is one, else that of the
     // program's folder. Never throws.
